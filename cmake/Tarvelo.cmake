@@ -1,0 +1,73 @@
+# The settings that every target of the project shares, and the three kinds of target it has.
+
+add_library(tarvelo_settings INTERFACE)
+target_compile_features(tarvelo_settings INTERFACE cxx_std_20)
+target_include_directories(tarvelo_settings INTERFACE "${CMAKE_SOURCE_DIR}")
+target_compile_definitions(tarvelo_settings INTERFACE
+  QT_NO_CAST_FROM_ASCII
+  QT_NO_CAST_TO_ASCII
+  QT_NO_CAST_FROM_BYTEARRAY
+  QT_NO_URL_CAST_FROM_STRING
+  QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
+  QT_STRICT_ITERATORS
+  QT_USE_QSTRINGBUILDER
+  $<$<NOT:$<CONFIG:Release>>:_GLIBCXX_ASSERTIONS>
+  TARVELO_VERSION_MAJOR=${PROJECT_VERSION_MAJOR}
+  TARVELO_VERSION_MINOR=${PROJECT_VERSION_MINOR}
+  TARVELO_VERSION_REVISION=${PROJECT_VERSION_PATCH})
+target_compile_options(tarvelo_settings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Woverloaded-virtual
+  -Wno-sign-conversion)
+
+option(TARVELO_WERROR "Treat warnings as errors" ON)
+if(TARVELO_WERROR)
+  target_compile_options(tarvelo_settings INTERFACE -Werror)
+endif()
+
+# Sanitizers are a property of the whole build: objects with and without them don't mix.
+set(TARVELO_SANITIZE "" CACHE STRING "Sanitizers, for example address;undefined")
+if(TARVELO_SANITIZE)
+  string(REPLACE ";" "," _sanitizers "${TARVELO_SANITIZE}")
+  add_compile_options(-fsanitize=${_sanitizers} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${_sanitizers})
+endif()
+
+# tarvelo_library(NAME SOURCES file... LINK target...)
+# One static library a folder. What it may use is what it links.
+function(tarvelo_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC tarvelo_settings ${ARG_LINK})
+  _tarvelo_moc(${name} ${ARG_LINK})
+endfunction()
+
+# tarvelo_program(NAME SOURCES file... LINK target...)
+function(tarvelo_program name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE tarvelo_settings ${ARG_LINK})
+endfunction()
+
+# tarvelo_test(NAME SOURCES file... LINK target...)
+# A Qt Test program under ctest, off screen, with the folder of the test data at hand.
+function(tarvelo_test name)
+  cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LINK" ${ARGN})
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 300)
+  endif()
+  add_executable(tst_${name} ${ARG_SOURCES})
+  set_target_properties(tst_${name} PROPERTIES AUTOMOC ON)
+  target_compile_definitions(tst_${name} PRIVATE TARVELO_TESTS_DIR="${CMAKE_SOURCE_DIR}/tests")
+  target_link_libraries(tst_${name} PRIVATE tarvelo_settings Qt6::Test ${ARG_LINK})
+  add_test(NAME ${name} COMMAND tst_${name})
+  set_tests_properties(${name} PROPERTIES
+    TIMEOUT ${ARG_TIMEOUT}
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;UBSAN_OPTIONS=print_stacktrace=1;LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0")
+endfunction()
+
+# Folders with windows need moc and uic; the lower layers are kept free of both.
+function(_tarvelo_moc name)
+  if("ui" IN_LIST ARGN OR "Qt6::Widgets" IN_LIST ARGN)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON)
+  endif()
+endfunction()

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/runtime/value.h"
+
+#include <QString>
+
+namespace core {
+
+/// The first field of the first row of "SELECT campo FROM tabela WHERE condicao" as text; "" for no row, for Null and for
+/// any error. `campo` may be an expression such as "count(Codigo)".
+QString LocalizaCampo(const QString &campo, const QString &tabela, const QString &condicao);
+
+/// A text for a field: Null when it is empty, since the tables take no empty text.
+runtime::Value ValorOuNulo(const QString &texto);
+
+/// A field's value as text, "" for Null and Empty.
+QString NuloParaVazio(const runtime::Value &valor);
+
+/// A yes/no column of any type (Boolean, or an Integer of -1 and 0) as a truth value; Null is False.
+bool Verdadeiro(const runtime::Value &valor);
+
+} // namespace core

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+
+class QComboBox;
+
+namespace ui {
+class ListView;
+}
+
+namespace core {
+
+/// The lists of free texts that the user keeps, by their number in the table Combos.
+enum class ListaCombo { MarcaModelo = 1, Bancos = 2, DescricaoItens = 3, DescricaoContas = 4, Mecanicos = 5 };
+enum class ModoCombo { Carrega = 1, Acrescenta = 2, Exclui = 3 };
+
+/// Loads a combo from its list, after adding the combo's text to it or deleting it from it.
+void AtualizaCombo(QComboBox *combo, ListaCombo lista, ModoCombo modo);
+
+/// Completes the typed text by the first entry that begins with it; to be called on each change of the text.
+void AutoCompletaCombo(QComboBox *combo);
+
+/// Sets the row selection on every row whose cell begins with `texto`, without regard to case; with `parar` the first match
+/// ends the search and is scrolled to. `coluna` counts from 1. True for an empty text or a match.
+bool LocalizaLista(ui::ListView *lista, const QString &texto, int coluna, bool selecionar, bool parar);
+
+} // namespace core

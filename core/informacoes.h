@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+namespace core {
+
+enum class TipoInformacao { Cliente = 0, Veiculo = 1, Peca = 2 };
+
+/// Shows one record in an information box, a line a field; nothing where there is no such record.
+void MostraInformacoes(TipoInformacao tipo, const QString &codigo);
+
+} // namespace core

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "platform/dao/recordset.h"
+#include "platform/dao/tabledef.h"
+
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace dao {
+
+class Connection;
+
+/// An open database file. Statements are in the program's own dialect. Every failure is a
+/// runtime::RuntimeError with the platform's number; the file on disk stays whole.
+class Database
+{
+public:
+    ~Database();
+    Database(const Database &) = delete;
+    Database &operator=(const Database &) = delete;
+
+    /// The tables in order of creation, each with its fields.
+    std::vector<TableDef> TableDefs() const;
+
+    /// Creates a table and, on the columns that the statements search by, its plain indexes. Error 3010 if it exists.
+    void AppendTableDef(const TableDef &table);
+
+    /// Runs a statement that gives no rows: DELETE, UPDATE, INSERT, CREATE, ALTER, DROP. Returns the rows it touched.
+    int Execute(const QString &statement);
+
+    /// Opens a table by its name or a SELECT statement. The set stands on its first row.
+    Recordset OpenRecordset(const QString &source);
+
+    /// Closes the file. Open recordsets of it then give error 91.
+    void Close();
+
+    const QString &path() const;
+
+private:
+    friend struct DBEngine;
+    friend class Batch;
+    explicit Database(std::shared_ptr<Connection> connection);
+
+    std::shared_ptr<Connection> connection_;
+};
+
+/// Opens and creates database files.
+struct DBEngine {
+    /// Opens `path` for reading and writing. 3024 where the file or its folder does not exist, 3343 where it
+    /// is no database of ours (a genuine Jet file is told apart in the text), 3051 where it is locked or read-only.
+    static std::shared_ptr<Database> OpenDatabase(const QString &path, bool readOnly = false);
+
+    /// Creates an empty database file. The locale text is taken as given. Error 3204 where the file exists.
+    static std::shared_ptr<Database> CreateDatabase(const QString &path, const QString &locale);
+};
+
+/// Gathers the writes of its lifetime into one physical write. It is no transaction of the program: leaving
+/// it by an exception keeps the rows written so far, as if each had been written alone.
+class Batch
+{
+public:
+    explicit Batch(Database &database);
+    ~Batch();
+    Batch(const Batch &) = delete;
+    Batch &operator=(const Batch &) = delete;
+
+private:
+    std::shared_ptr<Connection> connection_;
+};
+
+} // namespace dao

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+namespace ini {
+
+/// Reads a key as GetPrivateProfileString does: section and key without regard to case, blanks and one
+/// outer pair of quotation marks taken off, the first section and key of a name win. At most `size` - 1
+/// characters come back. A missing file, section or key gives `defaultText`. The file is in code page 1252.
+QString readProfile(const QString &section, const QString &key, const QString &defaultText, int size,
+                    const QString &path);
+
+/// Writes a key as WritePrivateProfileString does: replaces the first such key in place, else adds it at
+/// the end of its section, else adds the section. No value deletes the key, no key the section. Other
+/// lines stay. Returns false where the file can't be written; the old file then stays whole.
+bool writeProfile(const QString &section, const std::optional<QString> &key, const std::optional<QString> &value,
+                  const QString &path);
+
+} // namespace ini

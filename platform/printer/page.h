@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QImage>
+#include <QPointF>
+#include <QSizeF>
+#include <QString>
+#include <QStringList>
+
+#include <variant>
+#include <vector>
+
+class QPainter;
+
+namespace printer {
+
+/// 1440 twips are an inch, 567 a centimetre: the unit of every stored position.
+inline constexpr double twipsPerInch = 1440.0;
+inline constexpr double twipsPerCentimetre = 1440.0 / 2.54;
+
+struct Font {
+    QString name;
+    double size = 12; ///< points
+    bool bold = false;
+    bool underline = false;
+
+    bool operator==(const Font &) const = default;
+};
+
+/// A text printed with one call: its top left corner in twips.
+struct TextMark {
+    QPointF position;
+    QString text;
+    Font font;
+};
+
+/// A picture stretched over a rectangle, in twips.
+struct PictureMark {
+    QPointF position;
+    QSizeF size;
+    QImage picture;
+};
+
+using Mark = std::variant<TextMark, PictureMark>;
+
+/// The record of the calls that made one page. Paper, preview and tests all read this.
+class Page
+{
+public:
+    explicit Page(QSizeF size = {}) : size_(size) {}
+
+    QSizeF size() const { return size_; } ///< twips
+    const std::vector<Mark> &marks() const { return marks_; }
+    void add(Mark mark) { marks_.push_back(std::move(mark)); }
+
+    /// Draws the page; the painter's scale is set so that 1 unit is 1 twip.
+    void paint(QPainter &painter) const;
+
+    /// The texts of the page line by line from the top, each line's texts set into columns by their
+    /// horizontal position and the width of a character of their font. For tests.
+    QStringList lines() const;
+
+private:
+    QSizeF size_;
+    std::vector<Mark> marks_;
+};
+
+/// The width of a character and the height of a line of a fixed-pitch font, in twips.
+double characterWidth(const Font &font);
+double lineHeight(const Font &font);
+
+} // namespace printer

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+
+#include <functional>
+
+class QMdiArea;
+class QWidget;
+
+namespace ui {
+
+class Form;
+
+/// The directory of windows: they know each other by name only. `Load` makes a window without showing it, `Show`
+/// makes it a child of the main window, `ShowModal` waits until it is unloaded. One instance a name.
+class Forms
+{
+public:
+    using Factory = std::function<Form *()>;
+
+    static Forms &instance();
+
+    /// Makes a window known. A name that nobody registered belongs to a window that does not exist.
+    void add(const QString &name, Factory factory);
+    bool exists(const QString &name) const;
+    QStringList names() const;
+
+    /// The loaded window, or nullptr.
+    Form *find(const QString &name) const;
+
+    /// The window, loaded if it is not. Its `Form_Load` has run.
+    Form *Load(const QString &name);
+
+    /// Brings a window up as a child of the main window; one that is up comes to the front as it is. Where a modal
+    /// window is open, the window opens modal above it.
+    Form *Show(const QString &name);
+
+    /// Brings a window up modally and returns when it has been unloaded.
+    void ShowModal(const QString &name);
+
+    void Unload(const QString &name);
+    void unloadAll();
+
+    /// The named control of a window, which is opened (`Show`) if it is not. Fails loudly on a name that does not exist.
+    QWidget *control(const QString &form, const QString &control);
+
+    /// Writes the text of a control of a window (text box, label or combo), as a hand-back does.
+    void write(const QString &form, const QString &control, const QString &text);
+
+    /// Where child windows go. Without one they are windows of their own.
+    void setArea(QMdiArea *area) { area_ = area; }
+    QMdiArea *area() const { return area_; }
+
+private:
+    friend class Form;
+    void forget(Form *form);
+
+    QHash<QString, Factory> factories_;
+    QHash<QString, Form *> loaded_;
+    QMdiArea *area_ = nullptr;
+};
+
+} // namespace ui

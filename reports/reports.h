@@ -1,0 +1,8 @@
+#pragma once
+
+namespace reports {
+
+/// Makes the windows of this folder known to the directory of windows.
+void registerForms();
+
+} // namespace reports

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace shell {
+
+/// Makes the windows of this folder known to the directory of windows.
+void registerForms();
+
+} // namespace shell

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QMessageBox>
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+#include <deque>
+
+namespace support {
+
+/// Answers the boxes of the program by a queue of expected ones: text, icon and answer. A box that is not expected, or
+/// differs, fails the test and is closed with Esc; so does an expected one that never comes. One object a test case; its
+/// end checks that the queue is empty.
+class Boxes : public QObject
+{
+    Q_OBJECT
+
+public:
+    Boxes();
+    ~Boxes() override;
+
+    Boxes &exclamation(const QString &text); ///< OK
+    Boxes &information(const QString &text); ///< OK
+    Boxes &critical(const QString &text);    ///< OK
+    Boxes &question(const QString &text, bool yes);
+    Boxes &okCancel(const QString &text, QMessageBox::Icon icon, bool ok);
+    Boxes &input(const QString &prompt, const QString &answer);      ///< types over what stands there
+    Boxes &inputKeep(const QString &prompt, const QString &expected); ///< checks what stands there and accepts it
+    Boxes &inputCancel(const QString &prompt);
+
+    /// The title that every box must carry from here on; "" for any.
+    Boxes &title(const QString &text);
+
+    /// Checks that every expected box came.
+    void finish();
+
+private:
+    struct Expected {
+        bool isInput = false;
+        QMessageBox::Icon icon = QMessageBox::NoIcon;
+        QString text;
+        QMessageBox::StandardButton answer = QMessageBox::Ok;
+        QString typed;
+        bool keep = false;
+        bool cancel = false;
+    };
+
+    void look();
+    Boxes &message(QMessageBox::Icon icon, const QString &text, QMessageBox::StandardButton answer);
+
+    std::deque<Expected> queue_;
+    QString title_;
+    QTimer timer_;
+    QWidget *answered_ = nullptr;
+};
+
+} // namespace support

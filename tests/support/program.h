@@ -1,0 +1,79 @@
+#pragma once
+
+#include "platform/runtime/value.h"
+
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <vector>
+
+class QWidget;
+
+namespace ui {
+class Form;
+}
+
+namespace support {
+
+/// A program folder of its own for one test case: settings written, a real database file with the full schema, operator 1
+/// "ADMIN" (administrator), the clock stopped at 15/05/2024 10:30:00. Takes everything back at its end.
+class Program
+{
+public:
+    Program();
+    ~Program();
+
+    QString path(const QString &name = {}) const; ///< inside the folder
+    void config(const QString &key, const QString &value, const QString &section = QStringLiteral("Config"));
+
+    /// Runs a statement that must succeed.
+    void sql(const QString &statement);
+
+    /// All rows of a SELECT as texts: Null is "<Null>", numbers with all their digits, a Single as its exact 32-bit value,
+    /// dates as "dd/mm/yyyy hh:mm:ss".
+    std::vector<QStringList> rows(const QString &select) const;
+
+    /// One value of the first row, exactly as the field holds it.
+    runtime::Value value(const QString &select) const;
+
+    /// Rows that most cases need. Each gives the new code.
+    qint32 customer(const QString &name, const QString &limit = {});
+    qint32 vehicle(qint32 customer, const QString &plate, const QString &model = QStringLiteral("GOL 1.0"));
+    qint32 part(const QString &name, const QString &kind, const QString &price, bool stock = false, int unit = 0);
+
+private:
+    QTemporaryDir folder_;
+};
+
+/// Loads and shows a window, active and ready for real events; fails the test where it does not exist.
+ui::Form *show(const QString &form);
+
+/// The named control of a window, of type T; fails the test where it does not exist.
+QWidget *controlOf(QWidget *form, const QString &name);
+template<class T>
+T *control(QWidget *form, const QString &name)
+{
+    auto *found = qobject_cast<T *>(controlOf(form, name));
+    Q_ASSERT_X(found, "support::control", qPrintable(name));
+    return found;
+}
+
+/// Real events on a control: goes to it, selects what it holds, types, and leaves by Tab.
+void type(QWidget *form, const QString &control, const QString &text, bool leave = true);
+void click(QWidget *form, const QString &button);
+void key(QWidget *form, const QString &control, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+
+/// What the control shows.
+QString text(QWidget *form, const QString &control);
+
+} // namespace support
+
+/// The main function of a test program with windows: one Application, the Brazilian translation, the drawn style.
+#define TARVELO_TEST_MAIN(TestClass)                                                                                         \
+    int main(int argc, char **argv)                                                                                          \
+    {                                                                                                                        \
+        return support::runTest<TestClass>(argc, argv);                                                                      \
+    }
+
+#include "tests/support/testmain.h"

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QString>
+
+#include <vector>
+
+namespace workorders {
+
+/// The four item lists of an order, in the order of their tabs.
+enum Aba { abaPecas = 0, abaServicos = 1, abaTercerizados = 2, abaMaterial = 3 };
+
+/// One row of an item list, each value as the list shows it ("0000", "###,##0.00").
+struct LinhaOS {
+    QString codigo;
+    QString tipo; ///< P part, S service, A one-off; in OSPecas also Z, X and K
+    QString quantidade;
+    QString descricao;
+    QString valorUnit;
+    QString valorTotal;
+};
+
+/// An order as the query shows it. What is printed is what stands there, not what the tables hold.
+struct OrdemMostrada {
+    QString codigo;
+    QString codCliente;
+    QString nome;
+    QString marca;
+    QString ano;
+    QString placas;
+    QString chassi;
+    QString km;
+    QString mecanico;
+    QString dataIn;
+    QString dataOut;
+    QString observacao;
+    QString servicosExecutados;
+    QString total;
+    QString totalPecas;
+    QString totalServicos;
+    QString totalTercerizados;
+    std::vector<LinhaOS> pecas;
+    std::vector<LinhaOS> servicos;
+    std::vector<LinhaOS> tercerizados;
+};
+
+/// One row of a payment plan, as its list shows it.
+struct ParcelaOS {
+    QString parcela;    ///< "00"
+    QString vencimento; ///< dd/mm/yyyy
+    QString valor;
+    QString documento; ///< custom plan only
+};
+
+/// The six payment forms: the tabs of the payment window.
+enum class FormaPagamento { AVista = 0, ChequePre = 1, Carne = 2, Cheques = 3, Fiado = 4, Personalizado = 5 };
+
+/// What stands on the payment window, for the payment text of a printed order.
+struct PagamentoOS {
+    FormaPagamento forma = FormaPagamento::AVista;
+    QString valor;
+    QString banco;
+    QString conta;
+    QString numeroCheque;
+    QString valorCheque;
+    QString vencimento;
+    std::vector<ParcelaOS> parcelas;
+};
+
+} // namespace workorders
