@@ -1,10 +1,12 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 #include <optional>
 
-namespace ini {
+namespace ini
+{
 
 /// Reads a key as GetPrivateProfileString does: section and key without regard to case, blanks and one
 /// outer pair of quotation marks taken off, the first section and key of a name win. At most `size` - 1
@@ -12,10 +14,19 @@ namespace ini {
 QString readProfile(const QString &section, const QString &key, const QString &defaultText, int size,
                     const QString &path);
 
+/// Reads a key out of the bytes of such a file, by the same rules.
+QString readProfileText(const QString &section, const QString &key, const QString &defaultText, int size,
+                        QByteArrayView contents);
+
 /// Writes a key as WritePrivateProfileString does: replaces the first such key in place, else adds it at
 /// the end of its section, else adds the section. No value deletes the key, no key the section. Other
 /// lines stay. Returns false where the file can't be written; the old file then stays whole.
 bool writeProfile(const QString &section, const std::optional<QString> &key, const std::optional<QString> &value,
                   const QString &path);
+
+/// The bytes that such a file holds after the write; a line that is written ends in CR LF, all others
+/// keep their bytes.
+QByteArray writeProfileText(const QString &section, const std::optional<QString> &key,
+                            const std::optional<QString> &value, QByteArrayView contents);
 
 } // namespace ini

@@ -4,7 +4,8 @@
 
 #include <optional>
 
-namespace runtime {
+namespace runtime
+{
 
 /// The present moment by the machine's local time, whole seconds. The one place that reads the clock.
 Date Now();

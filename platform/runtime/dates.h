@@ -6,7 +6,8 @@
 
 #include <optional>
 
-namespace runtime {
+namespace runtime
+{
 
 /// True when `text` reads as a date or a time by the Brazilian settings: day-month-year first, then
 /// year-month-day, then month-day-year; years 100 to 9999; month names in Portuguese. A bare number is none.
@@ -28,6 +29,8 @@ qint32 DateDiff(QStringView interval, Date date1, Date date2);
 /// The date of a calendar day; months and days outside their range carry over.
 Date DateSerial(int year, int month, int day);
 
+/// The same moment in the toolkit's type, local time, whole seconds. Take its date() and time(): a midnight that
+/// summer time skipped makes an invalid QDateTime, whose two parts still hold. Error 6 outside the years 100 to 9999.
 QDateTime toDateTime(Date date);
 Date fromDateTime(const QDateTime &moment);
 

@@ -1,0 +1,93 @@
+#include "platform/runtime/error.h"
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace runtime
+{
+
+namespace
+{
+
+struct StandingText {
+    int number;
+    const char16_t *text;
+};
+
+constexpr std::array standingTexts{
+    StandingText{5, u"Chamada de procedimento ou argumento inválido"},
+    StandingText{6, u"Estouro"},
+    StandingText{13, u"Tipos incompatíveis"},
+    StandingText{53, u"Arquivo não encontrado"},
+    StandingText{91, u"Objeto não definido"},
+    StandingText{94, u"Uso inválido de Null"},
+    StandingText{482, u"Erro de impressora"},
+    StandingText{3010, u"A tabela '%1' já existe."},
+    StandingText{3020, u"Update sem AddNew ou Edit."},
+    StandingText{3021, u"Não há registro atual."},
+    StandingText{3024, u"Não foi possível encontrar o arquivo '%1'."},
+    StandingText{3027, u"Não é possível atualizar. O banco de dados ou objeto é somente leitura."},
+    StandingText{3051, u"Não é possível abrir ou gravar o arquivo '%1': está em uso ou não há permissão."},
+    StandingText{3061, u"Parâmetros insuficientes. Eram esperados %1."},
+    StandingText{3075, u"%1 na expressão '%2'."},
+    StandingText{3078, u"A tabela ou consulta '%1' não foi encontrada. Verifique se o nome está correto."},
+    StandingText{3163, u"O campo '%1' é pequeno demais para os dados que você tentou gravar."},
+    StandingText{3167, u"O registro foi excluído."},
+    StandingText{3183, u"Não há espaço suficiente no disco."},
+    StandingText{3204, u"O banco de dados já existe."},
+    StandingText{3265, u"Item não encontrado nesta coleção."},
+    StandingText{3315, u"O campo '%1' não aceita texto vazio."},
+    StandingText{3343, u"O arquivo '%1' não é um banco de dados reconhecido."},
+    StandingText{3371, u"A tabela '%1' não existe."},
+    StandingText{3376, u"A tabela '%1' não existe."},
+    StandingText{3380, u"O campo '%1' já existe na tabela '%2'."},
+    StandingText{3421, u"Erro de conversão do tipo de dados."},
+};
+
+QStringView standingText(int number)
+{
+    for (const auto &entry : standingTexts) {
+        if (entry.number == number) {
+            return entry.text;
+        }
+    }
+    return {};
+}
+
+// Filled in one pass: an argument may itself hold "%1", as the patterns of a statement do.
+QString filled(QStringView text, const QStringList &arguments)
+{
+    QString result;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const auto place = text[i] == u'%' && i + 1 < text.size() ? text[i + 1].digitValue() : -1;
+        if (place < 1) {
+            result += text[i];
+            continue;
+        }
+        result += arguments.value(place - 1);
+        ++i;
+    }
+    return result;
+}
+
+} // namespace
+
+RuntimeError::RuntimeError(int number) : RuntimeError(number, errorText(number)) {}
+
+RuntimeError::RuntimeError(int number, QString description)
+    : number_(number), description_(std::move(description)), utf8_(description_.toUtf8())
+{
+}
+
+QString errorText(int number, const QStringList &arguments)
+{
+    return filled(standingText(number), arguments);
+}
+
+void raise(int number, const QStringList &arguments)
+{
+    throw RuntimeError(number, errorText(number, arguments));
+}
+
+} // namespace runtime

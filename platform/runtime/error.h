@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <exception>
 
-namespace runtime {
+namespace runtime
+{
 
 /// The run-time error of the program: the platform's number and a text in Portuguese that tells the
 /// user what is wrong. Nothing in the data layer shows a box; windows catch it, or the program ends with it.

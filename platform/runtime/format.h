@@ -2,7 +2,8 @@
 
 #include "platform/runtime/value.h"
 
-namespace runtime {
+namespace runtime
+{
 
 /// Formats by a mask of one section in English marks, with Brazilian marks in the result: "###,##0.00",
 /// "0000", "dd/mm/yyyy hh:mm:ss", "mmmm". Numbers round half away from zero on their decimal text (7

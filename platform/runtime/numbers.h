@@ -4,7 +4,8 @@
 
 #include <optional>
 
-namespace runtime {
+namespace runtime
+{
 
 /// True when the value is a number or a text that reads as one by the Brazilian settings: comma for
 /// decimals, point as thousand mark wherever it stands behind the first digit ("1.5" is 15), "R$", signs, parentheses.

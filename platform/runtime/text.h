@@ -5,7 +5,8 @@
 
 #include <compare>
 
-namespace runtime {
+namespace runtime
+{
 
 /// `Left`, `Right`, `Mid` (from 1) of the platform: lengths beyond the text are no error, negative ones are error 5.
 QString Left(const QString &text, qsizetype length);

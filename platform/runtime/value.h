@@ -4,7 +4,8 @@
 
 #include <variant>
 
-namespace runtime {
+namespace runtime
+{
 
 /// A value that was never set. Counts as 0 and as "".
 struct Empty {
@@ -26,7 +27,13 @@ struct Date {
 /// Integer (16 bits), Long (32 bits), Single (32-bit float), Double.
 using Value = std::variant<Empty, Null, bool, qint16, qint32, float, double, Date, QString>;
 
-inline bool IsNull(const Value &value) { return std::holds_alternative<Null>(value); }
-inline bool IsEmpty(const Value &value) { return std::holds_alternative<Empty>(value); }
+inline bool IsNull(const Value &value)
+{
+    return std::holds_alternative<Null>(value);
+}
+inline bool IsEmpty(const Value &value)
+{
+    return std::holds_alternative<Empty>(value);
+}
 
 } // namespace runtime
