@@ -1,0 +1,115 @@
+#include "platform/dao/database.h"
+
+#include "platform/dao/execute.h"
+#include "platform/dao/file.h"
+#include "platform/dao/recordsetdata.h"
+#include "platform/dao/statement.h"
+#include "platform/runtime/error.h"
+#include "platform/runtime/numbers.h"
+
+#include <exception>
+
+using namespace Qt::StringLiterals;
+
+namespace dao
+{
+
+namespace
+{
+
+/// A name alone stands for the whole table.
+bool isTableName(const Tokens &tokens)
+{
+    const TokenKind first = tokens.list.front().kind;
+    return tokens.list.size() == 2 && (first == TokenKind::Name || first == TokenKind::Bracketed);
+}
+
+} // namespace
+
+Database::Database(std::shared_ptr<Connection> connection) : connection_(std::move(connection)) {}
+
+Database::~Database()
+{
+    connection_->close();
+}
+
+std::vector<TableDef> Database::TableDefs() const
+{
+    connection_->forgetSchema();
+    std::vector<TableDef> tables;
+    for (const auto &table : connection_->schema().tables()) {
+        TableDef &added = tables.emplace_back(table->name);
+        for (const Field &field : table->fields) {
+            added.append(field);
+        }
+    }
+    return tables;
+}
+
+void Database::AppendTableDef(const TableDef &table)
+{
+    createTable(*connection_, table);
+}
+
+int Database::Execute(const QString &statement)
+{
+    return execute(*connection_, statement);
+}
+
+Recordset Database::OpenRecordset(const QString &source)
+{
+    Tokens tokens = tokenize(source);
+    if (isTableName(tokens)) {
+        return OpenRecordset(u"SELECT * FROM ["_s + tokens.list.front().text + u']');
+    }
+    auto plan = connection_->plan(tokens, source);
+    if (plan->kind != StatementKind::Select) {
+        throw runtime::RuntimeError(3219, u"Operação inválida."_s);
+    }
+    return Recordset(std::make_unique<RecordsetData>(connection_, std::move(plan), std::move(tokens.literals)));
+}
+
+QString Database::CheckIntegrity() const
+{
+    Prepared check(connection_->handle(), "PRAGMA integrity_check");
+    return check.step() ? runtime::CStr(check.value(0)) : QString();
+}
+
+void Database::Close()
+{
+    connection_->close();
+}
+
+const QString &Database::path() const
+{
+    return connection_->path();
+}
+
+std::shared_ptr<Database> DBEngine::OpenDatabase(const QString &path, bool readOnly)
+{
+    return std::shared_ptr<Database>(new Database(openFile(path, readOnly)));
+}
+
+std::shared_ptr<Database> DBEngine::CreateDatabase(const QString &path, const QString & /*locale*/)
+{
+    createFile(path);
+    return OpenDatabase(path);
+}
+
+Batch::Batch(Database &database) : connection_(database.connection_), unwinding_(std::uncaught_exceptions())
+{
+    connection_->beginBatch();
+}
+
+Batch::~Batch() noexcept(false)
+{
+    try {
+        connection_->endBatch();
+    } catch (const runtime::RuntimeError &) {
+        if (std::uncaught_exceptions() == unwinding_) {
+            throw;
+        }
+    }
+}
+
+} // namespace dao

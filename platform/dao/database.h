@@ -8,7 +8,8 @@
 #include <memory>
 #include <vector>
 
-namespace dao {
+namespace dao
+{
 
 class Connection;
 
@@ -32,6 +33,9 @@ public:
 
     /// Opens a table by its name or a SELECT statement. The set stands on its first row.
     Recordset OpenRecordset(const QString &source);
+
+    /// Examines the whole file: "ok", or what is wrong with it.
+    QString CheckIntegrity() const;
 
     /// Closes the file. Open recordsets of it then give error 91.
     void Close();
@@ -57,17 +61,20 @@ struct DBEngine {
 };
 
 /// Gathers the writes of its lifetime into one physical write. It is no transaction of the program: leaving
-/// it by an exception keeps the rows written so far, as if each had been written alone.
+/// it by an exception keeps the rows written so far, as if each had been written alone. Only a disk that fills up
+/// takes back what was written since the last piece of 100,000 rows.
 class Batch
 {
 public:
     explicit Batch(Database &database);
-    ~Batch();
+    /// Raises what the physical write meets (3183, 3051), unless another error is on its way already.
+    ~Batch() noexcept(false);
     Batch(const Batch &) = delete;
     Batch &operator=(const Batch &) = delete;
 
 private:
     std::shared_ptr<Connection> connection_;
+    int unwinding_; ///< errors on their way when the batch began
 };
 
 } // namespace dao

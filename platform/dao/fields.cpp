@@ -1,0 +1,119 @@
+#include "platform/dao/fields.h"
+
+#include "platform/runtime/runtime.h"
+
+#include <cmath>
+#include <limits>
+
+namespace dao
+{
+
+namespace
+{
+
+using runtime::Value;
+
+constexpr double firstDay = -657434;  // 1 January 100
+constexpr double endOfDays = 2958466; // the day behind 31 December 9999
+
+[[noreturn]] void refuse()
+{
+    runtime::raise(3421);
+}
+
+double numberOf(const Value &value)
+{
+    if (const auto *const date = std::get_if<runtime::Date>(&value)) {
+        return date->serial;
+    }
+    const double number = runtime::CDbl(value);
+    return std::isfinite(number) ? number : (refuse(), 0.0);
+}
+
+template<class Whole>
+Whole wholeOf(const Value &value)
+{
+    const double number = std::nearbyint(numberOf(value));
+    if (number < std::numeric_limits<Whole>::min() || number > std::numeric_limits<Whole>::max()) {
+        refuse();
+    }
+    return static_cast<Whole>(number);
+}
+
+float singleOf(const Value &value)
+{
+    if (const auto *const single = std::get_if<float>(&value)) {
+        return *single;
+    }
+    const auto single = static_cast<float>(numberOf(value));
+    return std::isfinite(single) ? single : (refuse(), 0.0F);
+}
+
+runtime::Date dateOf(const Value &value)
+{
+    const runtime::Date date =
+        std::holds_alternative<QString>(value) ? runtime::CDate(value) : runtime::Date{numberOf(value)};
+    if (date.serial < firstDay || date.serial >= endOfDays) {
+        refuse();
+    }
+    return date;
+}
+
+QString textOf(const Value &value)
+{
+    if (const auto *const text = std::get_if<QString>(&value)) {
+        return *text;
+    }
+    return runtime::IsEmpty(value) ? QString() : runtime::CStr(value);
+}
+
+Value convert(const Value &value, FieldType type)
+{
+    switch (type) {
+    case FieldType::Boolean:
+        return runtime::CBool(value);
+    case FieldType::Integer:
+        return wholeOf<qint16>(value);
+    case FieldType::Long:
+        return wholeOf<qint32>(value);
+    case FieldType::Single:
+        return singleOf(value);
+    case FieldType::Double:
+        return numberOf(value);
+    case FieldType::Date:
+        return dateOf(value);
+    case FieldType::Text:
+        break;
+    }
+    return textOf(value);
+}
+
+} // namespace
+
+Value convertForField(const Value &value, const Field &field)
+{
+    if (runtime::IsNull(value)) {
+        return field.type == FieldType::Boolean ? Value(false) : value;
+    }
+    try {
+        return convert(value, field.type);
+    } catch (const runtime::RuntimeError &) {
+        refuse();
+    }
+}
+
+void checkForWriting(const Value &value, const Field &field)
+{
+    const auto *const text = std::get_if<QString>(&value);
+    if (text == nullptr) {
+        return;
+    }
+    if (text->isEmpty()) {
+        runtime::raise(3315, {field.name});
+    }
+    if (text->size() > field.size) {
+        runtime::raise(3163, {field.name});
+    }
+}
+
+} // namespace dao

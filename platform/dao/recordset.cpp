@@ -1,0 +1,135 @@
+#include "platform/dao/recordset.h"
+
+#include "platform/dao/recordsetdata.h"
+#include "platform/runtime/error.h"
+
+namespace dao
+{
+
+namespace
+{
+
+RecordsetData &opened(const std::unique_ptr<RecordsetData> &data)
+{
+    if (!data) {
+        runtime::raise(91);
+    }
+    return *data;
+}
+
+int checkedPlace(const RecordsetData &data, int place)
+{
+    if (place < 0 || place >= static_cast<int>(data.columns().size())) {
+        runtime::raise(3265);
+    }
+    return place;
+}
+
+} // namespace
+
+runtime::Value FieldRef::Value() const
+{
+    return data_.value(column_);
+}
+
+FieldRef &FieldRef::operator=(const runtime::Value &value)
+{
+    data_.assign(column_, value);
+    return *this;
+}
+
+Recordset::Recordset(std::unique_ptr<RecordsetData> data) : data_(std::move(data)) {}
+Recordset::~Recordset() = default;
+Recordset::Recordset(Recordset &&) noexcept = default;
+Recordset &Recordset::operator=(Recordset &&) noexcept = default;
+
+bool Recordset::Bof() const
+{
+    return opened(data_).bof();
+}
+bool Recordset::Eof() const
+{
+    return opened(data_).eof();
+}
+void Recordset::MoveFirst()
+{
+    opened(data_).moveFirst();
+}
+void Recordset::MoveLast()
+{
+    opened(data_).moveLast();
+}
+void Recordset::MoveNext()
+{
+    opened(data_).moveNext();
+}
+void Recordset::MovePrevious()
+{
+    opened(data_).movePrevious();
+}
+void Recordset::AddNew()
+{
+    opened(data_).addNew();
+}
+void Recordset::Edit()
+{
+    opened(data_).edit();
+}
+void Recordset::Update()
+{
+    opened(data_).update();
+}
+void Recordset::Delete()
+{
+    opened(data_).remove();
+}
+void Recordset::CancelUpdate()
+{
+    opened(data_).cancelUpdate();
+}
+void Recordset::Close()
+{
+    opened(data_).close();
+}
+
+FieldRef Recordset::operator[](QStringView name)
+{
+    RecordsetData &data = opened(data_);
+    return {data, data.place(name)};
+}
+
+FieldRef Recordset::operator[](int place)
+{
+    RecordsetData &data = opened(data_);
+    return {data, checkedPlace(data, place)};
+}
+
+runtime::Value Recordset::value(QStringView name) const
+{
+    RecordsetData &data = opened(data_);
+    return data.value(data.place(name));
+}
+
+runtime::Value Recordset::value(int place) const
+{
+    RecordsetData &data = opened(data_);
+    return data.value(checkedPlace(data, place));
+}
+
+int Recordset::fieldCount() const
+{
+    return static_cast<int>(opened(data_).columns().size());
+}
+
+Field Recordset::field(int place) const
+{
+    const auto checked = static_cast<size_t>(checkedPlace(opened(data_), place));
+    return data_->columns()[checked].field;
+}
+
+int Recordset::fieldPlace(QStringView name) const
+{
+    return opened(data_).place(name);
+}
+
+} // namespace dao

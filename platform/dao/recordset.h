@@ -7,7 +7,8 @@
 
 #include <memory>
 
-namespace dao {
+namespace dao
+{
 
 class Recordset;
 class RecordsetData;

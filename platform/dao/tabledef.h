@@ -4,7 +4,8 @@
 
 #include <vector>
 
-namespace dao {
+namespace dao
+{
 
 /// The field types with the codes that the platform gives them.
 enum class FieldType {

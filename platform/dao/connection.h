@@ -1,0 +1,118 @@
+#pragma once
+
+#include "platform/dao/lexer.h"
+#include "platform/dao/plan.h"
+#include "platform/dao/schema.h"
+#include "platform/dao/tablewriter.h"
+
+#include <QHash>
+
+#include <list>
+#include <memory>
+#include <vector>
+
+namespace dao
+{
+
+/// An open recordset, as the connection has to know it: writes must not change which rows it holds.
+class LiveSet
+{
+public:
+    LiveSet() = default;
+    virtual ~LiveSet() = default;
+    LiveSet(const LiveSet &) = delete;
+    LiveSet &operator=(const LiveSet &) = delete;
+
+    virtual bool reads(const QString &table) const = 0;
+    virtual void settle() = 0;                                   ///< rows are about to be changed or deleted
+    virtual void rowAdded(const QString &table, qint64 row) = 0; ///< a new row, which the set did not find
+    virtual void disconnect() = 0;                               ///< the file is being closed
+};
+
+/// One open file: the engine's handle, the schema, the statements that stand ready, the open recordsets.
+class Connection
+{
+public:
+    Connection(QString path, sqlite3 *handle);
+    ~Connection();
+    Connection(const Connection &) = delete;
+    Connection &operator=(const Connection &) = delete;
+
+    const QString &path() const { return path_; }
+    sqlite3 *handle() const; ///< error 91 once closed
+    bool isOpen() const { return handle_ != nullptr; }
+
+    const Schema &schema();
+    void forgetSchema();
+    void forgetNumbers(const QString &table) { given_.remove(table); } ///< of a table that is gone
+    int schemaAge() const { return schemaAge_; } ///< grows whenever what was known of the tables is forgotten
+
+    /// The plan of a statement, from the cache where a statement of this shape was run before.
+    std::shared_ptr<Plan> plan(const Tokens &tokens, QStringView statement);
+
+    /// Who writes the rows of a table.
+    std::shared_ptr<TableWriter> writer(const std::shared_ptr<const Table> &table);
+
+    /// Runs a statement of the engine that gives no rows.
+    void run(const QByteArray &sql);
+    void inTransaction(const QByteArrayList &statements);
+
+    void join(LiveSet *set) { sets_.push_back(set); }
+    void leave(LiveSet *set);
+    void settle(const QString &table);
+    void settleAll();
+    void rowAdded(const QString &table, qint64 row);
+
+    void beginBatch();
+    void endBatch();
+    bool inBatch() const { return batches_ > 0; }
+    void countWrite(); ///< one more row written inside a batch
+
+    void close();
+
+private:
+    friend class Transaction;
+
+    struct Closer {
+        void operator()(sqlite3 *handle) const { sqlite3_close_v2(handle); }
+    };
+
+    bool sorts(const QByteArray &sql);
+    std::shared_ptr<Plan> makePlan(const Tokens &tokens, QStringView statement);
+    void keep(const QString &key, const std::shared_ptr<Plan> &plan);
+
+    using Recent = std::list<std::pair<QString, std::shared_ptr<Plan>>>;
+
+    QString path_;
+    std::unique_ptr<sqlite3, Closer> handle_;
+    Schema schema_;
+    bool schemaKnown_ = false;
+    int schemaAge_ = 0;
+    Recent recent_; ///< the plans, the one used last in front
+    QHash<QString, Recent::iterator> plans_;
+    QHash<QString, std::shared_ptr<TableWriter>> writers_;
+    QHash<QString, std::shared_ptr<GivenNumbers>> given_; ///< by table
+    std::vector<LiveSet *> sets_;
+    int batches_ = 0;
+    int batchWrites_ = 0;
+    int savepoints_ = 0;
+};
+
+/// All or nothing for the writes of one statement. It joins the batch or statement around it where there is one.
+class Transaction
+{
+public:
+    explicit Transaction(Connection &connection);
+    ~Transaction();
+    Transaction(const Transaction &) = delete;
+    Transaction &operator=(const Transaction &) = delete;
+
+    void commit();
+
+private:
+    Connection &connection_;
+    bool outermost_;
+    bool done_ = false;
+};
+
+} // namespace dao

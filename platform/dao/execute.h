@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/dao/connection.h"
+
+namespace dao
+{
+
+/// Runs a statement that gives no rows and returns the rows it touched. Error 3065 for a SELECT.
+int execute(Connection &connection, const QString &statement);
+
+/// Creates a table with the indexes that searches need. Error 3010 if it exists.
+void createTable(Connection &connection, const TableDef &table);
+
+} // namespace dao

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "platform/dao/schema.h"
+#include "platform/dao/statement.h"
+#include "platform/dao/syntax.h"
+
+#include <optional>
+#include <vector>
+
+namespace dao
+{
+
+/// How a literal goes to the engine, which follows from what it is compared with.
+enum class BindAs { Itself, Number, Text, Date, Boolean };
+
+/// A column of a recordset: what it is called, what it holds, and which column of which table it is, if it is one.
+struct ResultColumn {
+    Field field;
+    QString qualifiedName; ///< Table.Column; empty for an expression
+    std::optional<FieldType> type;
+    int table = -1;
+    int place = -1;
+};
+
+/// Statements of one text that stand ready between two uses.
+class StatementPool
+{
+public:
+    explicit StatementPool(QByteArray sql = {}) : sql_(std::move(sql)) {}
+
+    const QByteArray &sql() const { return sql_; }
+    Prepared take(sqlite3 *handle);
+    void giveBack(Prepared statement);
+    void clear() { idle_.clear(); }
+
+private:
+    QByteArray sql_;
+    std::vector<Prepared> idle_;
+};
+
+/// A statement of the program carried over to the engine. It serves every statement that differs in its literals only.
+struct Plan {
+    StatementKind kind = StatementKind::Select;
+    std::vector<BindAs> binds;
+    std::vector<std::shared_ptr<const Table>> tables; ///< whose row numbers lead the result, for a keyset
+    QStringList reads;                                ///< every table that the statement looks at
+    std::vector<ResultColumn> columns;
+    bool sorted = false;                 ///< the engine has to sort all rows before it gives the first one
+    bool keyset = false;                 ///< rows have identities; otherwise the result is a copy
+    StatementPool scan;                  ///< all rows in order
+    StatementPool keys;                  ///< the row numbers of all rows in order
+    StatementPool seek;                  ///< one row by its row numbers, which follow the literals
+    StatementPool last;                  ///< the last row; the highest row number that counts follows the literals
+    std::shared_ptr<const Table> target; ///< the table that an action writes
+    std::vector<int> targetPlaces;
+    Statement definition; ///< of CREATE, ALTER and DROP
+
+    int rowNumbers() const { return static_cast<int>(tables.size()); }
+    void clearPools();
+};
+
+/// Binds the literals of a statement. Error 3464 for a text that stands where only a number or a date makes sense.
+void bindLiterals(Prepared &statement, const Plan &plan, const std::vector<runtime::Value> &literals);
+
+} // namespace dao

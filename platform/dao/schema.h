@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/dao/tabledef.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+struct sqlite3;
+
+namespace dao
+{
+
+/// A table as the statements see it.
+struct Table {
+    QString name;
+    std::vector<Field> fields;
+    int counter = -1; ///< the place of the field that the engine numbers, -1 without one
+
+    int place(QStringView field) const; ///< without regard to case, -1 where there is none
+};
+
+/// The tables of a file in order of creation.
+class Schema
+{
+public:
+    Schema() = default;
+
+    static Schema read(sqlite3 *handle);
+
+    const std::vector<std::shared_ptr<const Table>> &tables() const { return tables_; }
+    void append(std::shared_ptr<const Table> table) { tables_.push_back(std::move(table)); }
+
+    /// Without regard to case; null where there is none.
+    std::shared_ptr<const Table> find(QStringView name) const;
+
+private:
+    std::vector<std::shared_ptr<const Table>> tables_;
+};
+
+/// The engine's name of the hidden row number, and of the table that remembers counters whose last rows are gone.
+inline const QString rowName = QStringLiteral("_rowid_");
+inline const QString countersTable = QStringLiteral("~Contadores");
+
+/// A name as the engine reads it back whatever it holds.
+QString quoted(QStringView name);
+
+/// The definition of one column in the engine's words.
+QString columnDefinition(const Field &field);
+
+QByteArray createTableSql(const TableDef &table);
+
+/// The plain index that a column gets when statements search by it; empty for all other columns.
+QByteArray createIndexSql(const QString &table, const Field &field);
+
+} // namespace dao

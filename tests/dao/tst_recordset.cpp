@@ -1,0 +1,550 @@
+// Walking, adding, changing and deleting rows.
+#include "tests/dao/golden.h"
+
+#include "platform/runtime/runtime.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using golden::errorOf;
+using golden::shown;
+using runtime::Value;
+
+namespace
+{
+
+QString caixa(int last)
+{
+    return u"SELECT * FROM Caixa WHERE Codigo <= %1 ORDER BY Codigo"_s.arg(last);
+}
+
+class tst_recordset : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { golden_ = std::make_unique<golden::Golden>(); }
+    void cleanup() { golden_.reset(); }
+
+    void standsOnItsFirstRow();
+    void anEmptySetIsAtBothEnds();
+    void movesBeyondTheEndsAreRefused();
+    void goesToTheLastRowAndBack();
+    void goesBackFromTheEnd();
+    void aTextReadsInTheFieldsOwnWidth();
+    void namesAreFoundWithoutRegardToCase();
+    void columnsOfOneNameAreToldApartByTheirTable();
+    void aFieldThatIsNotThereIsRefused();
+    void writingNeedsAddNewOrEdit();
+    void theCounterIsKnownBeforeTheRowIsWritten();
+    void theCurrentRowStaysCurrentAfterAdding();
+    void newRowsStandAtTheEndOfTheSet();
+    void rowsAddedElsewhereAreNotMet();
+    void aMoveGivesUpTheRowBeingWritten();
+    void editingWritesOnlyTheChangedFields();
+    void everyRowIsMetOnceWhileTheOrderingFieldChanges();
+    void everyRowIsMetOnceWhileTheConditionChanges();
+    void aRowDeletedElsewhereReadsAsDeleted();
+    void deletedRowsAreLeftBehind();
+    void aWholeTableIsDeletedRowByRow();
+    void aNumberOfADeletedRowIsNotMetAgain();
+    void textsAreConvertedByTheFieldsType_data();
+    void textsAreConvertedByTheFieldsType();
+    void whatCannotBeConvertedIsRefused_data();
+    void whatCannotBeConvertedIsRefused();
+    void lengthsAreFoundAtUpdate();
+    void aRefusedUpdateCanBeMended();
+    void joinsAndSumsAreReadOnly();
+    void aggregatesOverNoRowsGiveOneRow();
+    void severalSetsOnOneTableDoNotDisturbEachOther();
+    void aClosedSetIsNoObject();
+    void aClosedDatabaseClosesItsSets();
+    void aMovedSetIsNoObject();
+
+private:
+    dao::Database &database() { return golden_->database(); }
+    dao::Recordset open(const QString &source) { return database().OpenRecordset(source); }
+    QStringList rows(const QString &statement) { return golden::rows(database(), statement); }
+
+    std::unique_ptr<golden::Golden> golden_;
+};
+
+QStringList walk(dao::Recordset &set)
+{
+    QStringList codes;
+    for (; !set.Eof(); set.MoveNext()) {
+        codes.append(shown(set.value(0)));
+    }
+    return codes;
+}
+
+void tst_recordset::standsOnItsFirstRow()
+{
+    auto set = open(u"Caixa"_s);
+    QVERIFY(!set.Eof());
+    QVERIFY(!set.Bof());
+    QCOMPARE(set.value(0), Value(qint32{1}));
+    QCOMPARE(set[u"Descricao"].Value(), Value(u"SALDO INICIAL"_s));
+    set.MovePrevious();
+    QVERIFY(set.Bof());
+    set.MoveNext();
+    QCOMPARE(set.value(0), Value(qint32{1}));
+}
+
+void tst_recordset::anEmptySetIsAtBothEnds()
+{
+    auto set = open(u"SELECT * FROM Caixa WHERE Codigo = 0"_s);
+    QVERIFY(set.Eof() && set.Bof());
+    QCOMPARE(errorOf([&] { set.MoveFirst(); }), 3021);
+    QCOMPARE(errorOf([&] { set.MoveLast(); }), 3021);
+    QCOMPARE(errorOf([&] { set.MoveNext(); }), 3021);
+    QCOMPARE(errorOf([&] { set.MovePrevious(); }), 3021);
+    QCOMPARE(errorOf([&] { set.value(0); }), 3021);
+    QCOMPARE(errorOf([&] { set.Edit(); }), 3021);
+    QCOMPARE(errorOf([&] { set.Delete(); }), 3021);
+}
+
+void tst_recordset::movesBeyondTheEndsAreRefused()
+{
+    auto set = open(caixa(2));
+    QCOMPARE(walk(set), (QStringList{u"1"_s, u"2"_s}));
+    QVERIFY(set.Eof() && !set.Bof());
+    QCOMPARE(errorOf([&] { set.MoveNext(); }), 3021);
+    QCOMPARE(errorOf([&] { set.value(0); }), 3021);
+    set.MoveFirst();
+    set.MovePrevious();
+    QVERIFY(set.Bof() && !set.Eof());
+    QCOMPARE(errorOf([&] { set.MovePrevious(); }), 3021);
+}
+
+void tst_recordset::goesToTheLastRowAndBack()
+{
+    for (const QString &source :
+         {u"Caixa"_s, u"SELECT * FROM Caixa ORDER BY Codigo"_s, u"SELECT * FROM Caixa ORDER BY Data, Descricao"_s}) {
+        auto set = open(source);
+        const QStringList all = rows(source);
+        set.MoveLast();
+        QCOMPARE(shown(set.value(0)), all.last().section(u" | "_s, 0, 0));
+        set.MovePrevious();
+        QCOMPARE(shown(set.value(0)), all[all.size() - 2].section(u" | "_s, 0, 0));
+        set.MoveLast();
+        set.MoveNext();
+        QVERIFY(set.Eof());
+        set.MovePrevious();
+        QCOMPARE(shown(set.value(0)), all.last().section(u" | "_s, 0, 0));
+    }
+}
+
+void tst_recordset::goesBackFromTheEnd()
+{
+    auto set = open(caixa(3));
+    while (!set.Eof()) {
+        set.MoveNext();
+    }
+    QStringList codes;
+    for (set.MovePrevious(); !set.Bof(); set.MovePrevious()) {
+        codes.append(shown(set.value(0)));
+    }
+    QCOMPARE(codes, (QStringList{u"3"_s, u"2"_s, u"1"_s}));
+}
+
+void tst_recordset::aTextReadsInTheFieldsOwnWidth()
+{
+    auto set = open(u"SELECT * FROM OrdemServico"_s);
+    QCOMPARE(set[u"Codigo"].Value(), Value(qint32{1}));
+    QCOMPARE(set[u"Valor"].Value(), Value(120.65F));
+    QCOMPARE(set[u"Pago"].Value(), Value(true));
+    QCOMPARE(set[u"DataPagto"].Value(), Value(runtime::DateSerial(2024, 5, 2)));
+    QCOMPARE(set[u"KM"].Value(), Value(u"85000"_s));
+    auto customers = open(u"Clientes"_s);
+    QCOMPARE(customers[u"Numero"].Value(), Value(qint16{120}));
+    QCOMPARE(customers[u"Fone2"].Value(), Value(runtime::Null{}));
+    auto sum = open(u"SELECT Sum(Valor), Count(*), Max(Pago) FROM OrdemServico"_s);
+    QVERIFY(std::holds_alternative<double>(sum.value(0)));
+    QCOMPARE(sum.value(1), Value(qint32{4}));
+}
+
+void tst_recordset::namesAreFoundWithoutRegardToCase()
+{
+    auto set = open(u"SELECT codigo, DESCRICAO AS Texto FROM caixa"_s);
+    QCOMPARE(set.field(0).name, u"Codigo"_s);
+    QCOMPARE(set.field(1).name, u"Texto"_s);
+    QCOMPARE(set[u"CODIGO"].Value(), Value(qint32{1}));
+    QCOMPARE(set[u"texto"].Value(), Value(u"SALDO INICIAL"_s));
+    QCOMPARE(set.fieldCount(), 2);
+}
+
+void tst_recordset::columnsOfOneNameAreToldApartByTheirTable()
+{
+    auto set = open(u"SELECT Veiculos.*, Clientes.Codigo, Clientes.Nome FROM Veiculos, Clientes WHERE "
+                    u"clientes.codigo=Veiculos.CodCliente AND "
+                    u"veiculos.codigo = 4"_s);
+    QCOMPARE(set.field(0).name, u"Veiculos.Codigo"_s);
+    QCOMPARE(set[u"Codigo"].Value(), Value(qint32{4}));
+    QCOMPARE(set[u"Veiculos.Codigo"].Value(), Value(qint32{4}));
+    QCOMPARE(set[u"clientes.codigo"].Value(), Value(qint32{5}));
+    QCOMPARE(set[u"Nome"].Value(), Value(u"ÁLVARO D'ÁVILA"_s));
+}
+
+void tst_recordset::aFieldThatIsNotThereIsRefused()
+{
+    auto set = open(u"Caixa"_s);
+    QCOMPARE(errorOf([&] { set[u"Nada"].Value(); }), 3265);
+    QCOMPARE(errorOf([&] { set.value(7); }), 3265);
+    QCOMPARE(errorOf([&] { set.value(-1); }), 3265);
+    QCOMPARE(errorOf([&] { set.field(7); }), 3265);
+    QCOMPARE(errorOf([&] { set.fieldPlace(u""); }), 3265);
+}
+
+void tst_recordset::writingNeedsAddNewOrEdit()
+{
+    auto set = open(u"Caixa"_s);
+    QCOMPARE(errorOf([&] { set[u"Saldo"] = 1.0F; }), 3020);
+    QCOMPARE(errorOf([&] { set.Update(); }), 3020);
+    set.AddNew();
+    set.CancelUpdate();
+    QCOMPARE(errorOf([&] { set.Update(); }), 3020);
+}
+
+void tst_recordset::theCounterIsKnownBeforeTheRowIsWritten()
+{
+    auto set = open(u"SELECT * FROM OrdemServico"_s);
+    set.AddNew();
+    QCOMPARE(set[u"Codigo"].Value(), Value(qint32{5}));
+    QCOMPARE(set[u"EmAberto"].Value(), Value(false));
+    QCOMPARE(set[u"Valor"].Value(), Value(runtime::Null{}));
+    set[u"Valor"] = 10.5F;
+    QCOMPARE(set[u"Valor"].Value(), Value(10.5F));
+    set.Update();
+    QCOMPARE(rows(u"SELECT Codigo, Valor, EmAberto, Pago FROM OrdemServico WHERE Codigo = 5"_s),
+             QStringList{u"5 | 10.5 | False | False"_s});
+}
+
+void tst_recordset::theCurrentRowStaysCurrentAfterAdding()
+{
+    auto set = open(u"SELECT * FROM Caixa ORDER BY Codigo"_s);
+    set.MoveNext();
+    set.AddNew();
+    set[u"Descricao"] = u"NOVA"_s;
+    set.Update();
+    QCOMPARE(set.value(0), Value(qint32{2}));
+    set.MoveNext();
+    QCOMPARE(set.value(0), Value(qint32{3}));
+}
+
+void tst_recordset::newRowsStandAtTheEndOfTheSet()
+{
+    for (const bool walked : {false, true}) {
+        auto set = open(u"SELECT Codigo, Descricao FROM Banco2 ORDER BY Codigo DESC"_s);
+        while (walked && !set.Eof()) {
+            set.MoveNext();
+        }
+        for (const auto &text : {u"A"_s, u"B"_s}) {
+            set.AddNew();
+            set[u"Descricao"] = text;
+            set.Update();
+        }
+        set.MoveLast();
+        QCOMPARE(set[u"Descricao"].Value(), Value(u"B"_s));
+        set.MovePrevious();
+        QCOMPARE(set[u"Descricao"].Value(), Value(u"A"_s));
+        set.MoveFirst();
+        QStringList texts;
+        for (; !set.Eof(); set.MoveNext()) {
+            texts.append(shown(set.value(1)));
+        }
+        QCOMPARE(texts.mid(texts.size() - 2), (QStringList{u"A"_s, u"B"_s}));
+        QCOMPARE(database().Execute(u"DELETE * FROM Banco2 WHERE Descricao = 'A' OR Descricao = 'B'"_s), 2);
+        QCOMPARE(texts.size(), 3);
+    }
+}
+
+void tst_recordset::rowsAddedElsewhereAreNotMet()
+{
+    auto set = open(u"Caixa"_s);
+    auto other = open(u"Caixa"_s);
+    QStringList codes;
+    for (; !set.Eof(); set.MoveNext()) {
+        codes.append(shown(set.value(0)));
+        other.AddNew();
+        other[u"Descricao"] = u"NOVA"_s;
+        other.Update();
+    }
+    QCOMPARE(codes, (QStringList{u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s}));
+    set.MoveLast();
+    QCOMPARE(set.value(0), Value(qint32{5}));
+    auto late = open(u"Caixa"_s);
+    database().Execute(u"INSERT INTO Caixa (Descricao) VALUES ('AINDA')"_s);
+    late.MoveLast();
+    QCOMPARE(late.value(0), Value(qint32{10}));
+}
+
+void tst_recordset::aMoveGivesUpTheRowBeingWritten()
+{
+    auto set = open(u"SELECT * FROM Caixa ORDER BY Codigo"_s);
+    set.Edit();
+    set[u"Descricao"] = u"MUDADA"_s;
+    set.MoveNext();
+    QCOMPARE(errorOf([&] { set.Update(); }), 3020);
+    set.AddNew();
+    set.Edit();
+    set[u"Descricao"] = u"SEGUNDA"_s;
+    set.Update();
+    QCOMPARE(rows(u"SELECT Descricao FROM Caixa WHERE Codigo < 3"_s), (QStringList{u"SALDO INICIAL"_s, u"SEGUNDA"_s}));
+}
+
+void tst_recordset::editingWritesOnlyTheChangedFields()
+{
+    auto set = open(caixa(1));
+    set.Edit();
+    set[u"Saldo"] = 1.25F;
+    QCOMPARE(set[u"Descricao"].Value(), Value(u"SALDO INICIAL"_s));
+    database().Execute(u"UPDATE Caixa SET Descricao = 'DE OUTRO' WHERE Codigo = 1"_s);
+    set.Update();
+    QCOMPARE(rows(u"SELECT Descricao, Saldo FROM Caixa WHERE Codigo = 1"_s), QStringList{u"DE OUTRO | 1.25"_s});
+    QCOMPARE(set[u"Saldo"].Value(), Value(1.25F));
+}
+
+void tst_recordset::everyRowIsMetOnceWhileTheOrderingFieldChanges()
+{
+    for (const QString &source :
+         {u"SELECT * FROM Combos ORDER BY Codigo"_s, u"SELECT * FROM Combos ORDER BY Texto"_s}) {
+        auto set = open(source);
+        int met = 0;
+        for (; !set.Eof() && met < 100; set.MoveNext()) {
+            set.Edit();
+            set[u"Codigo"] = qint16{50};
+            set[u"Texto"] = QString(u"ZZZ"_s + QString::number(met));
+            set.Update();
+            ++met;
+        }
+        QCOMPARE(met, 7);
+    }
+}
+
+void tst_recordset::everyRowIsMetOnceWhileTheConditionChanges()
+{
+    auto set = open(u"SELECT * FROM Combos WHERE Codigo = 1"_s);
+    int met = 0;
+    for (; !set.Eof(); set.MoveNext()) {
+        database().Execute(u"UPDATE Combos SET Codigo = 9 WHERE Codigo = 1"_s);
+        QCOMPARE(set[u"Codigo"].Value(), Value(qint16{9}));
+        ++met;
+    }
+    QCOMPARE(met, 4);
+}
+
+void tst_recordset::aRowDeletedElsewhereReadsAsDeleted()
+{
+    auto set = open(caixa(3));
+    set.MoveNext();
+    database().Execute(u"DELETE * FROM Caixa WHERE Codigo = 2"_s);
+    QVERIFY(!set.Eof());
+    QCOMPARE(errorOf([&] { set.value(0); }), 3167);
+    QCOMPARE(errorOf([&] { set.Edit(); }), 3167);
+    QCOMPARE(errorOf([&] { set.Delete(); }), 3167);
+    set.MoveNext();
+    QCOMPARE(set.value(0), Value(qint32{3}));
+}
+
+void tst_recordset::deletedRowsAreLeftBehind()
+{
+    auto set = open(caixa(3));
+    set.MoveNext();
+    set.Delete();
+    QCOMPARE(errorOf([&] { set.value(0); }), 3167);
+    set.MovePrevious();
+    QCOMPARE(set.value(0), Value(qint32{1}));
+    set.MoveNext();
+    QCOMPARE(set.value(0), Value(qint32{3}));
+    set.Delete();
+    set.MoveNext();
+    QVERIFY(set.Eof());
+    set.MoveLast();
+    QCOMPARE(set.value(0), Value(qint32{1}));
+    set.MoveFirst();
+    set.Delete();
+    QCOMPARE(errorOf([&] { set.MoveFirst(); }), 3021);
+}
+
+void tst_recordset::aWholeTableIsDeletedRowByRow()
+{
+    auto set = open(u"Caixa"_s);
+    while (!set.Eof()) {
+        set.Delete();
+        set.MoveNext();
+    }
+    QCOMPARE(rows(u"SELECT count(*) FROM Caixa"_s), QStringList{u"0"_s});
+}
+
+void tst_recordset::aNumberOfADeletedRowIsNotMetAgain()
+{
+    auto set = open(u"SELECT * FROM Caixa ORDER BY Codigo"_s);
+    set.MoveLast();
+    database().Execute(u"DELETE * FROM Caixa WHERE Codigo = 5"_s);
+    database().Execute(u"INSERT INTO Caixa (Descricao) VALUES ('NOVA')"_s);
+    QCOMPARE(errorOf([&] { set.value(0); }), 3167);
+}
+
+void tst_recordset::textsAreConvertedByTheFieldsType_data()
+{
+    QTest::addColumn<QString>("table");
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("stored");
+    QTest::newRow("single") << u"Caixa"_s << u"Saldo"_s << u"1.234,56"_s << u"1234.56"_s;
+    QTest::newRow("point is no decimal mark") << u"Caixa"_s << u"Saldo"_s << u"10.50"_s << u"1050"_s;
+    QTest::newRow("long, halves to even") << u"Caixa"_s << u"CodOs"_s << u"2,5"_s << u"2"_s;
+    QTest::newRow("integer") << u"Clientes"_s << u"Numero"_s << u"-32768"_s << u"-32768"_s;
+    QTest::newRow("date") << u"Caixa"_s << u"Data"_s << u"31/12/2023"_s << u"31/12/2023"_s;
+    QTest::newRow("date and time") << u"Caixa"_s << u"Data"_s << u"31/12/2023 10:20:30"_s << u"31/12/2023 10:20:30"_s;
+    QTest::newRow("boolean of a number") << u"OrdemServico"_s << u"Pago"_s << u"-1"_s << u"True"_s;
+    QTest::newRow("boolean of a word") << u"OrdemServico"_s << u"EmAberto"_s << u"False"_s << u"False"_s;
+    QTest::newRow("text") << u"Caixa"_s << u"Descricao"_s << u" À VISTA '\" "_s << u" À VISTA '\" "_s;
+}
+
+void tst_recordset::textsAreConvertedByTheFieldsType()
+{
+    QFETCH(const QString, table);
+    QFETCH(const QString, field);
+    QFETCH(const QString, text);
+    QFETCH(const QString, stored);
+    auto set = open(table);
+    set.AddNew();
+    set[field] = text;
+    QCOMPARE(shown(set[field].Value()), stored);
+    set.Update();
+    set.MoveLast();
+    QCOMPARE(shown(set[field].Value()), stored);
+}
+
+void tst_recordset::whatCannotBeConvertedIsRefused_data()
+{
+    QTest::addColumn<QString>("table");
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("letters in a number") << u"Caixa"_s << u"Saldo"_s << u"DEZ"_s;
+    QTest::newRow("nothing in a number") << u"Caixa"_s << u"Saldo"_s << u""_s;
+    QTest::newRow("nothing in a date") << u"Caixa"_s << u"Data"_s << u""_s;
+    QTest::newRow("no date") << u"Caixa"_s << u"Data"_s << u"31/02/2024"_s;
+    QTest::newRow("integer out of range") << u"Clientes"_s << u"Numero"_s << u"32768"_s;
+    QTest::newRow("long out of range") << u"Caixa"_s << u"CodOs"_s << u"2147483648"_s;
+    QTest::newRow("single out of range") << u"Caixa"_s << u"Saldo"_s << u"1e39"_s;
+    QTest::newRow("nothing in a boolean") << u"OrdemServico"_s << u"Pago"_s << u""_s;
+}
+
+void tst_recordset::whatCannotBeConvertedIsRefused()
+{
+    QFETCH(const QString, table);
+    QFETCH(const QString, field);
+    QFETCH(const QString, text);
+    auto set = open(table);
+    set.AddNew();
+    QCOMPARE(errorOf([&] { set[field] = text; }), 3421);
+}
+
+void tst_recordset::lengthsAreFoundAtUpdate()
+{
+    auto set = open(u"Caixa"_s);
+    set.AddNew();
+    set[u"Descricao"] = QString(101, u'X');
+    QCOMPARE(errorOf([&] { set.Update(); }), 3163);
+    set.AddNew();
+    set[u"Descricao"] = QString();
+    QCOMPARE(errorOf([&] { set.Update(); }), 3315);
+    set.AddNew();
+    set[u"Descricao"] = QString(100, u'Ç');
+    set.Update();
+    QCOMPARE(rows(u"SELECT Len(Descricao) FROM Caixa WHERE Codigo > 5"_s), QStringList{u"100"_s});
+    QCOMPARE(errorOf([&] { database().Execute(u"UPDATE Caixa SET Descricao = '' WHERE Codigo = 1"_s); }), 3315);
+    QCOMPARE(
+        errorOf([&] { database().Execute(u"INSERT INTO Senha (Codigo, Senha) VALUES (1, '1234567890123456')"_s); }),
+        3163);
+}
+
+void tst_recordset::aRefusedUpdateCanBeMended()
+{
+    auto set = open(caixa(1));
+    set.Edit();
+    set[u"Descricao"] = QString();
+    QCOMPARE(errorOf([&] { set.Update(); }), 3315);
+    set[u"Descricao"] = u"OUTRA"_s;
+    set.Update();
+    QCOMPARE(set[u"Descricao"].Value(), Value(u"OUTRA"_s));
+}
+
+void tst_recordset::joinsAndSumsAreReadOnly()
+{
+    auto join =
+        open(u"SELECT Clientes.Nome FROM Veiculos INNER JOIN Clientes On Clientes.Codigo=Veiculos.Codcliente"_s);
+    QCOMPARE(errorOf([&] { join.Edit(); }), 3027);
+    auto sum = open(u"SELECT Sum(Saldo) FROM Caixa"_s);
+    QCOMPARE(errorOf([&] { sum.AddNew(); }), 3027);
+    auto expression = open(u"SELECT Saldo * 2 AS Dobro FROM Caixa"_s);
+    expression.Edit();
+    QCOMPARE(errorOf([&] { expression[u"Dobro"] = 1.0F; }), 3164);
+}
+
+void tst_recordset::aggregatesOverNoRowsGiveOneRow()
+{
+    const QString none = u" FROM Caixa WHERE Codigo = 0"_s;
+    QCOMPARE(rows(u"SELECT Count(Codigo), Sum(Saldo), Max(Data), Last(Saldo), First(Saldo), Avg(Saldo)"_s + none),
+             QStringList{u"0 | <Null> | <Null> | <Null> | <Null> | <Null>"_s});
+}
+
+void tst_recordset::severalSetsOnOneTableDoNotDisturbEachOther()
+{
+    auto first = open(u"SELECT * FROM Caixa ORDER BY Codigo"_s);
+    auto second = open(u"SELECT * FROM Caixa ORDER BY Codigo"_s);
+    second.MoveLast();
+    first.MoveNext();
+    second.Edit();
+    second[u"Saldo"] = 5.5F;
+    second.Update();
+    QCOMPARE(first.value(0), Value(qint32{2}));
+    QCOMPARE(second.value(0), Value(qint32{5}));
+    first.MoveLast();
+    QCOMPARE(first[u"Saldo"].Value(), Value(5.5F));
+}
+
+void tst_recordset::aClosedSetIsNoObject()
+{
+    auto set = open(u"Caixa"_s);
+    set.Close();
+    QCOMPARE(errorOf([&] { set.Eof(); }), 91);
+    QCOMPARE(errorOf([&] { set.value(0); }), 91);
+    QCOMPARE(errorOf([&] { set.MoveNext(); }), 91);
+    QCOMPARE(errorOf([&] { set.AddNew(); }), 91);
+    set.Close();
+}
+
+void tst_recordset::aClosedDatabaseClosesItsSets()
+{
+    auto first = open(u"Caixa"_s);
+    auto second = open(u"SELECT Sum(Saldo) FROM Caixa"_s);
+    second.value(0);
+    database().Close();
+    QCOMPARE(errorOf([&] { first.value(0); }), 91);
+    QCOMPARE(errorOf([&] { second.value(0); }), 91);
+    QCOMPARE(errorOf([&] { first.Edit(); }), 91);
+    QCOMPARE(errorOf([&] { open(u"Caixa"_s); }), 91);
+    QCOMPARE(errorOf([&] { database().TableDefs(); }), 91);
+    auto reopened = dao::DBEngine::OpenDatabase(golden_->path());
+    auto third = reopened->OpenRecordset(u"Caixa"_s);
+    reopened.reset();
+    QCOMPARE(errorOf([&] { third.MoveNext(); }), 91);
+}
+
+void tst_recordset::aMovedSetIsNoObject()
+{
+    auto set = open(u"Caixa"_s);
+    auto other = std::move(set);
+    QCOMPARE(other.value(0), Value(qint32{1}));
+    QCOMPARE(errorOf([&] { set.Eof(); }), 91); // NOLINT: the moved set is what is tested
+}
+
+} // namespace
+
+QTEST_GUILESS_MAIN(tst_recordset)
+
+#include "tst_recordset.moc"
