@@ -11,11 +11,16 @@
 
 class QPainter;
 
-namespace printer {
+namespace printer
+{
 
 /// 1440 twips are an inch, 567 a centimetre: the unit of every stored position.
 inline constexpr double twipsPerInch = 1440.0;
 inline constexpr double twipsPerCentimetre = 1440.0 / 2.54;
+
+/// The strip along each edge that a usual printer can't reach: an eighth of an inch, in twips. Positions are counted
+/// from inside it, so that a line of 96 columns at 10 points just fits on A4.
+inline constexpr double margin = 180;
 
 struct Font {
     QString name;
@@ -26,7 +31,7 @@ struct Font {
     bool operator==(const Font &) const = default;
 };
 
-/// A text printed with one call: its top left corner in twips.
+/// A text printed with one call: its top left corner in twips. A line end without text is a mark without text.
 struct TextMark {
     QPointF position;
     QString text;
@@ -48,15 +53,19 @@ class Page
 public:
     explicit Page(QSizeF size = {}) : size_(size) {}
 
-    QSizeF size() const { return size_; } ///< twips
+    QSizeF size() const { return size_; } ///< the sheet, twips
+    QSizeF printableSize() const { return {size_.width() - 2 * margin, size_.height() - 2 * margin}; }
     const std::vector<Mark> &marks() const { return marks_; }
     void add(Mark mark) { marks_.push_back(std::move(mark)); }
 
-    /// Draws the page; the painter's scale is set so that 1 unit is 1 twip.
+    /// Draws the page; the painter's scale is set so that 1 unit is 1 twip, its origin is the corner of the sheet.
+    /// Each text is as wide as its columns, whatever font is found for it.
     void paint(QPainter &painter) const;
 
-    /// The texts of the page line by line from the top, each line's texts set into columns by their
-    /// horizontal position and the width of a character of their font. For tests.
+    /// The texts of the page line by line from the top, without the blanks at a line's end. Texts of one height are one
+    /// line; each starts at its position over the width of a character of its own font, or, where larger characters
+    /// before it have taken that column, one blank behind them. Underlined blanks alone are a rule: underscores. For
+    /// tests.
     QStringList lines() const;
 
 private:

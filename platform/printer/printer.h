@@ -3,23 +3,28 @@
 #include "platform/printer/surface.h"
 
 #include <QDir>
+#include <QMarginsF>
+#include <QStringList>
+#include <QTransform>
 
 #include <functional>
 
-namespace printer {
+namespace printer
+{
+
+/// The device that stands in where the system has no printer.
+inline constexpr QStringView devicePdf = u"PDF";
 
 /// The system's default printer. Where the system has none, the device "PDF" stands in: each document becomes
-/// one numbered file in the folder `impressos`. A failure is run-time error 482.
-class Printer : public Surface
+/// one numbered file in the folder `impressos`. A failure is run-time error 482, and the document is dropped.
+class Printer : public PagedSurface
 {
 public:
-    Printer();
-
     QString DeviceName() const;
-    double Width() const override;
-    double Height() const override;
-    void setOrientation(Orientation orientation) override;
-    void NewPage() override;
+
+    /// The printer to use from here on: a name of `devices()`, or "" for the system's default.
+    void setDevice(const QString &name);
+
     void EndDoc() override;
 
     /// Drops what has not been sent, as an error in the middle of a document does.
@@ -31,20 +36,23 @@ public:
     /// Told of each file that the device "PDF" has written.
     std::function<void(const QString &path)> written;
 
-    /// The pages of the document that was ended last, and of all since the start. For tests.
+    /// The pages of the document that was ended last. For tests.
     const std::vector<Page> &lastDocument() const { return lastDocument_; }
 
-protected:
-    Page &page() override;
-
 private:
-    void send();
+    void send(const std::vector<Page> &document);
 
-    std::vector<Page> pages_;
     std::vector<Page> lastDocument_;
-    Orientation orientation_ = Orientation::Portrait;
-    QDir folder_;
+    QString device_;
+    QDir folder_{QStringLiteral("impressos")};
 };
+
+/// How a page goes on the sheet of a printer, both in twips: as it stands, or, where the printer reaches less of the
+/// sheet than a page uses, shrunk into what it reaches.
+QTransform fitToPrinter(const QSizeF &sheet, const QMarginsF &unreachable);
+
+/// The names of the system's printers, and the device "PDF" behind them.
+QStringList devices();
 
 /// The one printer of the program.
 Printer &printer();
