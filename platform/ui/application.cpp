@@ -1,0 +1,164 @@
+#include "platform/ui/application.h"
+
+#include "platform/runtime/error.h"
+#include "platform/ui/boxes.h"
+#include "platform/ui/forms.h"
+#include "platform/ui/style.h"
+
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QScopedValueRollback>
+#include <QTimer>
+#include <QTranslator>
+
+using namespace Qt::StringLiterals;
+
+namespace ui
+{
+
+namespace
+{
+
+constexpr qreal readablePointSize = 10;
+
+bool programEnded = false;
+
+/// More than 0 while the program's own code runs, up to the next event that is delivered inside of it.
+int programDepth = 0;
+
+QString errorBoxText(const runtime::RuntimeError &error)
+{
+    return u"Erro em tempo de execução '%1':\n\n%2"_s.arg(error.number()).arg(error.description());
+}
+
+void setReadableFont()
+{
+    auto font = QApplication::font();
+    if (font.pointSizeF() < readablePointSize) {
+        font.setPointSizeF(readablePointSize);
+        QApplication::setFont(font);
+    }
+}
+
+} // namespace
+
+Application::Application(int &argc, char **argv) : QApplication(argc, argv)
+{
+    QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
+    installTranslation(*this);
+    setStyle(new Style);
+    setReadableFont();
+    // The program ends by its own command only: between two windows of the start none is open.
+    setQuitOnLastWindowClosed(false);
+}
+
+Application::~Application()
+{
+    Forms::instance().unloadAll();
+    sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    programEnded = false;
+}
+
+bool Application::notify(QObject *receiver, QEvent *event)
+{
+    const QScopedValueRollback outside(programDepth, 0);
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (...) {
+        deal(std::current_exception());
+    }
+    return true;
+}
+
+void Application::run(const std::function<void()> &action)
+{
+    if (programDepth > 0) {
+        checkEnded();
+        action();
+        return;
+    }
+    if (programEnded) {
+        return;
+    }
+    const QScopedValueRollback inside(programDepth, 1);
+    try {
+        action();
+    } catch (...) {
+        deal(std::current_exception());
+    }
+}
+
+void Application::runApart(const std::function<void()> &action)
+{
+    const QScopedValueRollback outside(programDepth, 0);
+    action();
+}
+
+void Application::deal(const std::exception_ptr &thrown)
+{
+    try {
+        std::rethrow_exception(thrown);
+    } catch (const ProgramEnded &) {
+        leave(EXIT_SUCCESS);
+    } catch (const runtime::RuntimeError &error) {
+        fail(errorBoxText(error));
+    } catch (const std::exception &error) {
+        fail(QString::fromUtf8(error.what()));
+    }
+}
+
+void Application::fail(const QString &text)
+{
+    if (programEnded) {
+        return;
+    }
+    programEnded = true;
+    showBox(text, Icon::Critical, boxTitle());
+    leave(EXIT_FAILURE);
+}
+
+void Application::leave(int code)
+{
+    static int exitCode = EXIT_SUCCESS;
+    // The exception passes one event loop after the other: the first one tells the code.
+    if (!programEnded || code != EXIT_SUCCESS) {
+        exitCode = code;
+    }
+    programEnded = true;
+    exit(exitCode);
+}
+
+bool Application::ended()
+{
+    return programEnded;
+}
+
+void Application::resetEnd()
+{
+    programEnded = false;
+    // The order to leave lasts until the main loop starts anew: without this, later modal windows would close at once.
+    QTimer::singleShot(0, instance(), &QCoreApplication::quit);
+    exec();
+}
+
+void End()
+{
+    throw ProgramEnded();
+}
+
+void checkEnded()
+{
+    if (Application::ended()) {
+        throw ProgramEnded();
+    }
+}
+
+void installTranslation(QCoreApplication &application)
+{
+    auto *translator = new QTranslator(&application);
+    if (translator->load(u"qtbase_pt_BR"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QCoreApplication::installTranslator(translator);
+    }
+}
+
+} // namespace ui

@@ -6,7 +6,8 @@
 
 class QWidget;
 
-namespace ui {
+namespace ui
+{
 
 enum class Icon { None, Critical, Question, Exclamation, Information };
 
@@ -25,5 +26,8 @@ bool ConfirmOk(const QString &text, Icon icon, const QString &title = boxTitle()
 
 /// A real QInputDialog. Cancel and an empty answer are both "".
 QString InputBox(const QString &prompt, const QString &title = boxTitle(), const QString &defaultText = {});
+
+/// The box of `MsgBox` for the program's end: it returns even when the program has ended.
+void showBox(const QString &text, Icon icon, const QString &title);
 
 } // namespace ui

@@ -1,0 +1,378 @@
+#include "platform/ui/form.h"
+
+#include "platform/runtime/text.h"
+#include "platform/ui/controls.h"
+#include "platform/ui/focus.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QScrollArea>
+#include <QSpinBox>
+#include <QTabBar>
+#include <QTextEdit>
+#include <QToolButton>
+
+namespace ui
+{
+
+namespace
+{
+
+bool isCompound(const QWidget *widget)
+{
+    const bool frame = qobject_cast<const QScrollArea *>(widget) || qobject_cast<const QMdiArea *>(widget);
+    return !frame && (qobject_cast<const QComboBox *>(widget) || qobject_cast<const QAbstractSpinBox *>(widget) ||
+                      qobject_cast<const QAbstractScrollArea *>(widget));
+}
+
+bool isEnter(int key)
+{
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+bool isPushed(const QWidget *control)
+{
+    return qobject_cast<const QPushButton *>(control) || qobject_cast<const QToolButton *>(control);
+}
+
+/// What the user does to a window; one that is closing takes no more of it.
+bool isInput(QEvent::Type type)
+{
+    switch (type) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::Shortcut:
+    case QEvent::InputMethod:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// Ctrl or Alt make a command of a key; both together are AltGr, which types.
+bool isCommand(const QKeyEvent *event)
+{
+    const auto modifiers = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    return modifiers && modifiers != (Qt::ControlModifier | Qt::AltModifier);
+}
+
+/// A click on these would act while the focus stays in the field; the field is to be left first.
+bool actsWithoutFocus(const QWidget *widget)
+{
+    return qobject_cast<const QTabBar *>(widget) ||
+           (qobject_cast<const QToolButton *>(widget) && widget->focusPolicy() == Qt::TabFocus);
+}
+
+/// Qt would offer and insert list entries on its own; the program's combos complete by their own rule or not at all.
+void plainCombo(QComboBox *combo)
+{
+    if (combo && combo->isEditable()) {
+        combo->setInsertPolicy(QComboBox::NoInsert);
+        if (combo->completer()) {
+            combo->setCompleter(nullptr);
+        }
+    }
+}
+
+} // namespace
+
+Form::Form(const QString &name)
+{
+    setObjectName(name);
+    FocusTracker::instance();
+    watch(this);
+}
+
+Form::~Form()
+{
+    unloading_ = true;
+    FocusTracker::instance().forget(this);
+    Forms::instance().forget(this);
+}
+
+void Form::Unload()
+{
+    if (unloading_) {
+        return;
+    }
+    unloading_ = true;
+    FocusTracker::instance().forget(this);
+    Forms::instance().forget(this);
+    emit unloaded();
+    auto *frame = qobject_cast<QMdiSubWindow *>(parentWidget());
+    auto *window = frame ? static_cast<QWidget *>(frame) : this;
+    window->close();
+    window->deleteLater();
+}
+
+void Form::closeEvent(QCloseEvent *event)
+{
+    event->accept();
+    Unload();
+}
+
+QWidget *Form::controlOf(QWidget *widget) const
+{
+    auto *control = widget;
+    for (; widget && widget != this; widget = widget->parentWidget()) {
+        if (isCompound(widget)) {
+            control = widget;
+        }
+    }
+    return control;
+}
+
+void Form::filterKeys(QWidget *control, std::function<QChar(QChar)> filter)
+{
+    filters_[control] = std::move(filter);
+}
+
+void Form::disableUnlessExists(const QString &form, std::initializer_list<QWidget *> controls)
+{
+    for (auto *control : controls) {
+        control->setEnabled(control->isEnabled() && Forms::instance().exists(form));
+    }
+}
+
+void Form::tellGotFocus(QWidget *control)
+{
+    if (const auto handler = gotFocus_.value(control); handler && !unloading_) {
+        handler();
+    }
+}
+
+void Form::tellLostFocus(QWidget *control)
+{
+    if (const auto handler = lostFocus_.value(control); handler && !unloading_) {
+        handler();
+    }
+}
+
+/// Controls that come later (a tab page, the list of a combo) are seen as children added to what is watched already.
+void Form::watch(QObject *object)
+{
+    object->installEventFilter(this);
+    for (auto *child : object->children()) {
+        if (child->isWidgetType() && !qobject_cast<Form *>(child)) {
+            watch(child);
+        }
+    }
+}
+
+bool Form::eventFilter(QObject *object, QEvent *event)
+{
+    auto *widget = static_cast<QWidget *>(object);
+    if (unloading_) {
+        return isInput(event->type());
+    }
+    if (replaying_ || formOf(widget) != this) {
+        return false;
+    }
+    auto *control = controlOf(widget);
+    switch (event->type()) {
+    case QEvent::ChildAdded:
+        if (auto *child = static_cast<QChildEvent *>(event)->child(); child->isWidgetType()) {
+            watch(child);
+        }
+        return false;
+    case QEvent::Polish:
+        // A list watches its viewport itself, and the last watcher is asked first.
+        widget->installEventFilter(this);
+        prepare(widget);
+        return false;
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+        FocusTracker::instance().setReason(static_cast<QFocusEvent *>(event)->reason());
+        return false;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+        return FocusTracker::instance().swallows(control, event->type());
+    case QEvent::MouseButtonDblClick:
+        return FocusTracker::instance().swallows(control, event->type()) || doubleClicked(control);
+    case QEvent::Shortcut:
+        return !shortcutActs(widget);
+    case QEvent::ShortcutOverride:
+        if (handles(control, static_cast<QKeyEvent *>(event))) {
+            event->accept();
+            return true;
+        }
+        return false;
+    case QEvent::KeyPress:
+        // The list of an open combo, a calendar: their keys are their own.
+        if (widget->window() != window()) {
+            return false;
+        }
+        return keyPressed(control, static_cast<QKeyEvent *>(event)) ||
+               typed(control, widget, static_cast<QKeyEvent *>(event));
+    case QEvent::InputMethod:
+        return committed(control, widget, static_cast<QInputMethodEvent *>(event));
+    default:
+        return false;
+    }
+}
+
+void Form::prepare(QWidget *widget)
+{
+    plainCombo(qobject_cast<QComboBox *>(widget));
+    if (controlOf(widget) == widget && actsWithoutFocus(widget)) {
+        widget->setFocusPolicy(Qt::StrongFocus);
+    }
+}
+
+bool Form::doubleClicked(QWidget *control)
+{
+    const auto handler = doubleClick_.value(control);
+    if (!handler) {
+        return false;
+    }
+    handler();
+    return true;
+}
+
+/// A button that its mnemonic presses takes the focus first, as a click does; else the field would be left behind it.
+bool Form::shortcutActs(QWidget *widget)
+{
+    auto &tracker = FocusTracker::instance();
+    const int boxes = tracker.modals();
+    if (qobject_cast<QAbstractButton *>(widget) && (widget->focusPolicy() & Qt::ClickFocus) != 0) {
+        widget->setFocus(Qt::ShortcutFocusReason);
+        return tracker.modals() == boxes && widget->hasFocus();
+    }
+    return true;
+}
+
+Form::Handler Form::keyHandler(QWidget *control, const QKeyEvent *event) const
+{
+    if (isCommand(event)) {
+        return {};
+    }
+    const int key = isEnter(event->key()) ? int(Qt::Key_Return) : event->key();
+    const auto handler = keys_.value(control).value(key);
+    return handler ? handler : keys_.value(const_cast<Form *>(this)).value(key);
+}
+
+bool Form::handles(QWidget *control, const QKeyEvent *event) const
+{
+    return keyHandler(control, event) != nullptr;
+}
+
+bool Form::keyPressed(QWidget *control, QKeyEvent *event)
+{
+    if (const auto handler = keyHandler(control, event)) {
+        handler();
+        return true;
+    }
+    if (isEnter(event->key())) {
+        return enterPressed(control, event);
+    }
+    if (event->key() == Qt::Key_Escape && escapeUnloads_) {
+        Unload();
+        return true;
+    }
+    return false;
+}
+
+bool Form::enterPressed(QWidget *control, const QKeyEvent *event)
+{
+    if (qobject_cast<QAbstractItemView *>(control)) {
+        return false;
+    }
+    if (isPushed(control)) {
+        if (!event->isAutoRepeat()) {
+            static_cast<QAbstractButton *>(control)->click();
+        }
+        return true;
+    }
+    focusNextPrevChild(!event->modifiers().testFlag(Qt::ShiftModifier));
+    return true;
+}
+
+QString Form::filtered(QWidget *control, const QString &text) const
+{
+    const auto filter = filters_.value(control);
+    QString result;
+    for (auto letter : runtime::UCase(text)) {
+        if (letter.isPrint() && filter) {
+            letter = filter(letter);
+        }
+        if (!letter.isNull()) {
+            result.append(letter);
+        }
+    }
+    return result;
+}
+
+bool Form::typed(QWidget *control, QWidget *widget, QKeyEvent *event)
+{
+    const auto text = event->text();
+    if (text.isEmpty() || isCommand(event)) {
+        return false;
+    }
+    const auto wanted = filtered(control, text);
+    if (wanted == text) {
+        return false;
+    }
+    if (!wanted.isEmpty()) {
+        QKeyEvent changed(QEvent::KeyPress, event->key(), event->modifiers(), wanted, event->isAutoRepeat());
+        replay(widget, changed);
+    }
+    return true;
+}
+
+/// Accented letters of dead keys and all letters of an input method come this way.
+bool Form::committed(QWidget *control, QWidget *widget, QInputMethodEvent *event)
+{
+    const auto wanted = filtered(control, event->commitString());
+    if (wanted == event->commitString()) {
+        return false;
+    }
+    QInputMethodEvent changed(event->preeditString(), event->attributes());
+    changed.setCommitString(wanted, event->replacementStart(), event->replacementLength());
+    replay(widget, changed);
+    return true;
+}
+
+void Form::replay(QWidget *widget, QEvent &event)
+{
+    const QScopedValueRollback guard(replaying_, true);
+    QCoreApplication::sendEvent(widget, &event);
+}
+
+void Form::connectChange(QWidget *control, const Handler &handler)
+{
+    if (auto *edit = qobject_cast<QLineEdit *>(control)) {
+        connect(edit, &QLineEdit::textChanged, this, handler);
+    } else if (auto *plain = qobject_cast<QPlainTextEdit *>(control)) {
+        connect(plain, &QPlainTextEdit::textChanged, this, handler);
+    } else if (auto *rich = qobject_cast<QTextEdit *>(control)) {
+        connect(rich, &QTextEdit::textChanged, this, handler);
+    } else if (auto *label = qobject_cast<Label *>(control)) {
+        connect(label, &Label::textChanged, this, handler);
+    } else if (auto *date = qobject_cast<QDateTimeEdit *>(control)) {
+        connect(date, &QDateTimeEdit::dateTimeChanged, this, handler);
+    } else if (auto *spin = qobject_cast<QSpinBox *>(control)) {
+        connect(spin, &QSpinBox::valueChanged, this, handler);
+    } else if (auto *button = qobject_cast<QAbstractButton *>(control)) {
+        connect(button, &QAbstractButton::toggled, this, handler);
+    } else if (auto *combo = qobject_cast<QComboBox *>(control); combo && combo->isEditable()) {
+        connect(combo, &QComboBox::editTextChanged, this, handler);
+    } else if (combo) {
+        connect(combo, &QComboBox::currentIndexChanged, this, handler);
+    } else {
+        qFatal("a control without a change event: %s", qPrintable(control->objectName()));
+    }
+}
+
+} // namespace ui

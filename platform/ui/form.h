@@ -1,20 +1,19 @@
 #pragma once
 
+#include "platform/ui/application.h"
 #include "platform/ui/forms.h"
 
 #include <QAbstractButton>
 #include <QHash>
-#include <QPointer>
 #include <QWidget>
 
 #include <functional>
 
-class QComboBox;
-class QLabel;
-class QLineEdit;
-class QPlainTextEdit;
+class QInputMethodEvent;
+class QKeyEvent;
 
-namespace ui {
+namespace ui
+{
 
 /// The base of every window. It filters keys (Enter goes on as Tab, typed letters become capitals), tells a window when
 /// the focus enters and leaves a control, routes F1, F2 and Esc, and unloads on closing. Events are connected in one
@@ -22,7 +21,8 @@ namespace ui {
 ///
 /// Leaving a control: told when the focus goes to another control of the program, before the click that moved it;
 /// not when another program comes to the front, a menu pops up or the window closes. While such an event runs, no other
-/// is told. If it showed a box or moved the focus itself, the click that caused it is lost.
+/// is told. If it showed a box or moved the focus itself, the click that caused it is lost. A text that is selected on
+/// entering stays selected under the click that entered.
 class Form : public QWidget
 {
     Q_OBJECT
@@ -38,8 +38,12 @@ public:
     void Unload();
     bool unloading() const { return unloading_; }
 
-    /// The name of the control as given, also for a child of a compound control; "" for none.
+    /// The control that a widget is part of: the combo of its line edit, the list of its viewport; the widget itself
+    /// otherwise.
     QWidget *controlOf(QWidget *widget) const;
+
+signals:
+    void unloaded();
 
 protected:
     using Handler = std::function<void()>;
@@ -48,7 +52,7 @@ protected:
     template<class F>
     void onClick(QAbstractButton *button, void (F::*slot)())
     {
-        connect(button, &QAbstractButton::clicked, this, [this, slot] { (static_cast<F *>(this)->*slot)(); });
+        connect(button, &QAbstractButton::clicked, this, bound(slot));
     }
     template<class F>
     void onGotFocus(QWidget *control, void (F::*slot)())
@@ -66,7 +70,8 @@ protected:
     {
         connectChange(control, bound(slot));
     }
-    /// A key of a control (Qt::Key_F1, Qt::Key_Delete, ...). The key goes no further.
+    /// A key of a control (Qt::Key_F1, Qt::Key_Delete, ...), or of the whole window for `this`. The key goes no
+    /// further. Qt::Key_Return stands for both Enter keys.
     template<class F>
     void onKey(QWidget *control, Qt::Key key, void (F::*slot)())
     {
@@ -80,7 +85,39 @@ protected:
     template<class F>
     Handler bound(void (F::*slot)())
     {
-        return [this, slot] { (static_cast<F *>(this)->*slot)(); };
+        return [this, slot] { Application::run([this, slot] { (static_cast<F *>(this)->*slot)(); }); };
+    }
+
+    // The same for the elements of a control array: one member for all, told the element's index.
+    template<class F>
+    void onClick(QAbstractButton *button, void (F::*slot)(int), int index)
+    {
+        connect(button, &QAbstractButton::clicked, this, bound(slot, index));
+    }
+    template<class F>
+    void onGotFocus(QWidget *control, void (F::*slot)(int), int index)
+    {
+        gotFocus_[control] = bound(slot, index);
+    }
+    template<class F>
+    void onLostFocus(QWidget *control, void (F::*slot)(int), int index)
+    {
+        lostFocus_[control] = bound(slot, index);
+    }
+    template<class F>
+    void onChange(QWidget *control, void (F::*slot)(int), int index)
+    {
+        connectChange(control, bound(slot, index));
+    }
+    template<class F>
+    void onKey(QWidget *control, Qt::Key key, void (F::*slot)(int), int index)
+    {
+        keys_[control].insert(key, bound(slot, index));
+    }
+    template<class F>
+    Handler bound(void (F::*slot)(int), int index)
+    {
+        return [this, slot, index] { Application::run([=, this] { (static_cast<F *>(this)->*slot)(index); }); };
     }
 
     /// Filters what is typed into a control, behind the window's own filter; a null character swallows the key.
@@ -94,26 +131,38 @@ protected:
 
     bool eventFilter(QObject *object, QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
-    void showEvent(QShowEvent *event) override;
 
 private:
     friend class Forms;
+    friend class FocusTracker;
+    friend void CentraForm(Form &form, bool onScreen);
 
-    void focusMoved(QWidget *old, QWidget *now);
-    bool keyPressed(QWidget *control, class QKeyEvent *event);
-    void connectChange(QWidget *control, Handler handler);
-    void watch(QWidget *widget);
+    enum class Centre { No, OnScreen, InArea };
+
+    void tellGotFocus(QWidget *control);
+    void tellLostFocus(QWidget *control);
+    bool keyPressed(QWidget *control, QKeyEvent *event);
+    bool enterPressed(QWidget *control, const QKeyEvent *event);
+    bool typed(QWidget *control, QWidget *widget, QKeyEvent *event);
+    bool committed(QWidget *control, QWidget *widget, QInputMethodEvent *event);
+    bool doubleClicked(QWidget *control);
+    bool shortcutActs(QWidget *widget);
+    bool handles(QWidget *control, const QKeyEvent *event) const;
+    Handler keyHandler(QWidget *control, const QKeyEvent *event) const;
+    QString filtered(QWidget *control, const QString &text) const;
+    void replay(QWidget *widget, QEvent &event);
+    void connectChange(QWidget *control, const Handler &handler);
+    void watch(QObject *object);
+    void prepare(QWidget *widget);
 
     QHash<QWidget *, Handler> gotFocus_;
     QHash<QWidget *, Handler> lostFocus_;
     QHash<QWidget *, Handler> doubleClick_;
     QHash<QWidget *, QHash<int, Handler>> keys_;
     QHash<QWidget *, std::function<QChar(QChar)>> filters_;
-    QPointer<QWidget> current_;
-    QPointer<QWidget> lostClick_;
-    Qt::FocusReason reason_ = Qt::OtherFocusReason;
-    bool inFocusEvent_ = false;
+    Centre centre_ = Centre::No;
     bool escapeUnloads_ = false;
+    bool replaying_ = false;
     bool unloading_ = false;
 };
 

@@ -1,0 +1,288 @@
+#include "platform/ui/forms.h"
+
+#include "platform/runtime/error.h"
+#include "platform/ui/application.h"
+#include "platform/ui/focus.h"
+#include "platform/ui/form.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QMdiSubWindow>
+#include <QScreen>
+#include <QWindow>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace ui
+{
+
+namespace
+{
+
+constexpr int objectNotSet = 91;
+constexpr int twipsPerPixel = 15;
+constexpr int marginTwips = 200;
+
+[[noreturn]] void raiseUnknown(const QString &name)
+{
+    throw runtime::RuntimeError(objectNotSet, runtime::errorText(objectNotSet) + u": "_s + name);
+}
+
+QMdiSubWindow *frameOf(const Form &form)
+{
+    return qobject_cast<QMdiSubWindow *>(form.parentWidget());
+}
+
+/// The size that the window's layout file gives, or what its controls need.
+QSize wantedSize(const Form &form)
+{
+    return form.testAttribute(Qt::WA_Resized) ? form.size() : form.sizeHint();
+}
+
+void centreOnScreen(QWidget &window)
+{
+    const auto room = window.screen()->availableGeometry();
+    const auto free = room.size() - window.frameGeometry().size();
+    window.move(room.topLeft() + QPoint(std::max(0, free.width() / 2), std::max(0, free.height() / 2)));
+}
+
+void centreInArea(QWidget &frame, const QMdiArea &area)
+{
+    const auto *main = area.window();
+    const auto *toolbar = main->findChild<QWidget *>(u"Toolbar1"_s);
+    const int above = (toolbar ? toolbar->height() : 0) + marginTwips / twipsPerPixel;
+    const int left = (main->width() - frame.width()) / 2;
+    const int top = (main->height() - frame.height()) / 2 - above;
+    frame.move(std::max(0, left), std::max(0, top));
+}
+
+bool takesTab(const QWidget *widget, const QWidget *form)
+{
+    return (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isEnabled() && widget->isVisibleTo(form);
+}
+
+/// The first control by tab order, unless the window's load has chosen one.
+void focusFirst(QWidget &form)
+{
+    if (form.focusWidget()) {
+        return;
+    }
+    for (auto *next = form.nextInFocusChain(); next && next != &form; next = next->nextInFocusChain()) {
+        if (form.isAncestorOf(next) && takesTab(next, &form)) {
+            next->setFocus();
+            return;
+        }
+    }
+}
+
+} // namespace
+
+Forms &Forms::instance()
+{
+    static Forms forms;
+    return forms;
+}
+
+void Forms::add(const QString &name, const Factory &factory)
+{
+    factories_.insert(name, factory);
+}
+
+bool Forms::exists(const QString &name) const
+{
+    return factories_.contains(name);
+}
+
+QStringList Forms::names() const
+{
+    auto names = factories_.keys();
+    names.sort();
+    return names;
+}
+
+Form *Forms::find(const QString &name) const
+{
+    return loaded_.value(name);
+}
+
+Form *Forms::Load(const QString &name)
+{
+    auto *form = find(name);
+    return form ? form : make(name);
+}
+
+Form *Forms::make(const QString &name)
+{
+    const auto factory = factories_.value(name);
+    if (!factory) {
+        raiseUnknown(name);
+    }
+    // Its load may show its own window, so it is known before, and may end it, so it is watched.
+    const QPointer<Form> form = factory();
+    loaded_.insert(name, form);
+    try {
+        form->Form_Load();
+    } catch (...) {
+        form->Unload();
+        throw;
+    }
+    return form;
+}
+
+Form *Forms::Show(const QString &name)
+{
+    auto *form = Load(name);
+    if (form && !form->unloading()) {
+        bringUp(*form);
+    }
+    return form;
+}
+
+bool Forms::goesIntoArea(const Form &form) const
+{
+    return area_ && !form.isAncestorOf(area_);
+}
+
+void Forms::bringUp(Form &form)
+{
+    if (form.isVisible() || frameOf(form)) {
+        bringToFront(form);
+    } else if (auto *modal = QApplication::activeModalWidget()) {
+        form.setWindowModality(Qt::ApplicationModal);
+        showAlone(form, modal);
+    } else if (goesIntoArea(form)) {
+        showInArea(form);
+    } else {
+        showAlone(form, nullptr);
+    }
+}
+
+void Forms::bringToFront(Form &form)
+{
+    if (auto *frame = frameOf(form)) {
+        frame->isMinimized() ? frame->showNormal() : frame->show();
+        frame->mdiArea()->setActiveSubWindow(frame);
+        return;
+    }
+    form.isMinimized() ? form.showNormal() : form.show();
+    form.raise();
+    form.activateWindow();
+}
+
+void Forms::showInArea(Form &form)
+{
+    const auto wanted = wantedSize(form);
+    auto *frame = area_->addSubWindow(&form);
+    frame->setWindowIcon(form.windowIcon());
+    frame->ensurePolished();
+    const auto border = frame->sizeHint() - form.sizeHint();
+    frame->resize((wanted + border).boundedTo(area_->viewport()->size()).expandedTo(frame->minimumSizeHint()));
+    place(form);
+    focusFirst(form);
+    frame->show();
+    area_->setActiveSubWindow(frame);
+}
+
+/// A window of its own, kept above the one that it was opened from.
+void Forms::showAlone(Form &form, QWidget *above)
+{
+    if (above) {
+        form.setWindowFlag(Qt::Dialog);
+        form.winId();
+        form.windowHandle()->setTransientParent(above->window()->windowHandle());
+    }
+    form.ensurePolished();
+    form.resize(wantedSize(form).expandedTo(form.minimumSizeHint()));
+    place(form);
+    focusFirst(form);
+    form.show();
+    form.raise();
+    form.activateWindow();
+}
+
+void Forms::place(Form &form)
+{
+    if (form.centre_ == Form::Centre::No) {
+        return;
+    }
+    if (auto *frame = frameOf(form); frame && form.centre_ == Form::Centre::InArea) {
+        centreInArea(*frame, *frame->mdiArea());
+    } else if (!frame) {
+        centreOnScreen(form);
+    }
+}
+
+void Forms::ShowModal(const QString &name)
+{
+    auto *form = Load(name);
+    if (!form || form->unloading()) {
+        return;
+    }
+    if (form->isVisible()) {
+        bringToFront(*form);
+        return;
+    }
+    const QPointer<QWidget> caller = frontWindow();
+    auto &tracker = FocusTracker::instance();
+    tracker.noteModal();
+    {
+        const FocusTracker::Pause pause;
+        QEventLoop loop;
+        QObject::connect(form, &Form::unloaded, &loop, &QEventLoop::quit);
+        form->setWindowModality(Qt::ApplicationModal);
+        showAlone(*form, caller);
+        loop.exec();
+    }
+    checkEnded();
+    backTo(caller);
+}
+
+void Forms::Unload(const QString &name)
+{
+    if (auto *form = find(name)) {
+        form->Unload();
+    }
+}
+
+void Forms::unloadAll()
+{
+    const auto names = loaded_.keys();
+    for (const auto &name : names) {
+        Unload(name);
+    }
+}
+
+QWidget *Forms::control(const QString &formName, const QString &controlName)
+{
+    auto *form = find(formName);
+    if (!form) {
+        form = Show(formName);
+    }
+    auto *control = form->findChild<QWidget *>(controlName);
+    if (!control) {
+        raiseUnknown(formName + u'.' + controlName);
+    }
+    return control;
+}
+
+void Forms::write(const QString &form, const QString &controlName, const QString &text)
+{
+    setTextOf(control(form, controlName), text);
+}
+
+void Forms::forget(Form *form)
+{
+    loaded_.removeIf([form](const auto &entry) { return entry.value() == form; });
+}
+
+void CentraForm(Form &form, bool onScreen)
+{
+    form.centre_ = onScreen ? Form::Centre::OnScreen : Form::Centre::InArea;
+    if (form.isVisible()) {
+        Forms::instance().place(form);
+    }
+}
+
+} // namespace ui

@@ -1,14 +1,17 @@
 #pragma once
 
 #include <QHash>
+#include <QMdiArea>
+#include <QPointer>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
-class QMdiArea;
 class QWidget;
 
-namespace ui {
+namespace ui
+{
 
 class Form;
 
@@ -22,7 +25,7 @@ public:
     static Forms &instance();
 
     /// Makes a window known. A name that nobody registered belongs to a window that does not exist.
-    void add(const QString &name, Factory factory);
+    void add(const QString &name, const Factory &factory);
     bool exists(const QString &name) const;
     QStringList names() const;
 
@@ -42,7 +45,8 @@ public:
     void Unload(const QString &name);
     void unloadAll();
 
-    /// The named control of a window, which is opened (`Show`) if it is not. Fails loudly on a name that does not exist.
+    /// The named control of a window, which is opened (`Show`) if it is not. Fails loudly on a name that does not
+    /// exist.
     QWidget *control(const QString &form, const QString &control);
 
     /// Writes the text of a control of a window (text box, label or combo), as a hand-back does.
@@ -54,11 +58,19 @@ public:
 
 private:
     friend class Form;
+    friend void CentraForm(Form &form, bool onScreen);
     void forget(Form *form);
+    Form *make(const QString &name);
+    bool goesIntoArea(const Form &form) const;
+    void bringUp(Form &form);
+    void bringToFront(Form &form);
+    void showInArea(Form &form);
+    void showAlone(Form &form, QWidget *above);
+    void place(Form &form);
 
     QHash<QString, Factory> factories_;
     QHash<QString, Form *> loaded_;
-    QMdiArea *area_ = nullptr;
+    QPointer<QMdiArea> area_;
 };
 
 } // namespace ui

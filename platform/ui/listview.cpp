@@ -1,0 +1,326 @@
+#include "platform/ui/listview.h"
+
+#include "platform/ui/application.h"
+#include "platform/ui/controls.h"
+#include "platform/ui/listmodel.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+#include <numeric>
+
+using namespace Qt::StringLiterals;
+
+namespace ui
+{
+
+namespace
+{
+
+/// Widths are told for letters of this average width, at 15 twips a pixel.
+constexpr double twipsPerPixel = 15;
+constexpr double letterWidth = 6;
+
+} // namespace
+
+QString ListItem::subItem(int column) const
+{
+    return model_->text(row_, column);
+}
+
+void ListItem::setSubItem(int column, const QString &text)
+{
+    model_->setText(row_, column, text);
+}
+
+QString ListItem::tag() const
+{
+    return model_->tag(row_);
+}
+
+void ListItem::setTag(const QString &tag)
+{
+    model_->setTag(row_, tag);
+}
+
+QString ListItem::key() const
+{
+    return model_->key(row_);
+}
+
+void ListItem::setKey(const QString &key)
+{
+    model_->setKey(row_, key);
+}
+
+int ListItem::smallIcon() const
+{
+    return model_->smallIcon(row_);
+}
+
+void ListItem::setSmallIcon(int icon)
+{
+    model_->setSmallIcon(row_, icon);
+}
+
+bool ListItem::checked() const
+{
+    return model_->checked(row_);
+}
+
+void ListItem::setChecked(bool checked)
+{
+    model_->setChecked(row_, checked);
+}
+
+ListView::ListView(QWidget *parent) : QTreeView(parent), model_(new ListModel(this))
+{
+    setModel(model_);
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setExpandsOnDoubleClick(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setAlternatingRowColors(true);
+    setSelectionMode(SingleSelection);
+    setSelectionBehavior(SelectRows);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    header()->setStretchLastSection(false);
+    header()->setSectionsMovable(false);
+    header()->setSectionsClickable(true);
+    header()->setSortIndicatorShown(false);
+    connect(header(), &QHeaderView::sectionClicked, this, &ListView::headerClicked);
+    connect(header(), &QHeaderView::sectionResized, this, [this](int column, int, int width) {
+        if (!sharing_ && column < int(shares_.size())) {
+            shares_[column] = width / stretch_;
+        }
+    });
+    connect(model_, &ListModel::checkedByUser, this, [this](int row) {
+        boxClicked_ = true;
+        Application::run([this, row] { emit itemCheck(row); });
+    });
+    connect(this, &QTreeView::clicked, this, [this](const QModelIndex &index) { rowClicked(index.row()); });
+    connect(this, &QTreeView::doubleClicked, this, [this](const QModelIndex &index) { tellDoubleClick(index.row()); });
+    setSmallIcons({icon(u"document-open"_s)});
+}
+
+void ListView::addColumn(const QString &title, int width, Qt::Alignment alignment)
+{
+    shares_.push_back(width / twipsPerPixel * fontMetrics().averageCharWidth() / letterWidth);
+    model_->addColumn(title, alignment);
+    shareWidth();
+}
+
+void ListView::clearColumns()
+{
+    shares_.clear();
+    forgetSort();
+    model_->clearColumns();
+}
+
+void ListView::setCheckBoxes(bool on)
+{
+    model_->setCheckBoxes(on);
+}
+
+int ListView::columnCount() const
+{
+    return model_->columnCount();
+}
+
+void ListView::setSmallIcons(const QList<QIcon> &icons)
+{
+    model_->setIcons(icons);
+}
+
+ListItem ListView::addItem(const QString &text, const QStringList &subItems)
+{
+    const int row = model_->addRow(text, subItems);
+    announceSoon();
+    return {*model_, row};
+}
+
+int ListView::count() const
+{
+    return model_->count();
+}
+
+ListItem ListView::item(int row) const
+{
+    Q_ASSERT(row >= 0 && row < count());
+    return {*model_, row};
+}
+
+void ListView::removeRow(int row)
+{
+    Q_ASSERT(row >= 0 && row < count());
+    model_->removeOne(row);
+}
+
+void ListView::clear()
+{
+    forgetSort();
+    model_->clear();
+}
+
+int ListView::selectedRow() const
+{
+    const auto rows = selectionModel()->selectedRows();
+    return rows.isEmpty() ? -1 : rows.first().row();
+}
+
+void ListView::selectRow(int row)
+{
+    announce();
+    if (row < 0) {
+        selectionModel()->clear();
+        return;
+    }
+    selectionModel()->setCurrentIndex(model_->index(row, 0),
+                                      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+void ListView::ensureVisible(int row)
+{
+    announce();
+    scrollTo(model_->index(row, 0));
+}
+
+void ListView::sortBy(int column, Qt::SortOrder order)
+{
+    sortColumn_ = column;
+    sortOrder_ = order;
+    header()->setSortIndicator(column, order);
+    header()->setSortIndicatorShown(true);
+    model_->sort(column, order);
+}
+
+void ListView::forgetSort()
+{
+    sortColumn_ = -1;
+    header()->setSortIndicatorShown(false);
+}
+
+void ListView::headerClicked(int column)
+{
+    const bool again = column == sortColumn_ && sortOrder_ == Qt::AscendingOrder;
+    sortBy(column, again ? Qt::DescendingOrder : Qt::AscendingOrder);
+    Application::run([this, column] { emit columnClick(column); });
+}
+
+void ListView::rowClicked(int row)
+{
+    if (!std::exchange(boxClicked_, false)) {
+        tellClick(row);
+    }
+}
+
+void ListView::tellClick(int row)
+{
+    Application::run([this, row] { emit itemClick(row); });
+}
+
+void ListView::tellDoubleClick(int row)
+{
+    Application::run([this, row] { emit itemDoubleClick(row); });
+}
+
+void ListView::mousePressEvent(QMouseEvent *event)
+{
+    boxClicked_ = false;
+    QTreeView::mousePressEvent(event);
+}
+
+void ListView::keyPressEvent(QKeyEvent *event)
+{
+    announce();
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        enterPressed();
+        return;
+    case Qt::Key_Space:
+        if (model_->checkBoxes() && selectedRow() >= 0) {
+            const auto box = model_->index(selectedRow(), 0);
+            model_->setData(box, model_->checked(box.row()) ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+            return;
+        }
+        break;
+    default:
+        break;
+    }
+    const int before = selectedRow();
+    QTreeView::keyPressEvent(event);
+    if (const int row = selectedRow(); row >= 0 && row != before) {
+        tellClick(row);
+    }
+}
+
+void ListView::enterPressed()
+{
+    const int row = currentIndex().row();
+    if (row < 0) {
+        return;
+    }
+    if (selectedRow() != row) {
+        selectRow(row);
+    }
+    tellDoubleClick(row);
+}
+
+void ListView::focusInEvent(QFocusEvent *event)
+{
+    announce();
+    QTreeView::focusInEvent(event);
+}
+
+bool ListView::viewportEvent(QEvent *event)
+{
+    announce();
+    return QTreeView::viewportEvent(event);
+}
+
+void ListView::resizeEvent(QResizeEvent *event)
+{
+    QTreeView::resizeEvent(event);
+    shareWidth();
+}
+
+/// Columns keep their proportions in a list that is wider than all of them; in a narrower one they scroll.
+void ListView::shareWidth()
+{
+    const double wanted = std::accumulate(shares_.begin(), shares_.end(), 0.0);
+    stretch_ = std::max(1.0, viewport()->width() / std::max(1.0, wanted));
+    const QScopedValueRollback guard(sharing_, true);
+    double end = 0;
+    for (int column = 0; column < int(shares_.size()); ++column) {
+        const int start = int(end);
+        end += shares_[column] * stretch_;
+        setColumnWidth(column, int(end) - start);
+    }
+}
+
+/// The view hears of added rows once, when the filling is over; `count` and `item` know them at once.
+void ListView::announceSoon()
+{
+    if (!std::exchange(announcing_, true)) {
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                announcing_ = false;
+                announce();
+            },
+            Qt::QueuedConnection);
+    }
+}
+
+void ListView::announce() const
+{
+    model_->announce();
+}
+
+} // namespace ui

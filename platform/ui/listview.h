@@ -1,8 +1,13 @@
 #pragma once
 
+#include <QIcon>
+#include <QList>
 #include <QTreeView>
 
-namespace ui {
+#include <vector>
+
+namespace ui
+{
 
 class ListModel;
 class ListView;
@@ -36,7 +41,8 @@ private:
 };
 
 /// The list in report view: 200,000 rows without a pause, sorted as text by a click on a header (a new column
-/// ascending, the same again reversed).
+/// ascending, the same again reversed). Rows added or put in anew stand in the order of their arrival.
+/// A row number out of range is a programming error.
 class ListView : public QTreeView
 {
     Q_OBJECT
@@ -44,19 +50,28 @@ class ListView : public QTreeView
 public:
     explicit ListView(QWidget *parent = nullptr);
 
-    /// Adds a column. `width` is in twips and gives the proportions.
+    /// Adds a column. `width` is in twips and gives the proportions: columns share a wide list, a narrow one scrolls.
     void addColumn(const QString &title, int width, Qt::Alignment alignment = Qt::AlignLeft);
+
+    /// Takes away columns and rows, for a list that shows something else from here on.
+    void clearColumns();
     void setCheckBoxes(bool on);
     int columnCount() const;
+
+    /// The pictures of `ListItem::setSmallIcon`, the first one being 1. Without a call 1 marks a row that opens an
+    /// order.
+    void setSmallIcons(const QList<QIcon> &icons);
 
     ListItem addItem(const QString &text, const QStringList &subItems = {});
     int count() const;
     ListItem item(int row) const;
     void removeRow(int row);
+
+    /// Removes all rows; the sort is forgotten with them.
     void clear();
 
     int selectedRow() const; ///< -1 for none
-    void selectRow(int row);
+    void selectRow(int row); ///< chosen by the program: no `itemClick`
     void ensureVisible(int row);
     void sortBy(int column, Qt::SortOrder order);
 
@@ -64,13 +79,34 @@ signals:
     void itemClick(int row);       ///< a row was clicked or chosen by the keyboard
     void itemDoubleClick(int row); ///< double click, or Enter on the list
     void columnClick(int column);
-    void itemCheck(int row);
+    void itemCheck(int row); ///< the user has set or cleared the check box; the row's new state stands
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void headerClicked(int column);
+    void rowClicked(int row);
+    void tellClick(int row);
+    void tellDoubleClick(int row);
+    void enterPressed();
+    void forgetSort();
+    void shareWidth();
+    void announceSoon();
+    void announce() const;
+
     ListModel *model_;
+    std::vector<double> shares_; // the columns' widths in pixels, before they share a wider list
+    double stretch_ = 1;         // how much wider they are than that
+    int sortColumn_ = -1;
+    Qt::SortOrder sortOrder_ = Qt::AscendingOrder;
+    bool announcing_ = false; // an announcement of added rows is on its way
+    bool sharing_ = false;
+    bool boxClicked_ = false; // this click was the check box's
 };
 
 } // namespace ui

@@ -1,0 +1,51 @@
+#include "platform/ui/wait.h"
+
+#include "platform/ui/application.h"
+
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <QTimer>
+
+#include <chrono>
+
+namespace ui
+{
+
+namespace
+{
+
+double waitFactor = 1;
+
+} // namespace
+
+void setWaitFactor(double factor)
+{
+    waitFactor = factor;
+}
+
+void Espera(double seconds)
+{
+    const std::chrono::duration<double> length(seconds * waitFactor);
+    QEventLoop loop;
+    QTimer::singleShot(std::chrono::duration_cast<std::chrono::milliseconds>(length), &loop, &QEventLoop::quit);
+    loop.exec();
+    checkEnded();
+}
+
+void DoEvents()
+{
+    QCoreApplication::processEvents();
+    checkEnded();
+}
+
+Hourglass::Hourglass()
+{
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+Hourglass::~Hourglass()
+{
+    QGuiApplication::restoreOverrideCursor();
+}
+
+} // namespace ui

@@ -1,6 +1,7 @@
 #pragma once
 
-namespace ui {
+namespace ui
+{
 
 /// Waits `seconds` by the clock, letting events run. Tests may set the factor to 0.
 void Espera(double seconds);

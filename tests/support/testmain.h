@@ -4,7 +4,8 @@
 
 #include <QTest>
 
-namespace support {
+namespace support
+{
 
 /// Sets the application up as the program's main function does.
 void prepareApplication();

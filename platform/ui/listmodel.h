@@ -1,0 +1,107 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QIcon>
+#include <QList>
+#include <QStringList>
+
+#include <vector>
+
+namespace ui
+{
+
+/// The rows of a `ListView`. All texts stand in one string, a cell is a place in it: 200,000 rows take less memory than
+/// their texts as a list of lists. Added rows are told to the view in one piece, by `announce`.
+class ListModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    void addColumn(const QString &title, Qt::Alignment alignment);
+    void clearColumns();
+    void setCheckBoxes(bool on);
+    bool checkBoxes() const { return checkBoxes_; }
+    void setIcons(const QList<QIcon> &icons) { icons_ = icons; }
+
+    int count() const { return int(order_.size()); }
+    int addRow(const QString &text, const QStringList &subItems);
+    void removeOne(int row);
+    void clear();
+
+    /// Memory that the rows take, in bytes.
+    qsizetype bytesHeld() const;
+
+    /// Makes the rows added since the last call known to the view.
+    void announce();
+
+    QString text(int row, int column) const;
+    void setText(int row, int column, const QString &text);
+    QString tag(int row) const { return stringAt(tags_, row); }
+    void setTag(int row, const QString &tag) { setStringAt(tags_, row, tag); }
+    QString key(int row) const { return stringAt(keys_, row); }
+    void setKey(int row, const QString &key) { setStringAt(keys_, row, key); }
+    int smallIcon(int row) const;
+    void setSmallIcon(int row, int icon);
+    bool checked(int row) const;
+    void setChecked(int row, bool on);
+
+    /// Sorts the rows by a column as text, without regard to case; equal texts keep their order.
+    void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+
+signals:
+    /// The user has set or cleared a row's check box.
+    void checkedByUser(int row);
+
+private:
+    struct Column {
+        QString title;
+        Qt::Alignment alignment;
+    };
+    /// A piece of the text store.
+    struct Piece {
+        quint32 start = 0;
+        quint32 length = 0;
+    };
+
+    Piece store(const QString &text);
+    QStringView view(Piece piece) const;
+    void put(Piece &piece, const QString &text);
+    void compact();
+    void widen(int columns);
+    void dropAll();
+    QVariant mark(int row) const;
+    void showChange(int row, int column);
+    QString stringAt(const std::vector<Piece> &pieces, int row) const;
+    void setStringAt(std::vector<Piece> &pieces, int row, const QString &text);
+    std::vector<quint32> sortedOrder(int column, Qt::SortOrder order) const;
+    void applyOrder(std::vector<quint32> order);
+
+    QList<Column> columns_;
+    QList<QIcon> icons_;
+    QString texts_;              // every text of the list, one behind the other
+    std::vector<Piece> cells_;   // by stored row and column
+    std::vector<quint32> order_; // the stored row behind each shown one
+    std::vector<Piece> tags_;    // by stored row, as far as any row has one; so the next three
+    std::vector<Piece> keys_;
+    std::vector<quint8> marks_;
+    std::vector<bool> checks_;
+    qsizetype dead_ = 0; // characters of the store that no cell shows any more
+    int stride_ = 1;     // cells of a stored row
+    int stored_ = 0;     // rows stored, removed ones included
+    int announced_ = 0;  // rows that the view knows of
+    bool checkBoxes_ = false;
+};
+
+/// The list's text order: letter by letter by their capitals, in the order of the Western code page.
+bool lessAsText(QStringView left, QStringView right);
+
+} // namespace ui

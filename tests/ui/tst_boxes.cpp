@@ -1,0 +1,296 @@
+#include "platform/ui/boxes.h"
+#include "tests/support/boxes.h"
+#include "tests/support/testmain.h"
+
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSignalSpy>
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr int pollMilliseconds = 5;
+
+/// Looks at the open box once, from inside its event loop.
+void whenBox(const std::function<void(QWidget *)> &action)
+{
+    auto *timer = new QTimer(qApp);
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, action] {
+        if (auto *box = QApplication::activeModalWidget()) {
+            timer->stop();
+            timer->deleteLater();
+            action(box);
+        }
+    });
+    timer->start(pollMilliseconds);
+}
+
+QString plain(QString caption)
+{
+    return caption.remove(u'&');
+}
+
+QStringList captionsOf(const QWidget *box)
+{
+    QStringList captions;
+    for (const auto *button : box->findChildren<QPushButton *>()) {
+        captions.append(plain(button->text()));
+    }
+    captions.sort();
+    return captions;
+}
+
+} // namespace
+
+class tst_boxes : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { ui::setBoxTitle(u"OFICINA DO ZÉ"_s); }
+
+    void messageCarriesTextTitleIconAndPortugueseButton();
+    void textIsNeverReadAsMarkup();
+    void questionAnswers_data();
+    void questionAnswers();
+    void yesIsTheDefaultButton();
+    void theLetterOfAButtonAnswers();
+    void escapeIsNo();
+    void closingAQuestionIsNo();
+    void escapeIsCancel();
+    void okAndCancelAnswer();
+    void callMayGiveItsOwnTitle();
+    void inputBoxOffersItsDefaultSelected();
+    void inputBoxTakesWhatIsTypedOver();
+    void inputBoxCancelledIsEmpty();
+    void inputBoxKeepsLineBreaksOfThePrompt();
+    void boxIsModalAboveTheActiveWindow();
+    void boxSurvivesAParentThatGoes();
+
+    void unexpectedBoxFailsTheTest();
+    void boxThatDiffersFailsTheTest_data();
+    void boxThatDiffersFailsTheTest();
+    void boxThatNeverCameFailsTheTest();
+};
+
+void tst_boxes::messageCarriesTextTitleIconAndPortugueseButton()
+{
+    QPointer<QWidget> seen;
+    whenBox([&](QWidget *widget) {
+        seen = widget;
+        auto *box = qobject_cast<QMessageBox *>(widget);
+        QVERIFY(box);
+        QCOMPARE(box->text(), u"Nome Inválido"_s);
+        QCOMPARE(box->windowTitle(), u"OFICINA DO ZÉ"_s);
+        QCOMPARE(box->icon(), QMessageBox::Warning);
+        QCOMPARE(captionsOf(box), QStringList{u"OK"_s});
+        QTest::keyClick(box->windowHandle(), Qt::Key_Return);
+    });
+    ui::MsgBox(u"Nome Inválido"_s, ui::Icon::Exclamation);
+    QVERIFY(!seen);
+}
+
+void tst_boxes::textIsNeverReadAsMarkup()
+{
+    QString text;
+    whenBox([&](QWidget *box) {
+        text = box->findChild<QLabel *>(u"qt_msgbox_label"_s)->text();
+        QCOMPARE(static_cast<QMessageBox *>(box)->textFormat(), Qt::PlainText);
+        QTest::keyClick(box->windowHandle(), Qt::Key_Escape);
+    });
+    ui::MsgBox(u"<b>JOSÉ</b>"_s, ui::Icon::Information);
+    QCOMPARE(text, u"<b>JOSÉ</b>"_s);
+}
+
+void tst_boxes::questionAnswers_data()
+{
+    QTest::addColumn<bool>("yes");
+    QTest::newRow("Sim") << true;
+    QTest::newRow("Não") << false;
+}
+
+void tst_boxes::questionAnswers()
+{
+    QFETCH(bool, yes);
+    support::Boxes boxes;
+    boxes.title(u"OFICINA DO ZÉ"_s).question(u"Confirma a Inclusão"_s, yes);
+    QCOMPARE(ui::Confirm(u"Confirma a Inclusão"_s), yes);
+}
+
+void tst_boxes::yesIsTheDefaultButton()
+{
+    QStringList captions;
+    whenBox([&](QWidget *box) {
+        captions = captionsOf(box);
+        QTest::keyClick(box->windowHandle(), Qt::Key_Return);
+    });
+    QVERIFY(ui::Confirm(u"Confirma"_s));
+    QCOMPARE(captions, (QStringList{u"Não"_s, u"Sim"_s}));
+}
+
+void tst_boxes::theLetterOfAButtonAnswers()
+{
+    whenBox([](QWidget *box) { QTest::keyClick(box->windowHandle(), Qt::Key_N); });
+    QVERIFY(!ui::Confirm(u"Confirma"_s));
+}
+
+void tst_boxes::escapeIsNo()
+{
+    whenBox([](QWidget *box) { QTest::keyClick(box->windowHandle(), Qt::Key_Escape); });
+    QVERIFY(!ui::Confirm(u"Confirma"_s));
+}
+
+void tst_boxes::closingAQuestionIsNo()
+{
+    whenBox([](QWidget *box) { box->close(); });
+    QVERIFY(!ui::Confirm(u"Confirma"_s));
+}
+
+void tst_boxes::escapeIsCancel()
+{
+    whenBox([](QWidget *box) {
+        QCOMPARE(captionsOf(box), (QStringList{u"Cancelar"_s, u"OK"_s}));
+        QTest::keyClick(box->windowHandle(), Qt::Key_Escape);
+    });
+    QVERIFY(!ui::ConfirmOk(u"Illegal Characters <A> found"_s, ui::Icon::Exclamation));
+}
+
+void tst_boxes::okAndCancelAnswer()
+{
+    support::Boxes boxes;
+    boxes.okCancel(u"Segue?"_s, QMessageBox::Warning, true).okCancel(u"Segue?"_s, QMessageBox::Critical, false);
+    QVERIFY(ui::ConfirmOk(u"Segue?"_s, ui::Icon::Exclamation));
+    QVERIFY(!ui::ConfirmOk(u"Segue?"_s, ui::Icon::Critical));
+}
+
+void tst_boxes::callMayGiveItsOwnTitle()
+{
+    support::Boxes boxes;
+    boxes.title(u"PROGRAM ERROR"_s).information(u"x"_s);
+    ui::MsgBox(u"x"_s, ui::Icon::Information, u"PROGRAM ERROR"_s);
+}
+
+void tst_boxes::inputBoxOffersItsDefaultSelected()
+{
+    QString selected;
+    whenBox([&](QWidget *box) {
+        QCOMPARE(box->windowTitle(), u"OFICINA DO ZÉ"_s);
+        QCOMPARE(captionsOf(box), (QStringList{u"Cancelar"_s, u"OK"_s}));
+        selected = box->findChild<QLineEdit *>()->selectedText();
+        QTest::keyClick(box->windowHandle(), Qt::Key_Return);
+    });
+    QCOMPARE(ui::InputBox(u"Quantidade"_s, ui::boxTitle(), u"01"_s), u"01"_s);
+    QCOMPARE(selected, u"01"_s);
+}
+
+void tst_boxes::inputBoxTakesWhatIsTypedOver()
+{
+    support::Boxes boxes;
+    boxes.input(u"Descrição"_s, u"Óleo, 1,5 l"_s).inputKeep(u"Código"_s, u"0007"_s);
+    QCOMPARE(ui::InputBox(u"Descrição"_s, ui::boxTitle(), u"FILTRO"_s), u"Óleo, 1,5 l"_s);
+    QCOMPARE(ui::InputBox(u"Código"_s, ui::boxTitle(), u"0007"_s), u"0007"_s);
+}
+
+void tst_boxes::inputBoxCancelledIsEmpty()
+{
+    support::Boxes boxes;
+    boxes.inputCancel(u"Descrição"_s);
+    QCOMPARE(ui::InputBox(u"Descrição"_s, ui::boxTitle(), u"FILTRO"_s), QString());
+}
+
+void tst_boxes::inputBoxKeepsLineBreaksOfThePrompt()
+{
+    support::Boxes boxes;
+    boxes.input(u"Tipo:\nP - Peça\nS - Serviços\nA - Avulso"_s, u"P"_s);
+    QCOMPARE(ui::InputBox(u"Tipo:\nP - Peça\nS - Serviços\nA - Avulso"_s), u"P"_s);
+}
+
+void tst_boxes::boxIsModalAboveTheActiveWindow()
+{
+    QWidget window;
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QWidget *parent = nullptr;
+    auto modality = Qt::NonModal;
+    whenBox([&](QWidget *box) {
+        parent = box->parentWidget();
+        modality = box->windowModality();
+        QTest::keyClick(box->windowHandle(), Qt::Key_Return);
+    });
+    ui::MsgBox(u"x"_s, ui::Icon::Information);
+    QCOMPARE(parent, &window);
+    QCOMPARE(modality, Qt::ApplicationModal);
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+}
+
+void tst_boxes::boxSurvivesAParentThatGoes()
+{
+    auto *window = new QWidget;
+    window->show();
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window));
+    whenBox([&](QWidget *) { delete window; });
+    QVERIFY(!ui::Confirm(u"x"_s));
+}
+
+void tst_boxes::unexpectedBoxFailsTheTest()
+{
+    QStringList failures;
+    support::Boxes boxes;
+    boxes.reportTo([&](const QString &text) { failures.append(text); });
+    ui::MsgBox(u"x"_s, ui::Icon::Information);
+    QVERIFY(!ui::Confirm(u"apaga?"_s));
+    QCOMPARE(failures.size(), 2);
+    QVERIFY(failures.first().contains(u"unexpected"_s));
+}
+
+void tst_boxes::boxThatDiffersFailsTheTest_data()
+{
+    QTest::addColumn<std::function<void(support::Boxes &)>>("expect");
+    using Expect = std::function<void(support::Boxes &)>;
+    QTest::newRow("text") << Expect([](support::Boxes &boxes) { boxes.question(u"grava?"_s, true); });
+    QTest::newRow("icon") << Expect([](support::Boxes &boxes) { boxes.information(u"apaga?"_s); });
+    QTest::newRow("kind") << Expect([](support::Boxes &boxes) { boxes.input(u"apaga?"_s, u"sim"_s); });
+    QTest::newRow("buttons") << Expect(
+        [](support::Boxes &boxes) { boxes.okCancel(u"apaga?"_s, QMessageBox::Question, true); });
+    QTest::newRow("title") << Expect(
+        [](support::Boxes &boxes) { boxes.title(u"OUTRA"_s).question(u"apaga?"_s, false); });
+}
+
+void tst_boxes::boxThatDiffersFailsTheTest()
+{
+    QFETCH(std::function<void(support::Boxes &)>, expect);
+    QStringList failures;
+    support::Boxes boxes;
+    boxes.reportTo([&](const QString &text) { failures.append(text); });
+    expect(boxes);
+    QVERIFY(!ui::Confirm(u"apaga?"_s));
+    QCOMPARE(failures.size(), 1);
+}
+
+void tst_boxes::boxThatNeverCameFailsTheTest()
+{
+    QStringList failures;
+    {
+        support::Boxes boxes;
+        boxes.reportTo([&](const QString &text) { failures.append(text); });
+        boxes.information(u"y"_s).inputCancel(u"z"_s);
+    }
+    QCOMPARE(failures.size(), 2);
+    QVERIFY(failures.first().contains(u"never came"_s));
+}
+
+int main(int argc, char **argv)
+{
+    return support::runTest<tst_boxes>(argc, argv);
+}
+
+#include "tst_boxes.moc"

@@ -1,0 +1,220 @@
+#include "platform/runtime/clock.h"
+#include "platform/runtime/dates.h"
+#include "platform/ui/controls.h"
+#include "platform/ui/wait.h"
+#include "tests/support/testmain.h"
+
+#include <QCheckBox>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+QColor darkestOf(const QIcon &icon)
+{
+    const auto picture = icon.pixmap(32, 32).toImage();
+    QColor darkest = Qt::white;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const auto pixel = picture.pixelColor(x, y);
+            if (pixel.alpha() > 200 && pixel.lightness() < darkest.lightness()) {
+                darkest = pixel;
+            }
+        }
+    }
+    return darkest;
+}
+
+void typeDigits(QWidget &widget, const char *digits)
+{
+    for (; *digits; ++digits) {
+        QTest::keyClick(&widget, *digits);
+    }
+}
+
+/// The application's palette for the length of a case.
+class Palette
+{
+public:
+    explicit Palette(const QColor &window, const QColor &text)
+    {
+        auto palette = before_;
+        for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button}) {
+            palette.setColor(role, window);
+        }
+        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+            palette.setColor(role, text);
+        }
+        QApplication::setPalette(palette);
+    }
+    ~Palette() { QApplication::setPalette(before_); }
+    Palette(const Palette &) = delete;
+    Palette &operator=(const Palette &) = delete;
+
+private:
+    QPalette before_ = QApplication::palette();
+};
+
+} // namespace
+
+class tst_controls : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void labelTellsItsChangesOnce();
+    void pickerShowsTodayTheBrazilianWay();
+    void pickerTakesTypedDigits();
+    void pickerTakesDigitsWhereItIsClicked();
+    void iconComesFromTheTheme();
+    void iconFollowsThePalette();
+    void unknownIconIsDrawn();
+    void emptyCheckBoxShowsOnBothPalettes();
+    void waitLetsEventsRun();
+    void waitLastsItsTime();
+    void waitingPointerComesAndGoes();
+};
+
+void tst_controls::labelTellsItsChangesOnce()
+{
+    ui::Label label;
+    const QSignalSpy changed(&label, &ui::Label::textChanged);
+    label.setText(u"1"_s);
+    label.setText(u"1"_s);
+    label.setText(QString());
+    QCOMPARE(changed.count(), 2);
+    QCOMPARE(changed.first().first().toString(), u"1"_s);
+    QCOMPARE(label.text(), QString());
+}
+
+void tst_controls::pickerShowsTodayTheBrazilianWay()
+{
+    runtime::setClock(runtime::DateSerial(2024, 5, 15));
+    const ui::DTPicker picker;
+    runtime::setClock({});
+    QCOMPARE(picker.text(), u"15/05/2024"_s);
+    QVERIFY(picker.calendarPopup());
+    QCOMPARE(picker.locale().monthName(5), u"maio"_s);
+}
+
+void tst_controls::pickerTakesTypedDigits()
+{
+    ui::DTPicker picker;
+    picker.show();
+    picker.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&picker));
+    QTest::keyClick(&picker, Qt::Key_Home);
+    typeDigits(picker, "01022023");
+    QCOMPARE(picker.date(), QDate(2023, 2, 1));
+    QTest::keyClick(&picker, Qt::Key_End);
+    typeDigits(picker, "2024");
+    QCOMPARE(picker.date(), QDate(2024, 2, 1));
+}
+
+void tst_controls::pickerTakesDigitsWhereItIsClicked()
+{
+    ui::DTPicker picker;
+    picker.setDate(QDate(2024, 5, 15));
+    picker.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&picker));
+    auto *edit = picker.findChild<QLineEdit *>();
+    const int month = edit->fontMetrics().horizontalAdvance(u"15/0"_s) + 4;
+    QTest::mouseClick(edit, Qt::LeftButton, {}, QPoint(month, edit->height() / 2));
+    typeDigits(picker, "09");
+    QCOMPARE(picker.date(), QDate(2024, 9, 15));
+}
+
+void tst_controls::iconComesFromTheTheme()
+{
+    for (const auto &name :
+         {u"document-print"_s, u"document-open"_s, u"list-add"_s, u"list-remove"_s, u"edit-find"_s}) {
+        QVERIFY2(!ui::icon(name).isNull(), qPrintable(name));
+        QCOMPARE(ui::icon(name).name(), name);
+    }
+}
+
+void tst_controls::iconFollowsThePalette()
+{
+    {
+        const Palette light(Qt::white, Qt::black);
+        QVERIFY(darkestOf(ui::icon(u"list-add"_s)).lightness() < 128);
+    }
+    const Palette dark(QColor(32, 32, 32), Qt::white);
+    QVERIFY(darkestOf(ui::icon(u"list-add"_s)).lightness() > 128);
+}
+
+void tst_controls::unknownIconIsDrawn()
+{
+    const auto drawn = ui::icon(u"no-such-icon"_s);
+    QVERIFY(!drawn.isNull());
+    QVERIFY(drawn.name().isEmpty());
+    QVERIFY(darkestOf(drawn).lightness() < 128);
+}
+
+void tst_controls::emptyCheckBoxShowsOnBothPalettes()
+{
+    const QList<std::pair<QColor, QColor>> palettes{{Qt::white, Qt::black}, {QColor(32, 32, 32), Qt::white}};
+    for (const auto &[ground, text] : palettes) {
+        const Palette palette(ground, text);
+        QCheckBox box;
+        box.resize(40, 40);
+        const auto picture = box.grab().toImage();
+        int contrast = 0;
+        for (int x = 0; x < picture.width(); ++x) {
+            const int lightness = picture.pixelColor(x, picture.height() / 2).lightness();
+            contrast = std::max(contrast, std::abs(lightness - ground.lightness()));
+        }
+        QVERIFY2(contrast > 40, qPrintable(QString::number(contrast)));
+    }
+}
+
+void tst_controls::waitLetsEventsRun()
+{
+    ui::setWaitFactor(1);
+    bool ran = false;
+    QTimer::singleShot(0, this, [&] { ran = true; });
+    ui::Espera(0.05);
+    ui::setWaitFactor(0);
+    QVERIFY(ran);
+    ran = false;
+    QTimer::singleShot(0, this, [&] { ran = true; });
+    ui::DoEvents();
+    QVERIFY(ran);
+}
+
+void tst_controls::waitLastsItsTime()
+{
+    QElapsedTimer clock;
+    clock.start();
+    ui::setWaitFactor(0.1);
+    ui::Espera(1);
+    ui::setWaitFactor(0);
+    QVERIFY(clock.elapsed() >= 95);
+    clock.restart();
+    ui::Espera(3600);
+    QVERIFY(clock.elapsed() < 5000);
+}
+
+void tst_controls::waitingPointerComesAndGoes()
+{
+    QVERIFY(!QGuiApplication::overrideCursor());
+    {
+        const ui::Hourglass outer;
+        const ui::Hourglass inner;
+        QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    }
+    QVERIFY(!QGuiApplication::overrideCursor());
+}
+
+int main(int argc, char **argv)
+{
+    return support::runTest<tst_controls>(argc, argv);
+}
+
+#include "tst_controls.moc"
