@@ -1,0 +1,57 @@
+#include "core/banco.h"
+
+#include "core/modulo.h"
+#include "platform/dao/recordset.h"
+#include "platform/runtime/runtime.h"
+
+using namespace Qt::StringLiterals;
+
+namespace core
+{
+
+namespace
+{
+
+QString primeiroCampo(const QString &consulta)
+{
+    if (!DBDados) {
+        return {};
+    }
+    const dao::Recordset linhas = DBDados->OpenRecordset(consulta);
+    return linhas.Eof() ? QString() : NuloParaVazio(linhas.value(0));
+}
+
+} // namespace
+
+QString LocalizaCampo(const QString &campo, const QString &tabela, const QString &condicao)
+{
+    try {
+        return primeiroCampo(u"SELECT "_s + campo + u" FROM "_s + tabela + u" WHERE "_s + condicao);
+    } catch (const runtime::RuntimeError &) {
+        // A look-up that fails is a look-up without an answer: the callers test for "" alone.
+        return {};
+    }
+}
+
+runtime::Value ValorOuNulo(const QString &texto)
+{
+    if (texto.isEmpty()) {
+        return runtime::Null{};
+    }
+    return texto;
+}
+
+QString NuloParaVazio(const runtime::Value &valor)
+{
+    if (runtime::IsNull(valor) || runtime::IsEmpty(valor)) {
+        return {};
+    }
+    return runtime::CStr(valor);
+}
+
+bool Verdadeiro(const runtime::Value &valor)
+{
+    return !runtime::IsNull(valor) && runtime::CBool(valor);
+}
+
+} // namespace core

@@ -4,10 +4,11 @@
 
 #include <QString>
 
-namespace core {
+namespace core
+{
 
-/// The first field of the first row of "SELECT campo FROM tabela WHERE condicao" as text; "" for no row, for Null and for
-/// any error. `campo` may be an expression such as "count(Codigo)".
+/// The first field of the first row of "SELECT campo FROM tabela WHERE condicao" as text; "" for no row, for Null and
+/// for any error. `campo` may be an expression such as "count(Codigo)".
 QString LocalizaCampo(const QString &campo, const QString &tabela, const QString &condicao);
 
 /// A text for a field: Null when it is empty, since the tables take no empty text.

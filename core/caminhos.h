@@ -2,10 +2,19 @@
 
 #include <QString>
 
-namespace core {
+namespace core
+{
 
 /// Turns a path as the program and its settings write it (backslashes, any case) into one of this system. Each
 /// part that exists under another case is taken as it stands on disk, so `\DADOS` and `\dados` are one folder.
 QString caminho(const QString &texto);
+
+/// The program folder of an installation: `instalacao`, where the executable stands, when files can be written there;
+/// else `dadosDoUsuario`, filled from the installation on its first use.
+QString pastaDoPrograma(const QString &instalacao, const QString &dadosDoUsuario);
+
+/// Copies what an installation ships (pictures, batch files, postal codes) to `destino`; files that stand there are
+/// kept.
+void preenchePasta(const QString &instalacao, const QString &destino);
 
 } // namespace core

@@ -4,24 +4,30 @@
 
 class QComboBox;
 
-namespace ui {
+namespace ui
+{
 class ListView;
 }
 
-namespace core {
+namespace core
+{
 
 /// The lists of free texts that the user keeps, by their number in the table Combos.
 enum class ListaCombo { MarcaModelo = 1, Bancos = 2, DescricaoItens = 3, DescricaoContas = 4, Mecanicos = 5 };
 enum class ModoCombo { Carrega = 1, Acrescenta = 2, Exclui = 3 };
 
-/// Loads a combo from its list, after adding the combo's text to it or deleting it from it.
+/// Loads a combo from its list, after adding the combo's text to it or deleting it from it. A load empties the
+/// text, but for an added one, and selects it in a window that is visible. An empty text, one over 200 characters (a
+/// box tells) and one that is in the list already are not added. An apostrophe is the statement's run-time error.
 void AtualizaCombo(QComboBox *combo, ListaCombo lista, ModoCombo modo);
 
-/// Completes the typed text by the first entry that begins with it; to be called on each change of the text.
+/// Completes the typed text by the first entry that begins with it, the added part selected; to be called on each
+/// change of the text. A deletion is left alone, or the completed part could never be taken off. Does nothing with
+/// `AutoCompletar` off.
 void AutoCompletaCombo(QComboBox *combo);
 
-/// Sets the row selection on every row whose cell begins with `texto`, without regard to case; with `parar` the first match
-/// ends the search and is scrolled to. `coluna` counts from 1. True for an empty text or a match.
+/// Sets the row selection on every row whose cell begins with `texto`, without regard to case; with `parar` the first
+/// match ends the search and is scrolled to. `coluna` counts from 1. True for an empty text or a match.
 bool LocalizaLista(ui::ListView *lista, const QString &texto, int coluna, bool selecionar, bool parar);
 
 } // namespace core

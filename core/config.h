@@ -2,7 +2,8 @@
 
 #include <QString>
 
-namespace core {
+namespace core
+{
 
 /// A key of `ArquivoINI`, "" when absent, at most 254 characters of it. `embaralhado` values are unscrambled.
 QString LeINI(const QString &secao, const QString &chave, bool embaralhado);

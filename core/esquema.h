@@ -4,7 +4,8 @@
 
 #include <functional>
 
-namespace core {
+namespace core
+{
 
 /// Shows a critical box with this text; the schema code itself opens no window.
 using AvisoCritico = std::function<void(const QString &texto)>;
@@ -13,8 +14,8 @@ using AvisoCritico = std::function<void(const QString &texto)>;
 extern const QString camposSenha;
 
 /// Creates `nome` in DBDados from the field-list text "Name.Type,Name.Text;size", which is consumed: the caller's
-/// string is empty on return. A type word that is unknown leaves the type of the field before in force. False after an error,
-/// which is told through `aviso` as "Erro na Criação da Tabela " and its cause.
+/// string is empty on return. A type word that is unknown leaves the type of the field before in force. False after an
+/// error, which is told through `aviso` as "Erro na Criação da Tabela " and its cause.
 bool CriaTabela(const QString &nome, QString &campos, const AvisoCritico &aviso);
 
 /// Brings DBDados up to the current schema: creates what is missing, then runs the upgrades, each failure passed over.

@@ -5,7 +5,8 @@
 
 #include <QString>
 
-namespace core {
+namespace core
+{
 
 /// The masks of the whole system.
 inline constexpr auto mascaraValor = u"###,##0.00";
@@ -15,8 +16,8 @@ inline constexpr auto mascaraCodigo = u"0000";
 
 // --- formatos.cpp
 
-/// A date literal for a statement, always month first: 1 "#d#", 3 one whole day, 4 a range, 5 a range of whole days, the
-/// last three to follow BETWEEN. Any other mode gives "".
+/// A date literal for a statement, always month first: 1 "#d#", 3 one whole day, 4 a range, 5 a range of whole days,
+/// the last three to follow BETWEEN. Any other mode gives "".
 QString DataSQL(const runtime::Value &data1, int modo, const runtime::Value &data2 = {});
 
 /// A quantity by its unit code: three decimals where it has a fraction to three places, else "00" for the units
@@ -26,7 +27,8 @@ QString FormataQuantidade(double valor, int codigoUM);
 /// The unit's name: UNIDADE, QUILOS, LITROS, GALÃO, PACOTE; "" for any other code.
 QString NomeDaUnidade(int codigoUM);
 
-/// The share of a value by way of text: "00.000" without its comma, behind "0,". 100 % and more act by their digits, 100 as 0.1.
+/// The share of a value by way of text: "00.000" without its comma, behind "0,". 100 % and more act by their digits,
+/// 100 as 0.1.
 QString Percentual(double valor, double percentual);
 
 /// CDbl(label) + CDbl(cell) as "###,##0.00": how every running total of the lists is kept.
@@ -34,7 +36,8 @@ QString SomaTexto(const QString &total, const QString &parcela);
 
 // --- extenso.cpp
 
-/// The value in words, for receipts; with `moeda` in reais and centavos. "" for Null, what is no number, 0 or less, above 9999999.99.
+/// The value in words, for receipts; with `moeda` in reais and centavos. "" for Null, what is no number, 0 or less,
+/// above 9999999.99.
 QString ValorPorExtenso(const runtime::Value &valor, bool moeda);
 
 // --- documentos.cpp
@@ -54,10 +57,15 @@ runtime::Value FormataDocumento(const QString &texto, bool tirar);
 
 QString AlinhaEsquerda(const QString &texto, int largura); ///< padded behind, or cut
 QString AlinhaDireita(const QString &texto, int largura);  ///< padded in front, or cut to its first characters
-QString CentraTexto(const QString &texto, int largura);    ///< padded alternately in front and behind, beginning in front
+QString CentraTexto(const QString &texto, int largura); ///< padded alternately in front and behind, beginning in front
+
+/// The lines of a word-wrapped text, broken as `ImprimeQuebrado` prints it.
+QStringList QuebraTexto(const QString &texto, int largura);
 
 /// Prints word-wrapped. A piece of `largura` characters without a blank is broken hard at the width.
 void ImprimeQuebrado(const QString &texto, int largura, printer::Surface &saida);
+
+// --- janelas.cpp: it beeps, so it comes with the windows
 
 /// KeyPress filter: digits and Backspace pass, with `comDecimais` also "," and "."; anything else beeps and gives 0.
 QChar SoDigitos(QChar tecla, bool comDecimais);

@@ -2,7 +2,8 @@
 
 #include <QString>
 
-namespace core {
+namespace core
+{
 
 enum class TipoInformacao { Cliente = 0, Veiculo = 1, Peca = 2 };
 

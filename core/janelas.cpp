@@ -1,0 +1,238 @@
+#include "core/janelas.h"
+
+#include "core/embaralha.h"
+#include "core/funcoes.h"
+#include "core/modulo.h"
+#include "platform/runtime/runtime.h"
+#include "platform/ui/boxes.h"
+#include "platform/ui/form.h"
+
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace core
+{
+
+namespace
+{
+
+constexpr auto propTextoAnterior = "textoAnterior";
+constexpr auto propDinheiro = "dinheiro";
+
+void selecionaTudo(QWidget *controle)
+{
+    if (auto *linha = qobject_cast<QLineEdit *>(controle)) {
+        linha->selectAll();
+    } else if (auto *caixa = qobject_cast<QPlainTextEdit *>(controle)) {
+        caixa->selectAll();
+    } else if (auto *combo = qobject_cast<QComboBox *>(controle); combo != nullptr && combo->lineEdit() != nullptr) {
+        combo->lineEdit()->selectAll();
+    }
+}
+
+// --- masks
+
+/// The marks of a mask: what is put in front or behind when the text reaches a length.
+struct Marca {
+    TipoMascara tipo;
+    qsizetype tamanho;
+    QStringView frente;
+    QStringView atras;
+};
+
+constexpr std::array<Marca, 8> marcas{{
+    {TipoMascara::Data, 2, u"", u"/"},
+    {TipoMascara::Data, 5, u"", u"/"},
+    {TipoMascara::Fone, 1, u"(", u""},
+    {TipoMascara::Fone, 3, u"", u") "},
+    {TipoMascara::Fone, 9, u"", u"-"},
+    {TipoMascara::Ano, 4, u"", u"/"},
+    {TipoMascara::CEP, 2, u"", u"."},
+    {TipoMascara::CEP, 6, u"", u"-"},
+}};
+
+/// A shorter text is a deletion where it is what stood in front of the old one, or where the user is at work in its
+/// middle. What is typed over a selection is shorter too, but begins anew.
+bool apagou(const QLineEdit &controle, const QString &antes)
+{
+    const QString agora = controle.text();
+    const bool noMeio = controle.cursorPosition() < agora.size();
+    return agora.size() < antes.size() && (noMeio || antes.startsWith(agora));
+}
+
+void poeMarcas(QLineEdit &controle, TipoMascara tipo)
+{
+    const QString antes = controle.property(propTextoAnterior).toString();
+    const QString agora = controle.text();
+    controle.setProperty(propTextoAnterior, agora);
+    if (apagou(controle, antes)) {
+        return;
+    }
+    for (const Marca &marca : marcas) {
+        if (marca.tipo == tipo && marca.tamanho == agora.size()) {
+            controle.setText(marca.frente + agora + marca.atras); // leaves the caret at the end
+            return;
+        }
+    }
+}
+
+void formataValor(QLineEdit &controle)
+{
+    if (runtime::IsNumeric(controle.text())) {
+        controle.setText(runtime::Format(controle.text(), mascaraValor));
+    }
+}
+
+// --- clearing
+
+/// The inner boxes of compound controls are no controls of the window.
+bool interno(const QWidget *controle)
+{
+    const QWidget *pai = controle->parentWidget();
+    return qobject_cast<const QComboBox *>(pai) != nullptr || qobject_cast<const QAbstractSpinBox *>(pai) != nullptr;
+}
+
+bool fixo(const QLabel *rotulo)
+{
+    const QString nome = rotulo->objectName();
+    return nome.isEmpty() || nome.startsWith(u"qt_") || nome.startsWith(u"Rotulos");
+}
+
+void limpaTextos(const ui::Form &form)
+{
+    for (auto *linha : form.findChildren<QLineEdit *>()) {
+        if (!interno(linha)) {
+            linha->clear();
+        }
+    }
+    for (auto *caixa : form.findChildren<QPlainTextEdit *>()) {
+        caixa->clear();
+    }
+}
+
+void limpaRotulos(const ui::Form &form)
+{
+    for (auto *rotulo : form.findChildren<QLabel *>()) {
+        if (!fixo(rotulo)) {
+            // Through the platform's setter: hidden labels tell of their change.
+            ui::setTextOf(rotulo, rotulo->property(propDinheiro).toBool() ? u"0,00"_s : QString());
+        }
+    }
+}
+
+void limpaCombos(const ui::Form &form, const Limpeza &o)
+{
+    for (auto *combo : form.findChildren<QComboBox *>()) {
+        if (o.listaCombos) {
+            combo->clear();
+        }
+        if (o.textoCombos && combo->isEditable()) {
+            combo->setEditText({});
+        }
+    }
+}
+
+template<class Botao>
+void desmarca(const ui::Form &form)
+{
+    for (auto *botao : form.findChildren<Botao *>()) {
+        const bool exclusivo = botao->autoExclusive();
+        botao->setAutoExclusive(false); // or the last one set can't be taken back
+        botao->setChecked(false);
+        botao->setAutoExclusive(exclusivo);
+    }
+}
+
+bool valido(const QString &texto, TipoCampo tipo)
+{
+    switch (tipo) {
+    case TipoCampo::Data:
+        return runtime::IsDate(texto);
+    case TipoCampo::Numerico:
+        return runtime::IsNumeric(texto);
+    case TipoCampo::NaoVazio:
+        return !texto.isEmpty();
+    }
+    return true;
+}
+
+} // namespace
+
+void LigaPerguntas()
+{
+    setPerguntaBase64(
+        [](const QString &texto, const QString &titulo) { return ui::ConfirmOk(texto, ui::Icon::Exclamation, titulo); },
+        [](const QString &texto, const QString &titulo) { ui::MsgBox(texto, ui::Icon::Exclamation, titulo); });
+}
+
+void SelecionaTexto(QWidget *controle)
+{
+    selecionaTudo(controle);
+    if (controle->isVisible() && controle->isEnabled()) {
+        controle->setFocus();
+    }
+}
+
+bool ValidaCampo(QLineEdit *controle, const QString &mensagem, TipoCampo tipo)
+{
+    if (valido(controle->text(), tipo)) {
+        return true;
+    }
+    Recusa(mensagem, controle);
+    return false;
+}
+
+void MascaraTexto(QLineEdit *controle, TipoMascara tipo)
+{
+    if (tipo == TipoMascara::Valor) {
+        formataValor(*controle);
+    } else {
+        poeMarcas(*controle, tipo);
+    }
+}
+
+void LimpaForm(ui::Form &form, const Limpeza &o)
+{
+    if (o.textos) {
+        limpaTextos(form);
+    }
+    if (o.rotulos) {
+        limpaRotulos(form);
+    }
+    limpaCombos(form, o);
+    if (o.opcoes) {
+        desmarca<QRadioButton>(form);
+    }
+    if (o.checks) {
+        desmarca<QCheckBox>(form);
+    }
+}
+
+void Recusa(const QString &mensagem, QWidget *controle)
+{
+    ui::MsgBox(mensagem, ui::Icon::Exclamation, NomeEmpresa);
+    SelecionaTexto(controle);
+}
+
+QChar SoDigitos(QChar tecla, bool comDecimais)
+{
+    const bool digito = tecla >= u'0' && tecla <= u'9';
+    const bool decimal = comDecimais && (tecla == u',' || tecla == u'.');
+    if (digito || decimal || tecla == u'\b') {
+        return tecla;
+    }
+    QApplication::beep();
+    return {};
+}
+
+} // namespace core

@@ -2,15 +2,20 @@
 
 #include <QString>
 
-class QComboBox;
 class QLineEdit;
 class QWidget;
 
-namespace ui {
+namespace ui
+{
 class Form;
 }
 
-namespace core {
+namespace core
+{
+
+/// Joins the rules to the screen: the questions of `Base64Decodifica` become boxes. Called once, before the settings
+/// are read.
+void LigaPerguntas();
 
 /// Selects the control's whole text and gives it the focus; what can't take the focus is passed over.
 void SelecionaTexto(QWidget *controle);
@@ -22,15 +27,17 @@ bool ValidaCampo(QLineEdit *controle, const QString &mensagem, TipoCampo tipo);
 
 enum class TipoMascara { Data = 1, Fone = 2, Valor = 3, Ano = 4, CEP = 5 };
 
-/// Puts a mask's marks in as the user types; to be called on each change. A deletion is left alone.
+/// Puts a mask's marks in as the user types; to be called on each change, and for `Valor` on leaving. A deletion is
+/// left alone, so that a mark can be taken back.
 void MascaraTexto(QLineEdit *controle, TipoMascara tipo);
 
-/// What `LimpaForm` empties. Lists are never touched, fixed captions (`Rotulos_n`) neither.
+/// What `LimpaForm` empties. Lists are never touched, fixed captions (`Rotulos_n`) neither. A label with the dynamic
+/// property `dinheiro` (a bool, set in the .ui) holds money and comes back as "0,00".
 struct Limpeza {
     bool textos = true;
     bool rotulos = true;
     bool listaCombos = false;
-    bool textoCombos = true;
+    bool textoCombos = true; ///< of combos that can be typed into; the others keep their choice
     bool opcoes = false;
     bool checks = false;
 };

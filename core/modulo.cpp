@@ -1,0 +1,71 @@
+#include "core/modulo.h"
+
+#include "core/caminhos.h"
+
+#include <QCoreApplication>
+#include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
+
+namespace core
+{
+
+std::shared_ptr<dao::Database> DBDados;
+std::shared_ptr<dao::Database> DBCEP;
+
+QString NomeEmpresa = u"Tarvelo"_s;
+QString ArquivoINI;
+QString ArquivoDB;
+QString ArquivoCEP;
+QString ArquivoLogo;
+QString ArquivoFundo;
+bool AutoCompletar = false;
+
+qint16 CodOperador = 0;
+qint16 ModoChamada = 0;
+qint32 CodigoConsulta = 0;
+
+namespace App
+{
+
+namespace
+{
+
+QString &pasta()
+{
+    static QString caminhoDaPasta;
+    return caminhoDaPasta;
+}
+
+} // namespace
+
+QString version()
+{
+    return u"%1.%2.%3"_s.arg(Major).arg(Minor).arg(Revision);
+}
+
+QString Path()
+{
+    if (pasta().isEmpty()) {
+        const QString dados = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+        setPath(pastaDoPrograma(QCoreApplication::applicationDirPath(), dados + u"/tarvelo"_s));
+    }
+    return pasta();
+}
+
+void setPath(const QString &path)
+{
+    pasta() = path;
+    while (pasta().size() > 1 && pasta().endsWith(u'/')) {
+        pasta().chop(1);
+    }
+}
+
+} // namespace App
+
+QString captionOf(const QString &tail)
+{
+    return NomeEmpresa + tail;
+}
+
+} // namespace core

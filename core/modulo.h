@@ -7,7 +7,8 @@
 #include <memory>
 
 /// The program's globals, with the names that the windows use.
-namespace core {
+namespace core
+{
 
 extern std::shared_ptr<dao::Database> DBDados; ///< the main database, open for the whole run
 extern std::shared_ptr<dao::Database> DBCEP;   ///< the postal-code database, or none
@@ -25,7 +26,8 @@ extern qint16 ModoChamada;    ///< set just before a window is shown; the last v
 extern qint32 CodigoConsulta; ///< the record that the called window is to show
 
 /// The program's own name and version.
-namespace App {
+namespace App
+{
 inline constexpr auto Title = u"Tarvelo";
 inline constexpr int Major = TARVELO_VERSION_MAJOR;
 inline constexpr int Minor = TARVELO_VERSION_MINOR;

@@ -2,7 +2,8 @@
 
 #include "platform/printer/surface.h"
 
-namespace core {
+namespace core
+{
 
 /// The preview window as page code sees it.
 class PreVisualizador

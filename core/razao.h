@@ -6,13 +6,15 @@
 
 #include <functional>
 
-namespace dao {
+namespace dao
+{
 class Recordset;
 }
 
-/// The running-balance ledger: a table whose every row carries the balance after it (Caixa, Banco1, Banco2, ContaFiado by
-/// customer, Estoque by part). Balances are 32-bit floats, rounded after every row.
-namespace core {
+/// The running-balance ledger: a table whose every row carries the balance after it (Caixa, Banco1, Banco2, ContaFiado
+/// by customer, Estoque by part). Balances are 32-bit floats, rounded after every row.
+namespace core
+{
 
 /// The last row's `coluna` of a statement ordered by Codigo; 0 for no row. Costs one look-up.
 float UltimoSaldo(const QString &consulta, const QString &coluna);

@@ -10,14 +10,17 @@
 
 class QWidget;
 
-namespace ui {
+namespace ui
+{
 class Form;
 }
 
-namespace support {
+namespace support
+{
 
-/// A program folder of its own for one test case: settings written, a real database file with the full schema, operator 1
-/// "ADMIN" (administrator), the clock stopped at 15/05/2024 10:30:00. Takes everything back at its end.
+/// A program folder of its own for one test case: settings written, a real database file with the full schema, operator
+/// 1 "ADMIN" (administrator, password "123456") logged in, the clock stopped at 15/05/2024 10:30:00, no waiting. Takes
+/// everything back at its end: windows, databases, clock.
 class Program
 {
 public:
@@ -25,19 +28,23 @@ public:
     ~Program();
 
     QString path(const QString &name = {}) const; ///< inside the folder
+
+    /// Writes a setting as the program does: scrambled, but for the keys that stand in clear.
     void config(const QString &key, const QString &value, const QString &section = QStringLiteral("Config"));
 
     /// Runs a statement that must succeed.
     void sql(const QString &statement);
 
-    /// All rows of a SELECT as texts: Null is "<Null>", numbers with all their digits, a Single as its exact 32-bit value,
-    /// dates as "dd/mm/yyyy hh:mm:ss".
+    /// All rows of a SELECT as texts: Null is "<Null>", numbers with a decimal point and no exponent, in the shortest
+    /// text that reads back as the same value (a Single as the same 32 bits), dates as "dd/mm/yyyy hh:mm:ss", "True",
+    /// "False".
     std::vector<QStringList> rows(const QString &select) const;
 
     /// One value of the first row, exactly as the field holds it.
     runtime::Value value(const QString &select) const;
 
-    /// Rows that most cases need. Each gives the new code.
+    /// Rows that most cases need. Each gives the new code. A part under stock control gets its opening row in the
+    /// ledger, of 0.
     qint32 customer(const QString &name, const QString &limit = {});
     qint32 vehicle(qint32 customer, const QString &plate, const QString &model = QStringLiteral("GOL 1.0"));
     qint32 part(const QString &name, const QString &kind, const QString &price, bool stock = false, int unit = 0);
@@ -59,7 +66,10 @@ T *control(QWidget *form, const QString &name)
     return found;
 }
 
-/// Real events on a control: goes to it, selects what it holds, types, and leaves by Tab.
+/// Real events, sent to the window as the system does, so that an open modal box blocks them. `type` goes to the
+/// control by the mouse, selects what it holds, types, and leaves by Tab; it fails the test where the focus does not
+/// get there. In a date picker it types the digits; in a combo without typing it searches the entry. `key` takes the
+/// focus there first.
 void type(QWidget *form, const QString &control, const QString &text, bool leave = true);
 void click(QWidget *form, const QString &button);
 void key(QWidget *form, const QString &control, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
@@ -70,10 +80,10 @@ QString text(QWidget *form, const QString &control);
 } // namespace support
 
 /// The main function of a test program with windows: one Application, the Brazilian translation, the drawn style.
-#define TARVELO_TEST_MAIN(TestClass)                                                                                         \
-    int main(int argc, char **argv)                                                                                          \
-    {                                                                                                                        \
-        return support::runTest<TestClass>(argc, argv);                                                                      \
+#define TARVELO_TEST_MAIN(TestClass)                                                                                   \
+    int main(int argc, char **argv)                                                                                    \
+    {                                                                                                                  \
+        return support::runTest<TestClass>(argc, argv);                                                                \
     }
 
 #include "tests/support/testmain.h"

@@ -1,0 +1,181 @@
+#include "core/razao.h"
+
+#include "core/modulo.h"
+#include "platform/dao/database.h"
+#include "platform/runtime/runtime.h"
+#include "tests/support/errors.h"
+#include "tests/support/program.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using support::errorOf;
+
+namespace
+{
+
+const QString recalculaCaixa = u"SELECT * FROM Caixa ORDER BY Data, Codigo"_s;
+
+void lanca(const QString &data, const runtime::Value &entrada, const runtime::Value &saida, float saldo = 0)
+{
+    core::AcrescentaLinha(u"Caixa"_s, [&](dao::Recordset &linha) {
+        linha[u"Data"] = data;
+        linha[u"Descricao"] = u"LANÇAMENTO"_s;
+        linha[u"Entrada"] = entrada;
+        linha[u"Saida"] = saida;
+        linha[u"Saldo"] = saldo;
+    });
+}
+
+std::vector<float> saldos(const QString &consulta)
+{
+    std::vector<float> todos;
+    for (dao::Recordset linhas = core::DBDados->OpenRecordset(consulta); !linhas.Eof(); linhas.MoveNext()) {
+        todos.push_back(runtime::CSng(linhas.value(u"Saldo")));
+    }
+    return todos;
+}
+
+} // namespace
+
+class TestRazao : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void takesAnEmptyLedgerForZero();
+    void readsTheLastRowInTheOrderOfTheStatement();
+    void appendsARowAndGivesItsCode();
+    void appendsToATableWithoutACounter();
+    void writesNothingWhereARowCanNotBeFilled();
+    void recalculatesInTheOrderOfDateAndCode();
+    void roundsTo32BitsAfterEachRow();
+    void leavesAnEmptyLedgerAlone();
+    void recalculatesOnlyTheRowsOfTheStatement();
+    void failsOnARowWithNeitherSideAndKeepsTheRowsPassed();
+    void failsOnABalanceOutOfRange();
+};
+
+void TestRazao::takesAnEmptyLedgerForZero()
+{
+    const support::Program programa;
+    QCOMPARE(core::UltimoSaldo(u"SELECT * FROM Caixa Order By Codigo"_s, u"Saldo"_s), 0.0F);
+}
+
+void TestRazao::readsTheLastRowInTheOrderOfTheStatement()
+{
+    const support::Program programa;
+    lanca(u"02/05/2024"_s, 10.5F, runtime::Null{}, 10.5F);
+    lanca(u"01/05/2024"_s, 5.25F, runtime::Null{}, 15.75F);
+    QCOMPARE(core::UltimoSaldo(u"SELECT * FROM Caixa Order By Codigo"_s, u"Saldo"_s), 15.75F);
+    QCOMPARE(core::UltimoSaldo(u"SELECT * FROM Caixa Order By Data"_s, u"Saldo"_s), 10.5F);
+}
+
+void TestRazao::appendsARowAndGivesItsCode()
+{
+    support::Program programa;
+    const auto grava = [](const QString &nome) {
+        return core::AcrescentaLinha(u"Clientes"_s, [&](dao::Recordset &linha) { linha[u"Nome"] = nome; });
+    };
+    QCOMPARE(grava(u"ANA"_s), 1);
+    QCOMPARE(grava(u"BIA"_s), 2);
+    programa.sql(u"DELETE * FROM Clientes WHERE Codigo = 2"_s);
+    QCOMPARE(grava(u"CAIO"_s), 3);
+    const std::vector<QStringList> esperado{{u"1"_s, u"ANA"_s}, {u"3"_s, u"CAIO"_s}};
+    QCOMPARE(programa.rows(u"SELECT Codigo, Nome FROM Clientes"_s), esperado);
+}
+
+void TestRazao::appendsToATableWithoutACounter()
+{
+    const support::Program programa;
+    const qint32 codigo = core::AcrescentaLinha(u"Combos"_s, [](dao::Recordset &linha) {
+        linha[u"Codigo"] = qint16{5};
+        linha[u"Texto"] = u"JOÃO"_s;
+    });
+    QCOMPARE(codigo, 0);
+    const std::vector<QStringList> esperado{{u"5"_s, u"JOÃO"_s}};
+    QCOMPARE(programa.rows(u"SELECT * FROM Combos"_s), esperado);
+}
+
+void TestRazao::writesNothingWhereARowCanNotBeFilled()
+{
+    const support::Program programa;
+    QCOMPARE(errorOf([] { lanca(u"01/05/2024"_s, u"dez"_s, runtime::Null{}); }), 3421);
+    QVERIFY(programa.rows(u"SELECT * FROM Caixa"_s).empty());
+}
+
+void TestRazao::recalculatesInTheOrderOfDateAndCode()
+{
+    const support::Program programa;
+    lanca(u"20/05/2024"_s, 100.0F, runtime::Null{});
+    lanca(u"10/05/2024"_s, runtime::Null{}, 30.0F);
+    lanca(u"20/05/2024"_s, runtime::Null{}, 1.5F);
+    lanca(u"01/05/2024"_s, 50.0F, 7.0F); // with a value in `Entrada` the other side does not count
+    core::RecalculaRazao(recalculaCaixa);
+    QCOMPARE(saldos(recalculaCaixa), (std::vector<float>{50.0F, 20.0F, 120.0F, 118.5F}));
+    const std::vector<QStringList> esperado{
+        {u"1"_s, u"120"_s}, {u"2"_s, u"20"_s}, {u"3"_s, u"118.5"_s}, {u"4"_s, u"50"_s}};
+    QCOMPARE(programa.rows(u"SELECT Codigo, Saldo FROM Caixa ORDER BY Codigo"_s), esperado);
+}
+
+void TestRazao::roundsTo32BitsAfterEachRow()
+{
+    const support::Program programa;
+    const std::vector<float> entradas{0.1F, 0.2F, 16777216.0F, 1.0F, 0.7F};
+    std::vector<float> esperado;
+    float saldo = 0;
+    for (const float entrada : entradas) {
+        lanca(u"01/05/2024"_s, entrada, runtime::Null{});
+        saldo += entrada;
+        esperado.push_back(saldo);
+    }
+    core::RecalculaRazao(recalculaCaixa);
+    QCOMPARE(saldos(recalculaCaixa), esperado);
+    QCOMPARE(esperado[3], 16777216.0F); // the 1 is lost, as 32 bits have it
+}
+
+void TestRazao::leavesAnEmptyLedgerAlone()
+{
+    const support::Program programa;
+    core::RecalculaRazao(recalculaCaixa);
+    QVERIFY(programa.rows(u"SELECT * FROM Caixa"_s).empty());
+}
+
+void TestRazao::recalculatesOnlyTheRowsOfTheStatement()
+{
+    const support::Program programa;
+    const auto conta = [](qint32 cliente, float entrada) {
+        core::AcrescentaLinha(u"ContaFiado"_s, [&](dao::Recordset &linha) {
+            linha[u"CodCliente"] = cliente;
+            linha[u"Data"] = u"01/05/2024"_s;
+            linha[u"Entrada"] = entrada;
+            linha[u"Saldo"] = -1.0F;
+        });
+    };
+    conta(1, 10);
+    conta(2, 20);
+    conta(1, 5);
+    core::RecalculaRazao(u"SELECT * FROM ContaFiado WHERE CodCliente = 1 ORDER BY Data, Codigo"_s);
+    QCOMPARE(saldos(u"SELECT * FROM ContaFiado ORDER BY Codigo"_s), (std::vector<float>{10.0F, -1.0F, 15.0F}));
+}
+
+void TestRazao::failsOnARowWithNeitherSideAndKeepsTheRowsPassed()
+{
+    const support::Program programa;
+    lanca(u"01/05/2024"_s, 10.0F, runtime::Null{}, 99);
+    lanca(u"02/05/2024"_s, runtime::Null{}, runtime::Null{}, 99);
+    lanca(u"03/05/2024"_s, 5.0F, runtime::Null{}, 99);
+    QCOMPARE(errorOf([] { core::RecalculaRazao(recalculaCaixa); }), 94);
+    QCOMPARE(saldos(recalculaCaixa), (std::vector<float>{10.0F, 99.0F, 99.0F}));
+}
+
+void TestRazao::failsOnABalanceOutOfRange()
+{
+    const support::Program programa;
+    lanca(u"01/05/2024"_s, 3e38F, runtime::Null{});
+    lanca(u"02/05/2024"_s, 3e38F, runtime::Null{});
+    QCOMPARE(errorOf([] { core::RecalculaRazao(recalculaCaixa); }), 6);
+}
+
+TARVELO_TEST_MAIN(TestRazao)
+#include "tst_razao.moc"
