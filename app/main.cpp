@@ -1,0 +1,19 @@
+#include "platform/ui/application.h"
+#include "registers/registers.h"
+#include "reports/reports.h"
+#include "shell/shell.h"
+#include "workorders/workorders.h"
+
+int main(int argc, char **argv)
+{
+    const ui::Application application(argc, argv);
+    shell::registerForms();
+    registers::registerForms();
+    workorders::registerForms();
+    reports::registerForms();
+    shell::liga();
+    shell::comeca();
+    const int result = ui::Application::exec();
+    shell::desmonta();
+    return result;
+}

@@ -1,0 +1,60 @@
+#include "shell/shell.h"
+
+#include "core/janelas.h"
+#include "core/modulo.h"
+#include "platform/printer/printer.h"
+#include "platform/ui/forms.h"
+#include "shell/frmInfo.h"
+#include "shell/frmMDI.h"
+#include "shell/frmSenha.h"
+#include "shell/frmSenhaManut.h"
+#include "shell/frmSplash.h"
+#include "shell/instancia.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+/// A static library brings its pictures only when asked, and the asking works in no namespace.
+static void abreRecursos()
+{
+    Q_INIT_RESOURCE(shell);
+}
+
+namespace shell
+{
+
+void registerForms()
+{
+    auto &janelas = ui::Forms::instance();
+    janelas.add(u"frmInfo"_s, [] { return new frmInfo; });
+    janelas.add(u"frmSenha"_s, [] { return new frmSenha; });
+    janelas.add(u"frmSenhaManut"_s, [] { return new frmSenhaManut; });
+    janelas.add(u"frmSplash"_s, [] { return new frmSplash; });
+}
+
+void liga()
+{
+    abreRecursos();
+    QApplication::setWindowIcon(QIcon(u":/tarvelo.svg"_s));
+    printer::printer().setOutputFolder(QDir(core::App::Path() + u"/impressos"_s));
+    core::LigaPerguntas();
+}
+
+void comeca()
+{
+    QTimer::singleShot(0, qApp, [] { ui::Forms::instance().Load(u"frmSplash"_s); });
+}
+
+void desmonta()
+{
+    ui::Forms::instance().unloadAll();
+    fechaPrincipal();
+    core::DBCEP.reset();
+    core::DBDados.reset();
+    liberaInstancia();
+}
+
+} // namespace shell

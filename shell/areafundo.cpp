@@ -1,0 +1,48 @@
+#include "shell/areafundo.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+
+namespace shell
+{
+namespace
+{
+
+QRect lugarDoFundo(QSize figura, const QRect &area)
+{
+    if (figura.width() > area.width() || figura.height() > area.height()) {
+        figura.scale(area.size(), Qt::KeepAspectRatio);
+    }
+    QRect lugar({}, figura);
+    lugar.moveCenter(area.center());
+    return lugar;
+}
+
+} // namespace
+
+AreaFundo::AreaFundo(QWidget *parent) : QMdiArea(parent)
+{
+    setBackground(palette().brush(QPalette::Mid));
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+}
+
+void AreaFundo::setFundo(const QString &arquivo)
+{
+    fundo_ = QPixmap(arquivo);
+    viewport()->update();
+}
+
+void AreaFundo::paintEvent(QPaintEvent *event)
+{
+    QMdiArea::paintEvent(event);
+    if (!temFundo()) {
+        return;
+    }
+    QPainter pintor(viewport());
+    pintor.setClipRect(event->rect());
+    pintor.setRenderHint(QPainter::SmoothPixmapTransform);
+    pintor.drawPixmap(lugarDoFundo(fundo_.size(), viewport()->rect()), fundo_);
+}
+
+} // namespace shell
