@@ -1,0 +1,107 @@
+#include "workorders/abertura.h"
+
+#include "core/banco.h"
+#include "core/funcoes.h"
+#include "core/modulo.h"
+#include "platform/runtime/runtime.h"
+
+namespace workorders
+{
+
+using namespace runtime;
+using namespace core;
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+qint32 gravaOrdem(const NovaOrdem &ordem)
+{
+    auto os = DBDados->OpenRecordset(u"OrdemServico"_s);
+    os.AddNew();
+    const qint32 numero = CLng(os[u"Codigo"].Value());
+    os[u"CodCliente"] = ordem.codCliente;
+    os[u"CodVeiculo"] = ordem.codVeiculo;
+    os[u"DataIn"] = Now();
+    os[u"KM"] = ValorOuNulo(ordem.km);
+    os[u"Observacao"] = ValorOuNulo(ordem.observacao);
+    os[u"Valor"] = ordem.valor;
+    os[u"EmAberto"] = true;
+    os[u"Pago"] = false;
+    os[u"Descricao"] = ValorOuNulo(ordem.servicos);
+    os[u"Mecanico"] = ValorOuNulo(ordem.mecanico);
+    os.Update();
+    os.Close();
+    return numero;
+}
+
+std::optional<VeiculoOS> abreVeiculo(const QString &condicao)
+{
+    auto veiculo = DBDados->OpenRecordset(u"SELECT Veiculos.*, Clientes.Codigo, Clientes.Nome, Clientes.Fone1, "
+                                          "Clientes.Celular FROM Veiculos, Clientes WHERE "
+                                          "clientes.codigo=Veiculos.CodCliente AND "_s +
+                                          condicao);
+    if (veiculo.Eof()) {
+        return std::nullopt;
+    }
+    const auto texto = [&](QStringView campo) { return NuloParaVazio(veiculo[campo].Value()); };
+    return VeiculoOS{.codigo = Format(veiculo[u"Veiculos.Codigo"].Value(), mascaraCodigo),
+                     .marca = texto(u"MarcaModelo"),
+                     .placas = texto(u"Placas"),
+                     .combustivel = texto(u"Combustivel"),
+                     .cor = texto(u"Cor"),
+                     .ano = texto(u"Ano"),
+                     .codCliente = NuloParaVazio(veiculo[u"Clientes.Codigo"].Value()),
+                     .nome = texto(u"Nome"),
+                     .fone1 = texto(u"Fone1"),
+                     .celular = texto(u"Celular")};
+}
+
+} // namespace
+
+void GravaItem(dao::Recordset &itens, qint32 codOS, const LinhaOS &linha)
+{
+    itens.AddNew();
+    itens[u"CodOS"] = codOS;
+    itens[u"CodPeca"] = linha.codigo;
+    itens[u"Quantidade"] = linha.quantidade;
+    itens[u"Descricao"] = ValorOuNulo(linha.descricao);
+    itens[u"ValorUnit"] = linha.valorUnit;
+    itens[u"PSA"] = ValorOuNulo(linha.tipo);
+    itens.Update();
+}
+
+qint32 AbreOrdem(const NovaOrdem &ordem)
+{
+    const qint32 numero = gravaOrdem(ordem);
+    auto itens = DBDados->OpenRecordset(u"OSPecas"_s);
+    for (const LinhaOS &linha : ordem.itens) {
+        GravaItem(itens, numero, linha);
+    }
+    itens.Close();
+    return numero;
+}
+
+std::optional<VeiculoOS> ProcuraVeiculo(const QString &texto)
+{
+    const bool numerico = IsNumeric(texto);
+    auto achado = numerico ? abreVeiculo(u"veiculos.codigo = "_s + texto)
+                           : abreVeiculo(u"veiculos.placas = '"_s + texto + u"'"_s);
+    return achado ? achado : abreVeiculo(u"veiculos.chassi = '"_s + texto + u"'"_s);
+}
+
+std::optional<PecaOS> ProcuraPeca(const QString &texto)
+{
+    auto peca = DBDados->OpenRecordset(u"SELECT * FROM Pecas WHERE Codigo = "_s + decimalText(Val(texto), 15) +
+                                       u" OR CodExterno = '"_s + texto + u"'"_s);
+    if (peca.Eof()) {
+        return std::nullopt;
+    }
+    return PecaOS{.codigo = Format(peca[u"Codigo"].Value(), mascaraCodigo),
+                  .nome = NuloParaVazio(peca[u"Nome"].Value()),
+                  .valorVenda = Format(peca[u"ValorVenda"].Value(), mascaraValor),
+                  .ps = NuloParaVazio(peca[u"PS"].Value()),
+                  .um = NuloParaVazio(peca[u"UM"].Value())};
+}
+
+} // namespace workorders

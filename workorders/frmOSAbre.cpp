@@ -1,0 +1,256 @@
+#include "workorders/frmOSAbre.h"
+
+#include "ui_frmOSAbre.h"
+#include "ui_painelitens.h"
+
+#include "core/combos.h"
+#include "core/config.h"
+#include "core/informacoes.h"
+#include "core/janelas.h"
+#include "core/modulo.h"
+#include "platform/runtime/numbers.h"
+#include "platform/ui/boxes.h"
+
+#include <array>
+
+namespace workorders
+{
+
+using namespace core;
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// `ModoChamada` of the windows that are opened from here.
+enum Modo : qint16 { procuraVeiculo = 3, incluiVeiculo = 4, procuraPeca = 5, incluiPeca = 6 };
+
+constexpr std::array<Devolucao, 1> tabelaDevolucoes{{{8, u"frmOSAltera", u"txtCodOS"}}};
+
+/// Characters that the column of the job's description holds.
+constexpr int maiorServicos = 255;
+
+} // namespace
+
+frmOSAbre::frmOSAbre() : JanelaItens(u"frmOSAbre"_s, {procuraPeca, incluiPeca}), ui_(std::make_unique<Ui::frmOSAbre>())
+{
+    ui_->setupUi(this);
+
+    onGotFocus(ui_->txtCodVeiculo, &frmOSAbre::txtCodVeiculo_GotFocus);
+    onLostFocus(ui_->txtCodVeiculo, &frmOSAbre::txtCodVeiculo_LostFocus);
+    onKey(ui_->txtCodVeiculo, Qt::Key_F1, &frmOSAbre::btnVeiculoFind_Click);
+    onKey(ui_->txtCodVeiculo, Qt::Key_F2, &frmOSAbre::btnVeiculoAdd_Click);
+    onChange(ui_->txtServicos, &frmOSAbre::txtServicos_Change);
+    onChange(ui_->txtMecanico, &frmOSAbre::txtMecanico_Change);
+    onClick(ui_->btnVeiculoFind, &frmOSAbre::btnVeiculoFind_Click);
+    onClick(ui_->btnVeiculoAdd, &frmOSAbre::btnVeiculoAdd_Click);
+    onClick(ui_->btnInfoVeiculo, &frmOSAbre::btnInfoVeiculo_Click);
+    onClick(ui_->btnInfoCliente, &frmOSAbre::btnInfoCliente_Click);
+    onClick(ui_->btnMecAdd, &frmOSAbre::btnMecAdd_Click);
+    onClick(ui_->btnMecRemove, &frmOSAbre::btnMecRemove_Click);
+    onClick(ui_->btnIncluir, &frmOSAbre::btnIncluir_Click);
+    onClick(ui_->btnCancelar, &frmOSAbre::btnCancelar_Click);
+    onClick(ui_->btnVoltar, &frmOSAbre::btnVoltar_Click);
+    ligaItens(*ui_->painelItens);
+    ligaTeclas(ui_->painelItens->controles().Lista);
+
+    disableUnlessExists(u"frmCadaVeiculos"_s, {ui_->btnVeiculoFind, ui_->btnVeiculoAdd});
+
+    ui_->btnVeiculoFind->setIcon(ui::icon(u"edit-find"_s));
+    ui_->btnVeiculoAdd->setIcon(ui::icon(u"document-new"_s));
+    ui_->btnInfoVeiculo->setIcon(ui::icon(u"documentinfo"_s));
+    ui_->btnInfoCliente->setIcon(ui::icon(u"documentinfo"_s));
+    ui_->btnMecAdd->setIcon(ui::icon(u"bookmark-new"_s));
+    ui_->btnMecRemove->setIcon(ui::icon(u"edit-delete"_s));
+    ui_->btnIncluir->setIcon(ui::icon(u"dialog-ok-apply"_s));
+    ui_->btnCancelar->setIcon(ui::icon(u"edit-clear"_s));
+    ui_->btnVoltar->setIcon(ui::icon(u"go-previous"_s));
+}
+
+frmOSAbre::~frmOSAbre() = default;
+
+std::span<const Devolucao> frmOSAbre::devolucoes()
+{
+    return tabelaDevolucoes;
+}
+
+void frmOSAbre::Form_Load()
+{
+    ui::CentraForm(*this, false);
+    setWindowTitle(captionOf(u" - [Abrir Ordem de Serviço]"_s));
+    ui::setTagOf(this, QString::number(ModoChamada));
+    itens().monta();
+    itens().controles().btnAdicionar->setVisible(Config(u"Personalizacao"_s) == u"1-1");
+    AtualizaCombo(ui_->txtMecanico, ListaCombo::Mecanicos, ModoCombo::Carrega);
+}
+
+void frmOSAbre::txtCodVeiculo_GotFocus()
+{
+    SelecionaTexto(ui_->txtCodVeiculo);
+}
+
+void frmOSAbre::txtCodVeiculo_LostFocus()
+{
+    const QString texto = ui_->txtCodVeiculo->text();
+    if (texto.isEmpty()) {
+        return;
+    }
+    if (const auto veiculo = ProcuraVeiculo(texto)) {
+        mostraVeiculo(*veiculo);
+    } else {
+        veiculoDesconhecido();
+    }
+    // The windows that were opened meanwhile have left their own mode behind.
+    ModoChamada = runtime::CInt(ui::tagOf(this));
+}
+
+void frmOSAbre::mostraVeiculo(const VeiculoOS &veiculo)
+{
+    ui_->txtCodVeiculo->setText(veiculo.codigo);
+    ui_->lblCodVeiculo->setText(veiculo.codigo);
+    ui_->lblMarca->setText(veiculo.marca);
+    ui_->lblPlacas->setText(veiculo.placas);
+    ui_->lblCombustivel->setText(veiculo.combustivel);
+    ui_->lblCor->setText(veiculo.cor);
+    ui_->lblAno->setText(veiculo.ano);
+    ui_->lblCodCliente->setText(veiculo.codCliente);
+    ui_->lblNome->setText(veiculo.nome);
+    ui_->lblFone1->setText(veiculo.fone1);
+    ui_->lblCelular->setText(veiculo.celular);
+}
+
+void frmOSAbre::veiculoDesconhecido()
+{
+    if (ui::Confirm(u"Código/Placa do Veículo não localizado\nDeseja cadastrar agora?"_s)) {
+        cadastraVeiculo();
+        return;
+    }
+    SelecionaTexto(ui_->txtCodVeiculo);
+    limpaVeiculo();
+}
+
+void frmOSAbre::cadastraVeiculo() const
+{
+    const QString cadastro = u"frmCadaFast"_s;
+    auto &janelas = ui::Forms::instance();
+    janelas.Load(cadastro);
+    janelas.write(cadastro, u"txtPlaca"_s, ui_->txtCodVeiculo->text());
+    janelas.ShowModal(cadastro);
+}
+
+void frmOSAbre::limpaVeiculo()
+{
+    for (ui::Label *rotulo : {ui_->lblMarca, ui_->lblPlacas, ui_->lblCombustivel, ui_->lblCor, ui_->lblAno,
+                              ui_->lblNome, ui_->lblFone1, ui_->lblCelular}) {
+        rotulo->setText({});
+    }
+    ui_->txtKm->clear();
+    ui_->txtObs->clear();
+}
+
+/// The box has no limit of its own: what goes beyond the column is taken off where it was put in.
+void frmOSAbre::txtServicos_Change()
+{
+    const int demais = static_cast<int>(ui_->txtServicos->toPlainText().size()) - maiorServicos;
+    if (demais <= 0) {
+        return;
+    }
+    QTextCursor cursor = ui_->txtServicos->textCursor();
+    if (cursor.position() < demais) {
+        cursor.movePosition(QTextCursor::End);
+    }
+    cursor.movePosition(QTextCursor::Left, QTextCursor::KeepAnchor, demais);
+    cursor.removeSelectedText();
+}
+
+void frmOSAbre::txtMecanico_Change()
+{
+    AutoCompletaCombo(ui_->txtMecanico);
+}
+
+void frmOSAbre::btnVeiculoFind_Click()
+{
+    abreJanela(u"frmCadaVeiculos"_s, procuraVeiculo);
+}
+
+void frmOSAbre::btnVeiculoAdd_Click()
+{
+    abreJanela(u"frmCadaVeiculos"_s, incluiVeiculo);
+}
+
+void frmOSAbre::btnInfoVeiculo_Click()
+{
+    MostraInformacoes(TipoInformacao::Veiculo, ui_->lblCodVeiculo->text());
+}
+
+void frmOSAbre::btnInfoCliente_Click()
+{
+    MostraInformacoes(TipoInformacao::Cliente, ui_->lblCodCliente->text());
+}
+
+void frmOSAbre::btnMecAdd_Click()
+{
+    AtualizaCombo(ui_->txtMecanico, ListaCombo::Mecanicos, ModoCombo::Acrescenta);
+}
+
+void frmOSAbre::btnMecRemove_Click()
+{
+    AtualizaCombo(ui_->txtMecanico, ListaCombo::Mecanicos, ModoCombo::Exclui);
+}
+
+void frmOSAbre::btnIncluir_Click()
+{
+    if (confere() && ui::Confirm(u"Confirma Inclusão"_s, NomeEmpresa)) {
+        depoisDeGravar(AbreOrdem(ordem()));
+    }
+}
+
+bool frmOSAbre::confere()
+{
+    if (ui_->lblMarca->text().isEmpty() || ui_->txtCodVeiculo->text().isEmpty()) {
+        Recusa(u"Código de Veículo Inválido"_s, ui_->txtCodVeiculo);
+        return false;
+    }
+    if (ui_->lblCodCliente->text().isEmpty()) {
+        Recusa(u"Código do Cliente Inválido"_s, ui_->txtCodVeiculo);
+        return false;
+    }
+    return true;
+}
+
+NovaOrdem frmOSAbre::ordem() const
+{
+    return {.codCliente = ui_->lblCodCliente->text(),
+            .codVeiculo = ui_->txtCodVeiculo->text(),
+            .km = ui_->txtKm->text(),
+            .observacao = ui_->txtObs->text(),
+            .valor = itens().controles().lblTotal->text(),
+            .servicos = ui_->txtServicos->toPlainText(),
+            .mecanico = ui_->txtMecanico->currentText(),
+            .itens = itens().itensParaGravar()};
+}
+
+void frmOSAbre::depoisDeGravar(qint32 numero)
+{
+    if (const Devolucao *devolucao = DevolucaoDoModo(tabelaDevolucoes, ModoChamada)) {
+        Unload();
+        Devolve(*devolucao, QString::number(numero));
+        return;
+    }
+    btnCancelar_Click();
+    btnLimpa_Click();
+    itens().limpaListas();
+}
+
+void frmOSAbre::btnCancelar_Click()
+{
+    LimpaForm(*this);
+    ui_->txtCodVeiculo->setFocus();
+}
+
+void frmOSAbre::btnVoltar_Click()
+{
+    Unload();
+}
+
+} // namespace workorders

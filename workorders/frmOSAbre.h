@@ -1,0 +1,60 @@
+#pragma once
+
+#include "workorders/abertura.h"
+#include "workorders/janelaitens.h"
+
+#include "core/devolucao.h"
+
+#include <memory>
+#include <span>
+
+namespace Ui
+{
+class frmOSAbre;
+}
+
+namespace workorders
+{
+
+/// Opens a work order: the vehicle brings its owner, the items are gathered in lists, and all of it is written at the
+/// confirmation. Nothing else is touched: stock, cash and credit wait for the closing.
+class frmOSAbre : public JanelaItens
+{
+    Q_OBJECT
+
+public:
+    frmOSAbre();
+    ~frmOSAbre() override;
+
+    void Form_Load() override;
+
+    /// Where the number of the new order goes, by the mode that the window was opened in.
+    static std::span<const core::Devolucao> devolucoes();
+
+private:
+    void txtCodVeiculo_GotFocus();
+    void txtCodVeiculo_LostFocus();
+    void txtServicos_Change();
+    void txtMecanico_Change();
+    void btnVeiculoFind_Click();
+    void btnVeiculoAdd_Click();
+    void btnInfoVeiculo_Click();
+    void btnInfoCliente_Click();
+    void btnMecAdd_Click();
+    void btnMecRemove_Click();
+    void btnIncluir_Click();
+    void btnCancelar_Click();
+    void btnVoltar_Click();
+
+    void mostraVeiculo(const VeiculoOS &veiculo);
+    void veiculoDesconhecido();
+    void cadastraVeiculo() const;
+    void limpaVeiculo();
+    bool confere();
+    NovaOrdem ordem() const;
+    void depoisDeGravar(qint32 numero);
+
+    std::unique_ptr<Ui::frmOSAbre> ui_;
+};
+
+} // namespace workorders
