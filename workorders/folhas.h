@@ -1,0 +1,40 @@
+#pragma once
+
+#include "workorders/impressao.h"
+
+namespace workorders
+{
+
+/// The sheets of a document in the second and third layout. Each begins with the logo, the title and the header, and
+/// ends at 26 cm with a rule and the workshop's address. Positions are in centimetres.
+class Folhas
+{
+public:
+    /// Below a long header the blank line gives way where `linhasNecessarias` lines would not fit otherwise.
+    Folhas(printer::Surface &saida, QString titulo, Cabecalho cabecalho, int linhasNecessarias = 0);
+
+    /// Begins a sheet; the next line stands below the header.
+    void abre();
+
+    /// Ends a sheet with its foot.
+    void fecha();
+
+    /// Ends this sheet and begins the next one.
+    void vira();
+
+    /// True when so many lines of the present font fit above the foot.
+    bool cabe(qsizetype linhas = 1) const;
+
+    printer::Surface &saida() const { return saida_; }
+
+private:
+    void imprimeLogo();
+    void imprimeTitulo();
+
+    printer::Surface &saida_;
+    QString titulo_;
+    Cabecalho cabecalho_;
+    int linhasNecessarias_;
+};
+
+} // namespace workorders
