@@ -1,0 +1,482 @@
+#include "workorders/frmOSConsulta.h"
+
+#include "ui_frmOSConsulta.h"
+
+#include "core/banco.h"
+#include "core/config.h"
+#include "core/devolucao.h"
+#include "core/funcoes.h"
+#include "core/informacoes.h"
+#include "core/modulo.h"
+#include "core/previsualiza.h"
+#include "platform/printer/printer.h"
+#include "platform/runtime/runtime.h"
+#include "platform/ui/boxes.h"
+#include "platform/ui/controls.h"
+#include "platform/ui/listview.h"
+#include "workorders/itens.h"
+#include "workorders/layouts.h"
+
+#include <array>
+
+namespace workorders
+{
+
+using namespace runtime;
+using namespace core;
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+enum Modo : qint16 { modoConsulta = 0, modoFecha = 9, modoUmaOrdem = 10 };
+
+constexpr std::array abas{abaPecas, abaServicos, abaTercerizados, abaMaterial};
+
+/// Whom a picked order goes to.
+constexpr std::array devolucoes{
+    Devolucao{7, u"frmOSAltera", u"txtCodOS"},
+    Devolucao{40, u"frmNota", u"txtOS"},
+};
+
+/// How the details of a payment are looked up: what the payment form holds, and the mode of the report.
+struct RelatorioPagto {
+    QStringView forma;
+    qint16 modo;
+};
+
+constexpr std::array relatoriosPagto{
+    RelatorioPagto{u"CHEQUE", 24},
+    RelatorioPagto{u"CARNÊ", 25},
+    RelatorioPagto{u"PAGAMENTO PERSONALIZADO", 36},
+};
+
+const QString colunasDaLista =
+    u"SELECT OrdemServico.Codigo, Veiculos.MarcaModelo, Veiculos.Ano, Veiculos.Placas, Clientes.Nome "
+    "FROM OrdemServico, Veiculos, Clientes WHERE "_s;
+const QString juncao = u"(Veiculos.Codigo = OrdemServico.CodVeiculo AND Clientes.Codigo = OrdemServico.CodCliente)"_s;
+const QString porCodigo = u" ORDER BY OrdemServico.Codigo"_s;
+
+enum class Comparacao { Igual, Parecido, Dia };
+
+struct CampoPesquisa {
+    QStringView condicao;
+    Comparacao comparacao;
+};
+
+/// By the entry of `cboPesquisa`.
+constexpr std::array camposPesquisa{
+    CampoPesquisa{u"OrdemServico.Codigo = ", Comparacao::Igual},
+    CampoPesquisa{u"Clientes.Nome Like '*", Comparacao::Parecido},
+    CampoPesquisa{u"Veiculos.MarcaModelo Like '*", Comparacao::Parecido},
+    CampoPesquisa{u"ORDEMServico.DataIn BETWEEN ", Comparacao::Dia},
+    CampoPesquisa{u"ORDEMServico.DataOut BETWEEN ", Comparacao::Dia},
+    CampoPesquisa{u"Veiculos.Placas Like '*", Comparacao::Parecido},
+    CampoPesquisa{u"Veiculos.chassi Like '*", Comparacao::Parecido},
+};
+
+QString condicao(const CampoPesquisa &campo, const QString &texto)
+{
+    constexpr int umDia = 3;
+    switch (campo.comparacao) {
+    case Comparacao::Parecido:
+        return campo.condicao + texto + u"*'"_s;
+    case Comparacao::Dia:
+        return campo.condicao + DataSQL(texto, umDia);
+    case Comparacao::Igual:
+        break;
+    }
+    return campo.condicao + texto;
+}
+
+/// By the entry of `cboOS`: open, closed, all.
+constexpr std::array<QStringView, 3> situacoes{u" AND OrdemServico.EmAberto = True",
+                                               u" AND OrdemServico.EmAberto = False", u""};
+
+QString simOuNao(const Value &valor)
+{
+    return Verdadeiro(valor) ? u"SIM"_s : u"NÃO"_s;
+}
+
+/// A number of an item as text, by which its total is worked out; what was never written counts as 0.
+QString numero(const Value &valor)
+{
+    return IsNull(valor) ? u"0"_s : CStr(valor);
+}
+
+LinhaOS linhaDoItem(const dao::Recordset &item)
+{
+    const QString quantidade = numero(item.value(u"Quantidade"));
+    const QString valorUnit = numero(item.value(u"ValorUnit"));
+    const qint32 codPeca = CLng(numero(item.value(u"CodPeca")));
+    return {Format(codPeca, mascaraCodigo),
+            TipoDoPSA(NuloParaVazio(item.value(u"PSA"))),
+            QuantidadeDaPeca(CDbl(quantidade), codPeca),
+            NuloParaVazio(item.value(u"Descricao")),
+            Format(valorUnit, mascaraValor),
+            ValorDaLinha(quantidade, valorUnit)};
+}
+
+} // namespace
+
+frmOSConsulta::frmOSConsulta() : ui::Form(u"frmOSConsulta"_s), ui_(std::make_unique<Ui::frmOSConsulta>())
+{
+    ui_->setupUi(this);
+    ui_->btnPesquisar->setIcon(ui::icon(u"edit-find"_s));
+    ui_->btnTodos->setIcon(ui::icon(u"view-list-details"_s));
+    ui_->btnFechar->setIcon(ui::icon(u"dialog-ok-apply"_s));
+    ui_->btnOSAdd->setIcon(ui::icon(u"document-new"_s));
+    ui_->btnOSAltera->setIcon(ui::icon(u"document-edit"_s));
+    ui_->btnOSPrint->setIcon(ui::icon(u"document-print"_s));
+    ui_->btnPrevisualizar->setIcon(ui::icon(u"document-print-preview"_s));
+    ui_->btnVoltar->setIcon(ui::icon(u"go-previous"_s));
+    for (auto *botao : {ui_->btnClienteInfo, ui_->btnVeiculoInfo, ui_->btnPagtoInfo}) {
+        botao->setIcon(ui::icon(u"documentinfo"_s));
+    }
+
+    setEscapeUnloads(true);
+    onClick(ui_->btnPesquisar, &frmOSConsulta::btnPesquisar_Click);
+    onClick(ui_->btnTodos, &frmOSConsulta::btnTodos_Click);
+    onChange(ui_->cboOS, &frmOSConsulta::cboOS_Change);
+    onClick(ui_->btnFechar, &frmOSConsulta::btnFechar_Click);
+    onClick(ui_->btnOSAdd, &frmOSConsulta::btnOSAdd_Click);
+    onClick(ui_->btnOSAltera, &frmOSConsulta::btnOSAltera_Click);
+    onClick(ui_->btnOSPrint, &frmOSConsulta::btnOSPrint_Click);
+    onClick(ui_->btnPrevisualizar, &frmOSConsulta::btnPrevisualizar_Click);
+    onClick(ui_->btnPagtoInfo, &frmOSConsulta::btnPagtoInfo_Click);
+    onClick(ui_->btnClienteInfo, &frmOSConsulta::btnClienteInfo_Click);
+    onClick(ui_->btnVeiculoInfo, &frmOSConsulta::btnVeiculoInfo_Click);
+    onClick(ui_->btnVoltar, &frmOSConsulta::btnVoltar_Click);
+    onChange(ui_->lblObs, &frmOSConsulta::lblObs_Change);
+    connect(ui_->Lista, &ui::ListView::itemClick, this, &frmOSConsulta::Lista_Click);
+    // Queued: the action may unload this window, and the list is not done with its own event before.
+    connect(ui_->Lista, &ui::ListView::itemDoubleClick, this, &frmOSConsulta::Lista_DblClick, Qt::QueuedConnection);
+}
+
+frmOSConsulta::~frmOSConsulta() = default;
+
+void frmOSConsulta::Form_Load()
+{
+    ui::CentraForm(*this, false);
+    setWindowTitle(captionOf(u" - [Consulta O.S.]"_s));
+    montaListas();
+    disableUnlessExists(u"frmOSAbre"_s, {ui_->btnOSAdd});
+    disableUnlessExists(u"frmOSAltera"_s, {ui_->btnOSAltera});
+    disableUnlessExists(u"frmRelatorio"_s, {ui_->btnPagtoInfo});
+    aplicaModo();
+}
+
+void frmOSConsulta::montaListas()
+{
+    ui_->Lista->addColumn(u"Código"_s, 1000);
+    ui_->Lista->addColumn(u"Marca/Modelo"_s, 6000);
+    ui_->Lista->addColumn(u"Ano"_s, 1500);
+    ui_->Lista->addColumn(u"Placas"_s, 2000);
+    for (const Aba aba : abas) {
+        MontaColunas(lista(aba), aba);
+    }
+    if (LayoutCompacto()) {
+        ui_->tabItems->setTabVisible(abaServicos, false);
+        ui_->tabItems->setTabVisible(abaTercerizados, false);
+        ui_->tabItems->setTabText(abaPecas, u"Peças e Serviços"_s);
+        ui_->Rotulos_21->setText(u"T.A."_s);
+    }
+}
+
+/// What the five uses differ in.
+void frmOSConsulta::aplicaModo()
+{
+    ui_->btnFechar->setVisible(ModoChamada == modoFecha);
+    if (ModoChamada == modoUmaOrdem) {
+        const QString codigo = Format(CodigoConsulta, mascaraCodigo);
+        setWindowTitle(captionOf(u" - [Consulta O.S. "_s + codigo + u"]"_s));
+        for (QWidget *controle :
+             std::initializer_list<QWidget *>{ui_->Frame1, ui_->Lista, ui_->btnOSAdd, ui_->btnOSAltera}) {
+            controle->hide();
+        }
+        mostraOrdem(codigo);
+        return;
+    }
+    if (ModoChamada == modoFecha) {
+        setWindowTitle(captionOf(u" - [Fecha O.S.]"_s));
+        ui_->Rotulos_2->hide();
+        ui_->cboOS->hide();
+    }
+    btnTodos_Click();
+    ui_->txtTexto->setFocus();
+}
+
+void frmOSConsulta::enche(const QString &consulta)
+{
+    auto ordens = DBDados->OpenRecordset(consulta);
+    ui_->Lista->clear();
+    for (; !ordens.Eof(); ordens.MoveNext()) {
+        ui_->Lista->addItem(Format(ordens.value(u"Codigo"), mascaraCodigo),
+                            {NuloParaVazio(ordens.value(u"MarcaModelo")), NuloParaVazio(ordens.value(u"Ano")),
+                             NuloParaVazio(ordens.value(u"Placas"))});
+    }
+}
+
+void frmOSConsulta::btnPesquisar_Click()
+{
+    const QString texto = ui_->txtTexto->text();
+    if (texto.isEmpty()) {
+        return;
+    }
+    const auto &campo = camposPesquisa.at(static_cast<std::size_t>(ui_->cboPesquisa->currentIndex()));
+    enche(colunasDaLista + condicao(campo, texto) + u" AND "_s + juncao + porCodigo);
+}
+
+void frmOSConsulta::btnTodos_Click()
+{
+    esvaziaOrdem();
+    const QStringView situacao = situacoes.at(static_cast<std::size_t>(ui_->cboOS->currentIndex()));
+    enche(colunasDaLista + juncao + situacao + porCodigo);
+}
+
+void frmOSConsulta::cboOS_Change()
+{
+    btnTodos_Click();
+}
+
+// --- the order shown
+
+void frmOSConsulta::esvaziaOrdem()
+{
+    for (auto *rotulo : ui_->Frame2->findChildren<ui::Label *>()) {
+        rotulo->setText({});
+        ui::setTagOf(rotulo, {});
+    }
+    ui_->txtServicos->clear();
+    for (const Aba aba : abas) {
+        lista(aba).clear();
+    }
+    mostraTotais();
+}
+
+void frmOSConsulta::mostraOrdem(const QString &codigo)
+{
+    esvaziaOrdem();
+    auto linha = DBDados->OpenRecordset(
+        u"SELECT OrdemServico.Codigo, Veiculos.MarcaModelo, Veiculos.Placas, Veiculos.Ano, Clientes.Nome, "
+        "OrdemServico.DataIn, OrdemServico.DataOut, OrdemServico.Valor, OrdemServico.KM, OrdemServico.EmAberto, "
+        "OrdemServico.Pago, OrdemServico.Observacao, OrdemServico.CodCliente, OrdemServico.DataPagto, "
+        "OrdemServico.FormaPagto, OrdemServico.Descricao, OrdemServico.Mecanico, Veiculos.Chassi "
+        "FROM OrdemServico, Veiculos, Clientes WHERE "_s +
+        juncao + u" AND OrdemServico.Codigo = "_s + codigo);
+    if (linha.Eof()) {
+        return;
+    }
+    mostraCabecalho(linha);
+    mostraItens(codigo);
+    mostraTotais();
+}
+
+void frmOSConsulta::mostraCabecalho(const dao::Recordset &linha)
+{
+    const auto texto = [&linha](QStringView campo) { return NuloParaVazio(linha.value(campo)); };
+    const auto formato = [&linha](QStringView campo, QStringView mascara) {
+        return Format(linha.value(campo), mascara);
+    };
+    ui_->lblCodigo->setText(formato(u"Codigo", mascaraCodigo));
+    ui_->lblNome->setText(texto(u"Nome"));
+    ui::setTagOf(ui_->lblNome, texto(u"CodCliente"));
+    ui_->lblMarca->setText(texto(u"MarcaModelo"));
+    ui_->lblPlacas->setText(texto(u"Placas"));
+    ui::setTagOf(ui_->lblPlacas, texto(u"Chassi"));
+    ui_->lblAno->setText(texto(u"Ano"));
+    ui_->lblDataIn->setText(formato(u"DataIn", mascaraDataHora));
+    ui_->lblDataOut->setText(formato(u"DataOut", mascaraDataHora));
+    ui_->lblKm->setText(texto(u"KM"));
+    ui_->lblValor->setText(formato(u"Valor", mascaraValor));
+    ui_->lblOsAberta->setText(simOuNao(linha.value(u"EmAberto")));
+    ui_->lblOsPaga->setText(simOuNao(linha.value(u"Pago")));
+    ui_->lblDataPg->setText(formato(u"DataPagto", mascaraData));
+    ui_->lblFormaPg->setText(texto(u"FormaPagto"));
+    ui_->lblObs->setText(texto(u"Observacao"));
+    ui_->lblMecanico->setText(texto(u"Mecanico"));
+    ui_->txtServicos->setPlainText(texto(u"Descricao"));
+}
+
+void frmOSConsulta::mostraItens(const QString &codigo)
+{
+    auto itens = DBDados->OpenRecordset(u"SELECT OSPecas.* FROM OSPecas WHERE OSPecas.CodOS = "_s + codigo);
+    for (; !itens.Eof(); itens.MoveNext()) {
+        const Aba aba = AbaDoPSA(NuloParaVazio(itens.value(u"PSA")), compacto());
+        AcrescentaItem(lista(aba), aba, linhaDoItem(itens));
+    }
+}
+
+void frmOSConsulta::mostraTotais()
+{
+    const Totais totais = compacto() ? SomaItens(*ui_->lstPecas, nullptr, nullptr)
+                                     : SomaItens(*ui_->lstPecas, ui_->lstServicos, ui_->lstTercerizados);
+    ui_->lblTotalP->setText(totais.pecas);
+    ui_->lblTotalS->setText(totais.servicos);
+    ui_->lblTotalT->setText(totais.terceiros);
+}
+
+OrdemMostrada frmOSConsulta::ordemMostrada() const
+{
+    return {.codigo = ui_->lblCodigo->text(),
+            .codCliente = ui::tagOf(ui_->lblNome),
+            .nome = ui_->lblNome->text(),
+            .marca = ui_->lblMarca->text(),
+            .ano = ui_->lblAno->text(),
+            .placas = ui_->lblPlacas->text(),
+            .chassi = ui::tagOf(ui_->lblPlacas),
+            .km = ui_->lblKm->text(),
+            .mecanico = ui_->lblMecanico->text(),
+            .dataIn = ui_->lblDataIn->text(),
+            .dataOut = ui_->lblDataOut->text(),
+            .observacao = ui_->lblObs->text(),
+            .servicosExecutados = ui_->txtServicos->toPlainText(),
+            .total = ui_->lblValor->text(),
+            .totalPecas = ui_->lblTotalP->text(),
+            .totalServicos = ui_->lblTotalS->text(),
+            .totalTercerizados = ui_->lblTotalT->text(),
+            .pecas = LinhasDe(*ui_->lstPecas, abaPecas),
+            .servicos = LinhasDe(*ui_->lstServicos, abaServicos),
+            .tercerizados = LinhasDe(*ui_->lstTercerizados, abaTercerizados)};
+}
+
+void frmOSConsulta::lblObs_Change()
+{
+    ui_->lblObs->setToolTip(ui_->lblObs->text());
+}
+
+void frmOSConsulta::Lista_Click(int linha)
+{
+    mostraOrdem(ui_->Lista->item(linha).text());
+}
+
+/// A double click has shown the order with its first click; Enter may come to a row that was never chosen.
+void frmOSConsulta::Lista_DblClick(int linha)
+{
+    const QString codigo = ui_->Lista->item(linha).text();
+    if (ui_->lblCodigo->text() != codigo) {
+        mostraOrdem(codigo);
+    }
+    if (ModoChamada == modoFecha) {
+        btnFechar_Click();
+        return;
+    }
+    if (const Devolucao *devolucao = DevolucaoDoModo(devolucoes, ModoChamada)) {
+        Unload();
+        Devolve(*devolucao, codigo);
+    }
+}
+
+// --- what is done with it
+
+/// The payment window decides the rest, a closed order included: it is posted a second time.
+void frmOSConsulta::btnFechar_Click()
+{
+    if (ui_->lstPecas->count() == 0 && ui_->lstServicos->count() == 0 && ui_->lstTercerizados->count() == 0) {
+        ui::MsgBox(u"Você não pode Fechar uma Ordem de Serviço sem registros Cadastrados"_s, ui::Icon::Exclamation,
+                   NomeEmpresa);
+        return;
+    }
+    const QString pagto = u"frmOSFormaPagto"_s;
+    const QString valor = Format(ui_->lblValor->text(), mascaraValor);
+    auto &janelas = ui::Forms::instance();
+    janelas.Load(pagto);
+    ui::setTagOf(janelas.control(pagto, u"lblNome"_s), ui::tagOf(ui_->lblNome));
+    janelas.write(pagto, u"lblCodigo"_s, Format(ui_->lblCodigo->text(), mascaraCodigo));
+    janelas.write(pagto, u"lblValor"_s, valor);
+    janelas.write(pagto, u"lblTotal"_s, valor);
+    janelas.write(pagto, u"txtValor_0"_s, valor);
+    janelas.write(pagto, u"lblMarca"_s, ui_->lblMarca->text());
+    janelas.write(pagto, u"lblNome"_s, ui_->lblNome->text());
+    janelas.write(pagto, u"lblPlacas"_s, ui_->lblPlacas->text());
+    janelas.write(pagto, u"lblAno"_s, ui_->lblAno->text());
+    janelas.ShowModal(pagto);
+    // Nothing behind: a closing has unloaded this window too.
+}
+
+void frmOSConsulta::btnOSAdd_Click()
+{
+    ModoChamada = modoConsulta;
+    ui::Forms::instance().Show(u"frmOSAbre"_s);
+    Unload();
+}
+
+void frmOSConsulta::btnOSAltera_Click()
+{
+    if (!temOrdem()) {
+        return;
+    }
+    const QString codigo = ui_->lblCodigo->text();
+    Unload();
+    Devolve({modoConsulta, u"frmOSAltera", u"txtCodOS"}, codigo);
+}
+
+void frmOSConsulta::btnOSPrint_Click()
+{
+    if (temOrdem() &&
+        ui::Confirm(u"Confirma impressão da Ordem de Serviço Nº "_s + ui_->lblCodigo->text(), NomeEmpresa)) {
+        ImprimeOrdem(layout(), ordemMostrada(), printer::printer());
+    }
+}
+
+/// The first layout is plain text for the printer alone.
+void frmOSConsulta::btnPrevisualizar_Click()
+{
+    if (temOrdem() && (layout() == 2 || layout() == 3)) {
+        ImprimeOrdem(layout(), ordemMostrada(), AbrePreVisualizacao());
+    }
+}
+
+void frmOSConsulta::btnPagtoInfo_Click()
+{
+    const QString forma = ui_->lblFormaPg->text();
+    for (const RelatorioPagto &relatorio : relatoriosPagto) {
+        if (forma.contains(relatorio.forma)) {
+            CodigoConsulta = CLng(ui_->lblCodigo->text());
+            ModoChamada = relatorio.modo;
+            ui::Forms::instance().Show(u"frmRelatorio"_s);
+            return;
+        }
+    }
+}
+
+void frmOSConsulta::btnClienteInfo_Click()
+{
+    MostraInformacoes(TipoInformacao::Cliente, ui::tagOf(ui_->lblNome));
+}
+
+void frmOSConsulta::btnVeiculoInfo_Click()
+{
+    if (temOrdem()) {
+        MostraInformacoes(TipoInformacao::Veiculo,
+                          LocalizaCampo(u"CodVeiculo"_s, u"OrdemServico"_s, u"Codigo = "_s + ui_->lblCodigo->text()));
+    }
+}
+
+void frmOSConsulta::btnVoltar_Click()
+{
+    Unload();
+}
+
+bool frmOSConsulta::temOrdem() const
+{
+    return !ui_->lblCodigo->text().isEmpty();
+}
+
+bool frmOSConsulta::compacto() const
+{
+    return !ui_->tabItems->isTabVisible(abaServicos);
+}
+
+int frmOSConsulta::layout() const
+{
+    return static_cast<int>(Val(Config(u"LayoutOS"_s)));
+}
+
+ui::ListView &frmOSConsulta::lista(Aba aba) const
+{
+    const std::array listas{ui_->lstPecas, ui_->lstServicos, ui_->lstTercerizados, ui_->lstMaterial};
+    return *listas.at(aba);
+}
+
+} // namespace workorders

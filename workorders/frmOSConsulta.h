@@ -1,0 +1,75 @@
+#pragma once
+
+#include "platform/ui/form.h"
+#include "workorders/ordem.h"
+
+#include <memory>
+
+namespace Ui
+{
+class frmOSConsulta;
+}
+
+namespace dao
+{
+class Recordset;
+}
+
+namespace ui
+{
+class ListView;
+}
+
+namespace workorders
+{
+
+/// Lists work orders, shows one in full, and is the door to altering, closing and printing. One window for five uses,
+/// told by `ModoChamada`: looking (0), closing (9), one order of a ledger (10), and picking for the alteration (7) and
+/// the notes (40).
+class frmOSConsulta : public ui::Form
+{
+    Q_OBJECT
+
+public:
+    frmOSConsulta();
+    ~frmOSConsulta() override;
+
+    void Form_Load() override;
+
+    /// The order as it stands in the labels and lists, which is what is printed.
+    OrdemMostrada ordemMostrada() const;
+
+private:
+    void btnPesquisar_Click();
+    void btnTodos_Click();
+    void cboOS_Change();
+    void btnFechar_Click();
+    void btnOSAdd_Click();
+    void btnOSAltera_Click();
+    void btnOSPrint_Click();
+    void btnPrevisualizar_Click();
+    void btnPagtoInfo_Click();
+    void btnClienteInfo_Click();
+    void btnVeiculoInfo_Click();
+    void btnVoltar_Click();
+    void Lista_Click(int linha);
+    void Lista_DblClick(int linha);
+    void lblObs_Change();
+
+    void montaListas();
+    void aplicaModo();
+    void enche(const QString &consulta);
+    void esvaziaOrdem();
+    void mostraOrdem(const QString &codigo);
+    void mostraCabecalho(const dao::Recordset &ordem);
+    void mostraItens(const QString &codigo);
+    void mostraTotais();
+    bool temOrdem() const;
+    bool compacto() const;
+    int layout() const;
+    ui::ListView &lista(Aba aba) const;
+
+    std::unique_ptr<Ui::frmOSConsulta> ui_;
+};
+
+} // namespace workorders

@@ -1,0 +1,150 @@
+#include "workorders/planopersonalizado.h"
+
+#include "core/funcoes.h"
+#include "core/janelas.h"
+#include "platform/runtime/runtime.h"
+#include "platform/ui/controls.h"
+#include "platform/ui/listview.h"
+#include "platform/ui/style.h"
+#include "workorders/fechamento.h"
+
+#include <QLineEdit>
+#include <QRadioButton>
+
+namespace workorders
+{
+
+using namespace runtime;
+using namespace core;
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+enum Coluna { colVencimento = 1, colValor = 2, colDocumento = 3 };
+
+struct Situacao {
+    QStringView texto;
+    QRgb noClaro;
+    QRgb noEscuro;
+};
+
+/// How the balance of the custom plan stands, for the eye and in words.
+const Situacao &situacaoDoSaldo(float saldo)
+{
+    static constexpr Situacao falta{u"falta distribuir", qRgb(0x9a, 0x4d, 0x00), qRgb(0xff, 0xb8, 0x4d)};
+    static constexpr Situacao fecha{u"plano completo", qRgb(0x16, 0x6b, 0x33), qRgb(0x6f, 0xd9, 0x8c)};
+    static constexpr Situacao sobra{u"acima do valor", qRgb(0xb0, 0x1c, 0x1c), qRgb(0xff, 0x8a, 0x80)};
+    if (saldo > 0) {
+        return falta;
+    }
+    return saldo < 0 ? sobra : fecha;
+}
+
+void pinta(QWidget *rotulo, QRgb cor)
+{
+    QPalette paleta = rotulo->palette();
+    paleta.setColor(QPalette::WindowText, QColor(cor));
+    rotulo->setPalette(paleta);
+}
+
+} // namespace
+
+void MontaColunasDoPlano(ui::ListView &lista, bool comDocumento)
+{
+    lista.addColumn(u"Parcela"_s, 1200);
+    lista.addColumn(u"Data Vencim."_s, 2400);
+    lista.addColumn(u"Valor Parc."_s, 2400, Qt::AlignRight);
+    if (comDocumento) {
+        lista.addColumn(u"Documento"_s, 3600);
+    }
+}
+
+void AcrescentaParcela(ui::ListView &lista, const ParcelaOS &parcela)
+{
+    QStringList subItens{parcela.vencimento, parcela.valor};
+    if (lista.columnCount() > colDocumento) {
+        subItens << parcela.documento;
+    }
+    lista.addItem(parcela.parcela, subItens);
+}
+
+std::vector<ParcelaOS> ParcelasDe(const ui::ListView &lista)
+{
+    const bool comDocumento = lista.columnCount() > colDocumento;
+    std::vector<ParcelaOS> parcelas;
+    for (int linha = 0; linha < lista.count(); ++linha) {
+        const ui::ListItem item = lista.item(linha);
+        parcelas.push_back({item.text(), item.subItem(colVencimento), item.subItem(colValor),
+                            comDocumento ? item.subItem(colDocumento) : QString()});
+    }
+    return parcelas;
+}
+
+/// What is paid at once is due today, whatever was typed.
+bool PlanoPersonalizado::confere() const
+{
+    if (!ValidaCampo(campos_.parcela, u"Número da parcela inválido"_s, TipoCampo::Numerico) ||
+        !ValidaCampo(campos_.valor, u"Valor da parcela inválido"_s, TipoCampo::Numerico)) {
+        return false;
+    }
+    if (campos_.aVista->isChecked()) {
+        campos_.data->setText(Format(Today(), mascaraData));
+        return true;
+    }
+    return ValidaCampo(campos_.data, u"Data de Vencimento da parcela inválida"_s, TipoCampo::Data);
+}
+
+QString PlanoPersonalizado::documento() const
+{
+    if (campos_.aVista->isChecked()) {
+        return documentoAVista.toString();
+    }
+    return (campos_.aPrazo->isChecked() ? documentoAPrazo : documentoCheque).toString();
+}
+
+void PlanoPersonalizado::acrescenta() const
+{
+    if (!confere()) {
+        return;
+    }
+    const QString parcela = campos_.parcela->text();
+    const QString vencimento = campos_.data->text();
+    const QString valor = campos_.valor->text();
+    AcrescentaParcela(*campos_.lista, {Format(parcela, u"00"), Format(vencimento, mascaraData),
+                                       Format(valor, mascaraValor), documento()});
+    campos_.lista->ensureVisible(campos_.lista->count() - 1);
+    mudaSaldo(-CSng(valor));
+    campos_.parcela->setText(Format(Val(parcela) + 1, u"00"));
+    campos_.data->setText(Format(DateAdd(u"m", 1, CDate(vencimento)), mascaraData));
+    SelecionaTexto(campos_.parcela);
+}
+
+void PlanoPersonalizado::remove() const
+{
+    const int linha = campos_.lista->selectedRow();
+    if (linha < 0) {
+        return;
+    }
+    campos_.lista->removeRow(linha);
+    if (IsNumeric(campos_.valor->text())) {
+        mudaSaldo(CSng(campos_.valor->text()));
+    }
+}
+
+void PlanoPersonalizado::mudaSaldo(float valor) const
+{
+    campos_.saldo->setText(Format(CSng(campos_.saldo->text()) + valor, mascaraValor));
+}
+
+void PlanoPersonalizado::mostraSituacao() const
+{
+    const Situacao &situacao = situacaoDoSaldo(CSng(campos_.saldo->text()));
+    campos_.situacao->setText(situacao.texto.toString());
+    campos_.saldo->setToolTip(situacao.texto.toString());
+    for (QWidget *rotulo : {campos_.saldo, campos_.situacao}) {
+        pinta(rotulo, ui::isDark(rotulo->palette()) ? situacao.noEscuro : situacao.noClaro);
+    }
+}
+
+} // namespace workorders
