@@ -1,0 +1,129 @@
+#include "bench/banco_cru.h"
+
+#include <sqlite3.h>
+
+#include <stdexcept>
+
+namespace medidas
+{
+
+namespace
+{
+
+void check(sqlite3 *handle, int result)
+{
+    if (result != SQLITE_OK && result != SQLITE_DONE && result != SQLITE_ROW) {
+        throw std::runtime_error(sqlite3_errmsg(handle));
+    }
+}
+
+/// The bare side sorts and compares no texts, but writing a text index asks for its order.
+int byBytes(void *, int leftSize, const void *left, int rightSize, const void *right)
+{
+    return QByteArrayView(static_cast<const char *>(left), leftSize)
+        .compare(QByteArrayView(static_cast<const char *>(right), rightSize));
+}
+
+void supplyCollation(void *, sqlite3 *handle, int, const char *name)
+{
+    sqlite3_create_collation(handle, name, SQLITE_UTF8, nullptr, byBytes);
+}
+
+} // namespace
+
+BancoCru::BancoCru(const QString &path)
+{
+    sqlite3 *handle = nullptr;
+    const int result =
+        sqlite3_open_v2(path.toUtf8().constData(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+    handle_.reset(handle);
+    check(handle, result);
+    sqlite3_collation_needed(handle, nullptr, supplyCollation);
+    execute("PRAGMA synchronous=FULL");
+}
+
+void BancoCru::execute(const char *statement)
+{
+    check(handle(), sqlite3_exec(handle(), statement, nullptr, nullptr, nullptr));
+}
+
+void BancoCru::Closer::operator()(sqlite3 *handle) const
+{
+    sqlite3_close_v2(handle);
+}
+
+Instrucao::Instrucao(const BancoCru &database, const char *statement)
+{
+    sqlite3_stmt *prepared = nullptr;
+    check(database.handle(), sqlite3_prepare_v2(database.handle(), statement, -1, &prepared, nullptr));
+    statement_.reset(prepared);
+}
+
+void Instrucao::Finalizer::operator()(sqlite3_stmt *statement) const
+{
+    sqlite3_finalize(statement);
+}
+
+bool Instrucao::step()
+{
+    const int result = sqlite3_step(statement_.get());
+    check(sqlite3_db_handle(statement_.get()), result);
+    return result == SQLITE_ROW;
+}
+
+void Instrucao::reset()
+{
+    sqlite3_reset(statement_.get());
+}
+
+void Instrucao::run()
+{
+    while (step()) {
+    }
+    reset();
+}
+
+void Instrucao::bind(int place, double value)
+{
+    sqlite3_bind_double(statement_.get(), place, value);
+}
+
+void Instrucao::bind(int place, qint64 value)
+{
+    sqlite3_bind_int64(statement_.get(), place, value);
+}
+
+void Instrucao::bind(int place, const QString &value)
+{
+    const auto utf8 = value.toUtf8();
+    sqlite3_bind_text(statement_.get(), place, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT);
+}
+
+void Instrucao::bindNull(int place)
+{
+    sqlite3_bind_null(statement_.get(), place);
+}
+
+double Instrucao::number(int column) const
+{
+    return sqlite3_column_double(statement_.get(), column);
+}
+
+qint64 Instrucao::integer(int column) const
+{
+    return sqlite3_column_int64(statement_.get(), column);
+}
+
+bool Instrucao::null(int column) const
+{
+    return sqlite3_column_type(statement_.get(), column) == SQLITE_NULL;
+}
+
+QString Instrucao::text(int column) const
+{
+    const auto *bytes = sqlite3_column_text(statement_.get(), column);
+    return QString::fromUtf8(static_cast<const char *>(static_cast<const void *>(bytes)),
+                             sqlite3_column_bytes(statement_.get(), column));
+}
+
+} // namespace medidas
