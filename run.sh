@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# Builds Tarvelo, lays its program folder `programa/` and opens it. The data in that folder is kept.
+set -euo pipefail
+cd "$(dirname "$0")"
+. tools/pacotes.sh
+
+construcao=build/release
+programa=programa
+ferramentas_prontas="$construcao/.pacotes"
+
+# The list of packages is looked up once; a change of the list looks again.
+if ! cmp -s tools/pacotes.sh "$ferramentas_prontas"; then
+    instala_faltantes "${pacotes_programa[@]}"
+    mkdir -p "$construcao"
+    cp tools/pacotes.sh "$ferramentas_prontas"
+fi
+
+[ -f "$construcao/build.ninja" ] || cmake --preset release
+cmake --build --preset release
+
+# Laid again only where something was built or the folder is not whole.
+if [ ! -x "$programa/tarvelo" ] || [ "$construcao/app/tarvelo" -nt "$programa/tarvelo" ] || [ ! -e "$programa/DADOS/splash.bmp" ]; then
+    cmake --install "$construcao" --prefix "$programa"
+fi
+
+if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then
+    echo "There is no display here, so the program can't show its windows: the demonstration runs off screen instead."
+    exec "$construcao/tools/demonstracao/demonstracao" demonstracao
+fi
+exec "$programa/tarvelo"
