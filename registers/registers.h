@@ -1,6 +1,7 @@
 #pragma once
 
-namespace registers {
+namespace registers
+{
 
 /// Makes the windows of this folder known to the directory of windows.
 void registerForms();

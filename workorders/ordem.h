@@ -4,7 +4,8 @@
 
 #include <vector>
 
-namespace workorders {
+namespace workorders
+{
 
 /// The four item lists of an order, in the order of their tabs.
 enum Aba { abaPecas = 0, abaServicos = 1, abaTercerizados = 2, abaMaterial = 3 };

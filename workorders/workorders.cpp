@@ -6,7 +6,8 @@
 
 #include "platform/ui/forms.h"
 
-namespace workorders {
+namespace workorders
+{
 
 using namespace Qt::StringLiterals;
 
