@@ -19,8 +19,10 @@ fi
 cmake --build --preset release
 
 # Laid again only where something was built or the folder is not whole.
-if [ ! -x "$programa/tarvelo" ] || [ "$construcao/app/tarvelo" -nt "$programa/tarvelo" ] || [ ! -e "$programa/DADOS/splash.bmp" ]; then
+instalado="$construcao/.instalado"
+if [ ! -x "$programa/tarvelo" ] || [ ! -e "$programa/DADOS/splash.bmp" ] || [ ! "$instalado" -nt "$construcao/app/tarvelo" ]; then
     cmake --install "$construcao" --prefix "$programa"
+    touch "$instalado"
 fi
 
 if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then

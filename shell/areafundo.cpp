@@ -8,12 +8,10 @@ namespace shell
 namespace
 {
 
-QRect lugarDoFundo(QSize figura, const QRect &area)
+/// The whole area, without distortion; what is left over on two sides is cut off.
+QRect lugarDoFundo(const QSize &figura, const QRect &area)
 {
-    if (figura.width() > area.width() || figura.height() > area.height()) {
-        figura.scale(area.size(), Qt::KeepAspectRatio);
-    }
-    QRect lugar({}, figura);
+    QRect lugar({}, figura.scaled(area.size(), Qt::KeepAspectRatioByExpanding));
     lugar.moveCenter(area.center());
     return lugar;
 }

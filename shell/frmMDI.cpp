@@ -73,6 +73,7 @@ void frmMDI::MDIForm_Load()
     aplicaAdmin();
     mostraTitulos();
     showMaximized();
+    activateWindow(); // where no window manager runs, nobody else gives it the keyboard
     passaErros([this] { carregaFundo(); });
     passaErros([] { core::CriarDB(avisaCritico); });
     personaliza(*ui_->MenuBar, core::Config(u"Personalizacao"_s));

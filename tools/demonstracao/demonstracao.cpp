@@ -165,6 +165,9 @@ void Demonstracao::novaInstalacaoPrimeiroOperadorELogin()
     QVERIFY(QTest::qWaitForWindowActive(mainWindow()));
     picture(u"frmMDI"_s);
     done(u"login aceito, janela principal aberta"_s);
+    choose(u"itmInfoSobre"_s);
+    picture(u"frmInfo"_s);
+    click(form(u"frmInfo"_s), u"cmdOK"_s);
 }
 
 void Demonstracao::addItem(const QString &quantity, const QString &description, const QString &value) const
