@@ -39,12 +39,13 @@ struct Lancamento {
 /// Posts to the cash book behind a balance, and gives the new one. The work order is told by the description alone.
 float lancaCaixa(const Lancamento &lancamento, float saldoAnterior)
 {
-    const float valor = CSng(lancamento.valor);
-    const float saldo = lancamento.saida ? saldoAnterior - valor : saldoAnterior + valor;
+    float saldo = saldoAnterior;
     AcrescentaLinha(u"Caixa"_s, [&](dao::Recordset &linha) {
         linha[u"Data"] = hoje();
         linha[u"Descricao"] = lancamento.descricao;
         linha[lancamento.saida ? u"Saida" : u"Entrada"] = lancamento.valor;
+        const float valor = CSng(lancamento.valor);
+        saldo = lancamento.saida ? saldo - valor : saldo + valor;
         linha[u"Saldo"] = saldo;
     });
     return saldo;

@@ -526,8 +526,7 @@ Fechamento frmOSFormaPagto::fechamento(int indice) const
     f.nomeCliente = ui_->lblNome->text();
     f.codCliente = ui::tagOf(ui_->lblNome);
     f.total = ui_->lblTotal->text();
-    // A text that is no number never took anything off.
-    f.desconto = IsNumeric(ui_->txtDesconto->text()) ? ui_->txtDesconto->text() : QString();
+    f.desconto = ui_->txtDesconto->text();
     f.pagamento = pagamento(indice);
     if (indice == cheques) {
         f.numerosCheques = pedeNumerosCheques();

@@ -1,5 +1,6 @@
 #include "workorders/fechamento.h"
 
+#include "tests/support/errors.h"
 #include "tests/support/program.h"
 #include "workorders/abertura.h"
 
@@ -121,6 +122,7 @@ private slots:
     void cashPostsTheWholeTotal();
     void cashWithADiscountPostsTwoRows();
     void aDiscountOfNothingIsARowToo();
+    void aDiscountThatIsNoNumberFailsBehindTheFirstRow();
     void cashGoesOnFromTheNewestBalance();
     void balancesAreRoundedTo32Bits();
 
@@ -241,6 +243,17 @@ void tst_Fechamento::aDiscountOfNothingIsARowToo()
     FechaOrdem(f);
     QCOMPARE(shop.rows(u"SELECT Descricao, Saida, Saldo FROM Caixa ORDER BY Codigo"_s),
              (QStringList{u"O.S. 0001|<Null>|100"_s, u"DESCONTO DA O.S. 0001|0|100"_s}));
+}
+
+void tst_Fechamento::aDiscountThatIsNoNumberFailsBehindTheFirstRow()
+{
+    const Workshop shop;
+    Fechamento f = closing(FormaPagamento::AVista);
+    f.desconto = u","_s;
+    QCOMPARE(support::errorOf([&f] { FechaOrdem(f); }), 3421);
+    QCOMPARE(shop.rows(u"SELECT Descricao, Entrada, Saldo FROM Caixa ORDER BY Codigo"_s),
+             QStringList{u"O.S. 0001|100|100"_s});
+    QCOMPARE(shop.rows(u"SELECT Codigo FROM OrdemServico WHERE EmAberto = True"_s), QStringList{u"1"_s});
 }
 
 void tst_Fechamento::cashGoesOnFromTheNewestBalance()

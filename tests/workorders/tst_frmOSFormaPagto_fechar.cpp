@@ -66,7 +66,6 @@ private slots:
 
     void cashIsPosted();
     void cashWithADiscountIsTwoRows();
-    void aDiscountThatIsNoNumberTakesNothingOff();
     void aPostDatedChequeIsPosted();
     void aChequeTakesTheLowerAmount();
     void thePaymentBookIsPosted();
@@ -230,12 +229,6 @@ void tst_frmOSFormaPagto_fechar::cashWithADiscountIsTwoRows()
     });
     QCOMPARE(table(u"Caixa"_s), (QStringList{u"1|15/05/2024|O.S. 0001|100|<Null>|100|<Null>"_s,
                                              u"2|15/05/2024|DESCONTO DA O.S. 0001|<Null>|9.9|90.1|<Null>"_s}));
-}
-
-void tst_frmOSFormaPagto_fechar::aDiscountThatIsNoNumberTakesNothingOff()
-{
-    close(0, [] { enter(u"txtDesconto"_s, u","_s); });
-    QCOMPARE(table(u"Caixa"_s), QStringList{u"1|15/05/2024|O.S. 0001|100|<Null>|100|<Null>"_s});
 }
 
 void tst_frmOSFormaPagto_fechar::aPostDatedChequeIsPosted()
