@@ -137,6 +137,15 @@ void checkDefinition(const TableDef &table)
     }
 }
 
+QByteArrayList dropIndexesSql(const Table &table)
+{
+    QByteArrayList statements;
+    for (const Field &field : table.fields) {
+        statements.append((u"DROP INDEX IF EXISTS "_s + indexName(table.name, field.name)).toUtf8());
+    }
+    return statements;
+}
+
 void addField(Connection &connection, const Table &table, const Field &field)
 {
     if (table.place(field.name) >= 0) {
@@ -153,9 +162,11 @@ void addField(Connection &connection, const Table &table, const Field &field)
         const QString name = quoted(field.name);
         statements.append((u"UPDATE "_s + quoted(table.name) + u" SET "_s + name + u" = "_s + rowName).toUtf8());
     }
-    const QByteArray index = createIndexSql(table.name, field);
-    if (!index.isEmpty()) {
-        statements.append(index);
+    auto fields = table.fields;
+    fields.push_back(field);
+    const QByteArrayList indexes = createIndexesSql(table.name, fields);
+    if (indexes != createIndexesSql(table.name, table.fields)) {
+        statements = dropIndexesSql(table) + statements + indexes;
     }
     change(connection, statements);
 }
@@ -167,9 +178,11 @@ void dropField(Connection &connection, const Table &table, const QString &name)
         throw runtime::RuntimeError(3381, u"O campo '%1' não existe na tabela '%2'."_s.arg(name, table.name));
     }
     const QString field = table.fields[static_cast<size_t>(place)].name;
-    const QString index = quoted(QString(table.name + u'~' + field));
-    change(connection, {(u"DROP INDEX IF EXISTS "_s + index).toUtf8(),
-                        (u"ALTER TABLE "_s + quoted(table.name) + u" DROP COLUMN "_s + quoted(field)).toUtf8()});
+    auto left = table.fields;
+    left.erase(left.begin() + place);
+    QByteArrayList statements = dropIndexesSql(table);
+    statements.append((u"ALTER TABLE "_s + quoted(table.name) + u" DROP COLUMN "_s + quoted(field)).toUtf8());
+    change(connection, statements + createIndexesSql(table.name, left));
 }
 
 void dropTable(Connection &connection, const Table &table)
@@ -232,14 +245,7 @@ void createTable(Connection &connection, const TableDef &table)
     if (connection.schema().find(table.name())) {
         runtime::raise(3010, {table.name()});
     }
-    QByteArrayList statements = {createTableSql(table)};
-    for (const Field &field : table.fields()) {
-        const QByteArray index = createIndexSql(table.name(), field);
-        if (!index.isEmpty()) {
-            statements.append(index);
-        }
-    }
-    change(connection, statements);
+    change(connection, QByteArrayList{createTableSql(table)} + createIndexesSql(table.name(), table.fields()));
 }
 
 } // namespace dao

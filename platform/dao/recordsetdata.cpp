@@ -20,6 +20,7 @@ RecordsetData::RecordsetData(std::shared_ptr<Connection> connection, std::shared
     connection_->handle();
     if (width_ != 0 && plan_->sorted) {
         drain();
+        holdFile();
     } else {
         scan_ = plan_->scan.take(connection_->handle());
         bindLiterals(scan_, *plan_, literals_);
@@ -112,6 +113,17 @@ void RecordsetData::drain()
     endScan();
 }
 
+/// The rows of a sorted set are read one by one: under one lock of the file, as those of a running statement are, and
+/// not one a row.
+void RecordsetData::holdFile()
+{
+    constexpr size_t many = 100;
+    if (rows() > many) {
+        hold_ = Prepared(connection_->handle(), QByteArrayLiteral("SELECT 1 FROM sqlite_schema"));
+        hold_.step();
+    }
+}
+
 void RecordsetData::requireOpen() const
 {
     if (!connection_) {
@@ -179,6 +191,7 @@ void RecordsetData::goTo(size_t row)
 
 void RecordsetData::goBehind()
 {
+    hold_ = {};
     place_ = Place::After;
     current_ = nullptr;
 }
@@ -451,6 +464,7 @@ void RecordsetData::close()
     }
     connection_->leave(this);
     dropCurrent();
+    hold_ = {};
     plan_->scan.giveBack(std::move(scan_));
     plan_->seek.giveBack(std::move(seek_));
     writer_.reset();
@@ -463,6 +477,7 @@ void RecordsetData::disconnect()
     scan_ = {};
     seek_ = {};
     last_ = {};
+    hold_ = {};
     current_ = nullptr;
     plan_->clearPools();
     writer_.reset();
@@ -504,6 +519,7 @@ void RecordsetData::settle()
 {
     drain();
     dropCurrent();
+    hold_ = {};
     if (place_ == Place::Last) {
         place_ = Place::Row;
         row_ = rows() - 1;

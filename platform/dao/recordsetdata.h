@@ -60,6 +60,7 @@ private:
     bool fetchKey(Prepared &statement);
     void endScan();
     void drain();
+    void holdFile();
     void goTo(size_t row);
     void goBackFrom(size_t row);
     void goBehind();
@@ -81,6 +82,7 @@ private:
     Prepared scan_;               ///< runs ahead; null once it has reached its end
     Prepared seek_;               ///< reads one row by its row numbers
     Prepared last_;               ///< reads the last row
+    Prepared hold_;               ///< keeps the file locked for reading while a sorted set is walked
     Prepared *current_ = nullptr; ///< the statement that stands on the current row
     std::vector<qint64> keys_;    ///< the row numbers of the rows met so far; 0 for one that this set deleted
     std::vector<qint64> added_;   ///< rows added by this set while the statement ran: they stand at the end

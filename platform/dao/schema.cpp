@@ -107,13 +107,28 @@ QByteArray createTableSql(const TableDef &table)
     return (u"CREATE TABLE "_s + quoted(table.name()) + u" ("_s + columns.join(u", "_s) + u')').toUtf8();
 }
 
-QByteArray createIndexSql(const QString &table, const Field &field)
+QString indexName(const QString &table, const QString &field)
 {
-    if (!isSearched(table, field)) {
-        return {};
+    return quoted(QString(table + u'~' + field));
+}
+
+QByteArrayList createIndexesSql(const QString &table, const std::vector<Field> &fields)
+{
+    const auto counter =
+        std::find_if(fields.begin(), fields.end(), [](const Field &field) { return field.isCounter(); });
+    QByteArrayList statements;
+    for (const Field &field : fields) {
+        if (!isSearched(table, field)) {
+            continue;
+        }
+        // A ledger is read by its owner in the order of its counter, and from its end.
+        const bool ordered = counter != fields.end() && !field.isCounter() && field.type != FieldType::Text;
+        const QString columns = quoted(field.name) + (ordered ? u", "_s + quoted(counter->name) : QString());
+        statements.append(
+            (u"CREATE INDEX "_s + indexName(table, field.name) + u" ON "_s + quoted(table) + u" ("_s + columns + u')')
+                .toUtf8());
     }
-    const QString name = quoted(QString(table + u'~' + field.name));
-    return (u"CREATE INDEX "_s + name + u" ON "_s + quoted(table) + u" ("_s + quoted(field.name) + u')').toUtf8();
+    return statements;
 }
 
 } // namespace dao

@@ -52,7 +52,10 @@ QString columnDefinition(const Field &field);
 
 QByteArray createTableSql(const TableDef &table);
 
-/// The plain index that a column gets when statements search by it; empty for all other columns.
-QByteArray createIndexSql(const QString &table, const Field &field);
+/// The plain indexes of the columns that statements search by, each with the table's counter behind it.
+QByteArrayList createIndexesSql(const QString &table, const std::vector<Field> &fields);
+
+/// The engine's name of a column's index, quoted.
+QString indexName(const QString &table, const QString &field);
 
 } // namespace dao

@@ -47,6 +47,7 @@ private slots:
     void typeWordsOfAlterMeanTheirTypes_data();
     void typeWordsOfAlterMeanTheirTypes();
     void aFieldIsDropped();
+    void aCounterIsDroppedAndAddedAgain();
     void theDataSurvivesAReopening();
     void noSideFilesStay();
     void aPlainCopyIsTheWholeDatabase();
@@ -205,6 +206,23 @@ void tst_database::aFieldIsDropped()
     database_->Execute(u"ALTER TABLE Amostra DROP COLUMN CodOs"_s);
     QCOMPARE(errorOf([&] { database_->OpenRecordset(u"SELECT CodOs FROM Amostra"_s); }), 3061);
     QCOMPARE(errorOf([&] { database_->Execute(u"ALTER TABLE Amostra DROP COLUMN CodOs"_s); }), 3381);
+}
+
+/// The counter stands in the indexes of the columns that are searched.
+void tst_database::aCounterIsDroppedAndAddedAgain()
+{
+    database_->Execute(u"CREATE TABLE Razao (Codigo COUNTER, CodPeca LONG, Saldo SINGLE)"_s);
+    for (const auto *values : {u"7, 1", u"8, 2", u"7, 3"}) {
+        database_->Execute(u"INSERT INTO Razao (CodPeca, Saldo) VALUES ("_s + QString::fromUtf16(values) + u')');
+    }
+    const QString newest = u"SELECT Saldo FROM Razao WHERE CodPeca = 7 ORDER BY Codigo DESC"_s;
+    QCOMPARE(golden::rows(*database_, newest), (QStringList{u"3"_s, u"1"_s}));
+
+    database_->Execute(u"ALTER TABLE Razao DROP COLUMN Codigo"_s);
+    QCOMPARE(golden::rows(*database_, u"SELECT Saldo FROM Razao WHERE CodPeca = 7"_s), (QStringList{u"1"_s, u"3"_s}));
+    database_->Execute(u"ALTER TABLE Razao ADD COLUMN Codigo COUNTER"_s);
+    QCOMPARE(golden::rows(*database_, newest), (QStringList{u"3"_s, u"1"_s}));
+    QCOMPARE(database_->CheckIntegrity(), u"ok"_s);
 }
 
 void tst_database::theDataSurvivesAReopening()

@@ -57,11 +57,15 @@ private slots:
     void joinsAndSumsAreReadOnly();
     void aggregatesOverNoRowsGiveOneRow();
     void severalSetsOnOneTableDoNotDisturbEachOther();
+    void aLongSortedSetLetsItsTableBeWritten();
+    void anotherProgramWritesOnceALongSortedSetIsWalked();
     void aClosedSetIsNoObject();
     void aClosedDatabaseClosesItsSets();
     void aMovedSetIsNoObject();
 
 private:
+    void createList(int rows);
+
     dao::Database &database() { return golden_->database(); }
     dao::Recordset open(const QString &source) { return database().OpenRecordset(source); }
     QStringList rows(const QString &statement) { return golden::rows(database(), statement); }
@@ -505,6 +509,47 @@ void tst_recordset::severalSetsOnOneTableDoNotDisturbEachOther()
     QCOMPARE(second.value(0), Value(qint32{5}));
     first.MoveLast();
     QCOMPARE(first[u"Saldo"].Value(), Value(5.5F));
+}
+
+/// A table whose order by name is the reverse of its order by code.
+void tst_recordset::createList(int rows)
+{
+    database().Execute(u"CREATE TABLE Lista (Codigo COUNTER, Nome TEXT(20))"_s);
+    const dao::Batch batch(database());
+    auto set = open(u"Lista"_s);
+    for (int row = 0; row < rows; ++row) {
+        set.AddNew();
+        set[u"Nome"] = u"N%1"_s.arg(rows - row, 4, 10, QChar(u'0'));
+        set.Update();
+    }
+}
+
+void tst_recordset::aLongSortedSetLetsItsTableBeWritten()
+{
+    constexpr int many = 300;
+    createList(many);
+    auto set = open(u"SELECT * FROM Lista ORDER BY Nome"_s);
+    for (int expected = many; expected > 0; --expected, set.MoveNext()) {
+        QCOMPARE(shown(set.value(0)), QString::number(expected));
+        set.Edit();
+        set[u"Nome"] = u"Z"_s + shown(set.value(1));
+        set.Update();
+        database().Execute(u"INSERT INTO Lista (Nome) VALUES ('A')"_s);
+    }
+    QVERIFY(set.Eof());
+    QCOMPARE(rows(u"SELECT count(Codigo) FROM Lista WHERE Nome LIKE 'ZN*'"_s), (QStringList{u"300"_s}));
+    QCOMPARE(rows(u"SELECT count(Codigo) FROM Lista"_s), (QStringList{u"600"_s}));
+}
+
+void tst_recordset::anotherProgramWritesOnceALongSortedSetIsWalked()
+{
+    constexpr int many = 300;
+    createList(many);
+    const auto other = dao::DBEngine::OpenDatabase(golden_->path());
+    auto set = open(u"SELECT * FROM Lista ORDER BY Nome"_s);
+    QCOMPARE(walk(set).size(), many);
+    QCOMPARE(other->Execute(u"DELETE * FROM Lista WHERE Codigo > 1"_s), many - 1);
+    QCOMPARE(rows(u"SELECT Nome FROM Lista"_s), (QStringList{u"N0300"_s}));
 }
 
 void tst_recordset::aClosedSetIsNoObject()
