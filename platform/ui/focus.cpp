@@ -112,6 +112,18 @@ void FocusTracker::forget(Form *form)
     }
 }
 
+void FocusTracker::leave()
+{
+    if (telling_) {
+        return;
+    }
+    const QPointer<QWidget> left = std::exchange(current_, nullptr);
+    const QScopedValueRollback guard(telling_, true);
+    if (auto *form = formOf(left)) {
+        form->tellLostFocus(left);
+    }
+}
+
 void FocusTracker::focusChanged(QWidget *now)
 {
     if (telling_ || isPassing(reason_)) {
@@ -121,12 +133,30 @@ void FocusTracker::focusChanged(QWidget *now)
     if (!control || control == current_) {
         return;
     }
+    // A child window hides for a moment while it is maximized or restored: the focus wanders inside before it rests.
+    if (!control->isVisible()) {
+        lookAgain();
+        return;
+    }
     // An activation comes straight from the window system: nobody there takes an exception.
     if (reason_ == Qt::ActiveWindowFocusReason) {
         Application::runApart([this, now, control] { change(formOf(now), control); });
     } else {
         change(formOf(now), control);
     }
+}
+
+/// Once: a focus that stays hidden is nobody's.
+void FocusTracker::lookAgain()
+{
+    if (std::exchange(lookingAgain_, true)) {
+        return;
+    }
+    const auto look = [this] {
+        focusChanged(QApplication::focusWidget());
+        lookingAgain_ = false;
+    };
+    QMetaObject::invokeMethod(this, look, Qt::QueuedConnection);
 }
 
 void FocusTracker::change(const QPointer<Form> &form, QWidget *control)

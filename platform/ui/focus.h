@@ -35,6 +35,10 @@ public:
     void noteModal() { ++modals_; }
     int modals() const { return modals_; }
 
+    /// The control that has the focus is left now: a key in it opens another window, and what leaving it does comes
+    /// before that.
+    void leave();
+
     /// The window closes: nothing is told to it any more.
     void forget(Form *form);
 
@@ -59,6 +63,7 @@ public:
 private:
     explicit FocusTracker(QObject *parent);
 
+    void lookAgain();
     void focusChanged(QWidget *now);
     void change(const QPointer<Form> &form, QWidget *control);
     void settle(const QPointer<Form> &form);
@@ -69,6 +74,7 @@ private:
     Qt::FocusReason reason_ = Qt::OtherFocusReason;
     int modals_ = 0;
     bool telling_ = false;
+    bool lookingAgain_ = false;
     bool pressDue_ = false;   // the lost press has not reached its target yet
     bool swallowing_ = false; // it has; what belongs to it is still to come
 };

@@ -375,4 +375,9 @@ void Form::connectChange(QWidget *control, const Handler &handler)
     }
 }
 
+void leaveField()
+{
+    FocusTracker::instance().leave();
+}
+
 } // namespace ui

@@ -169,6 +169,9 @@ private:
 /// `CentraForm`: centres on the screen, or inside the main window's area.
 void CentraForm(Form &form, bool onScreen);
 
+/// Tells the control with the focus that it is left, ahead of a window that a key in it opens.
+void leaveField();
+
 /// Reads and writes what the platform calls a control's Text or Caption.
 QString textOf(const QWidget *control);
 void setTextOf(QWidget *control, const QString &text);

@@ -147,15 +147,36 @@ bool Forms::goesIntoArea(const Form &form) const
 
 void Forms::bringUp(Form &form)
 {
+    auto *modal = QApplication::activeModalWidget();
+    if (modal) {
+        takeFromArea(form);
+    }
     if (form.isVisible() || frameOf(form)) {
         bringToFront(form);
-    } else if (auto *modal = QApplication::activeModalWidget()) {
+    } else if (modal) {
         form.setWindowModality(Qt::ApplicationModal);
         showAlone(form, modal);
     } else if (goesIntoArea(form)) {
         showInArea(form);
     } else {
         showAlone(form, nullptr);
+    }
+}
+
+/// A modal window holds the main window off: what is called from it has to stand above it.
+void Forms::takeFromArea(Form &form)
+{
+    if (auto *frame = frameOf(form)) {
+        frame->mdiArea()->removeSubWindow(&form);
+        frame->close();
+        frame->deleteLater();
+    }
+}
+
+void Forms::bringToFront(const QString &name)
+{
+    if (auto *form = find(name); form && (form->isVisible() || frameOf(*form))) {
+        bringToFront(*form);
     }
 }
 

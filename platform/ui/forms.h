@@ -36,8 +36,11 @@ public:
     Form *Load(const QString &name);
 
     /// Brings a window up as a child of the main window; one that is up comes to the front as it is. Where a modal
-    /// window is open, the window opens modal above it.
+    /// window is open, the window opens modal above it, a child of the main window too.
     Form *Show(const QString &name);
+
+    /// A window that is up comes to the front where it stands.
+    void bringToFront(const QString &name);
 
     /// Brings a window up modally and returns when it has been unloaded.
     void ShowModal(const QString &name);
@@ -64,6 +67,7 @@ private:
     bool goesIntoArea(const Form &form) const;
     void bringUp(Form &form);
     void bringToFront(Form &form);
+    void takeFromArea(Form &form);
     void showInArea(Form &form);
     void showAlone(Form &form, QWidget *above);
     void place(Form &form);

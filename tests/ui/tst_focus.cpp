@@ -46,6 +46,7 @@ private slots:
     void anotherProgramInFrontIsNotLeaving();
     void boxIsNotLeaving();
     void anotherChildWindowIsLeaving();
+    void maximizingIsNotLeaving();
     void closingTellsNothing();
     void unloadInsideAFocusEventIsSafe();
     void mnemonicOfAButtonLeavesTheFieldFirst();
@@ -201,6 +202,37 @@ void tst_focus::anotherChildWindowIsLeaving()
     told.clear();
     area->setActiveSubWindow(static_cast<QMdiSubWindow *>(one->parentWidget()));
     QCOMPARE(told, (QStringList{u"txtUm LostFocus"_s, u"txtUm GotFocus"_s}));
+}
+
+/// The window hides for a moment, and the focus wanders: no field that it passes is left.
+void tst_focus::maximizingIsNotLeaving()
+{
+    QMainWindow main;
+    auto *area = new QMdiArea;
+    main.setCentralWidget(area);
+    main.resize(1200, 900);
+    auto *one = new frmProva;
+    auto *two = new frmProva(u"frmOutra"_s);
+    auto *frame = area->addSubWindow(one);
+    auto *other = area->addSubWindow(two);
+    main.show();
+    one->show();
+    two->show();
+    main.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&main));
+    area->setActiveSubWindow(frame);
+    frame->showMaximized();
+    one->txtDois->setFocus();
+    QCoreApplication::processEvents();
+    told.clear();
+    area->setActiveSubWindow(other);
+    QCoreApplication::processEvents();
+    QVERIFY(two->txtUm->hasFocus());
+    QCOMPARE(told, (QStringList{u"txtDois LostFocus"_s, u"txtUm GotFocus"_s}));
+    told.clear();
+    other->showNormal();
+    QTRY_COMPARE(told, (QStringList{u"txtUm LostFocus"_s, u"txtDois GotFocus"_s})); // where it came to rest
+    QVERIFY(two->txtDois->hasFocus());
 }
 
 void tst_focus::closingTellsNothing()

@@ -142,6 +142,7 @@ private slots:
     void titleBarEndsAModalWindow();
     void modalWindowsNest();
     void showFromAModalWindowIsModalAboveIt();
+    void aModalWindowCallsAnOpenChildUpAboveIt();
     void modalTakesALoadedWindowAsItIs();
     void boxAboveAModalWindow();
     void callerIsActiveAgain();
@@ -440,6 +441,27 @@ void tst_forms::showFromAModalWindowIsModalAboveIt()
     Forms::instance().ShowModal(u"frmUm"_s);
     QVERIFY(modal);
     QVERIFY(!child);
+}
+
+/// The main window is held off: a child that stayed there could not be used.
+void tst_forms::aModalWindowCallsAnOpenChildUpAboveIt()
+{
+    Main main;
+    const auto *child = Forms::instance().Show(u"frmDois"_s);
+    Forms::instance().write(u"frmDois"_s, u"txtCodigo"_s, u"ABC1234"_s);
+    bool modal = false;
+    QString text;
+    later([&] {
+        modal = Forms::instance().Show(u"frmDois"_s) == child && QApplication::activeModalWidget() == child;
+        text = ui::textOf(Forms::instance().control(u"frmDois"_s, u"txtCodigo"_s));
+        Forms::instance().Unload(u"frmDois"_s);
+        Forms::instance().Unload(u"frmUm"_s);
+    });
+    Forms::instance().ShowModal(u"frmUm"_s);
+    QVERIFY(modal);
+    QCOMPARE(text, u"ABC1234"_s);
+    QCOMPARE(loads.count(u"frmDois"_s), 1);
+    QVERIFY(main.area->subWindowList().isEmpty());
 }
 
 void tst_forms::modalTakesALoadedWindowAsItIs()
