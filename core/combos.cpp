@@ -25,7 +25,6 @@ namespace
 
 constexpr qsizetype maiorEntrada = 200;
 constexpr int maiorTexto = 250; ///< what the column holds; the limit above is told by a box
-constexpr auto propTextoAnterior = "textoAnterior";
 
 QString numero(ListaCombo lista)
 {

@@ -70,4 +70,14 @@ void ImprimeQuebrado(const QString &texto, int largura, printer::Surface &saida)
 /// KeyPress filter: digits and Backspace pass, with `comDecimais` also "," and "."; anything else beeps and gives 0.
 QChar SoDigitos(QChar tecla, bool comDecimais);
 
+/// The two filters as a control takes them.
+inline QChar SoInteiros(QChar tecla)
+{
+    return SoDigitos(tecla, false);
+}
+inline QChar SoDecimais(QChar tecla)
+{
+    return SoDigitos(tecla, true);
+}
+
 } // namespace core

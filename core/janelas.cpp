@@ -26,7 +26,6 @@ namespace core
 namespace
 {
 
-constexpr auto propTextoAnterior = "textoAnterior";
 constexpr auto propDinheiro = "dinheiro";
 
 void selecionaTudo(QWidget *controle)
@@ -199,6 +198,11 @@ void MascaraTexto(QLineEdit *controle, TipoMascara tipo)
     } else {
         poeMarcas(*controle, tipo);
     }
+}
+
+void AnotaTexto(QWidget *controle)
+{
+    controle->setProperty(propTextoAnterior, ui::textOf(controle));
 }
 
 void LimpaForm(ui::Form &form, const Limpeza &o)

@@ -13,6 +13,9 @@ class Form;
 namespace core
 {
 
+/// The property of a control that holds its text before the last change, by which a deletion is told.
+inline constexpr auto propTextoAnterior = "textoAnterior";
+
 /// Joins the rules to the screen: the questions of `Base64Decodifica` become boxes. Called once, before the settings
 /// are read.
 void LigaPerguntas();
@@ -30,6 +33,10 @@ enum class TipoMascara { Data = 1, Fone = 2, Valor = 3, Ano = 4, CEP = 5 };
 /// Puts a mask's marks in as the user types; to be called on each change, and for `Valor` on leaving. A deletion is
 /// left alone, so that a mark can be taken back.
 void MascaraTexto(QLineEdit *controle, TipoMascara tipo);
+
+/// To be called instead of `MascaraTexto` and `AutoCompletaCombo` where the program changes the text: what is stored is
+/// shown as it is, and the user's next deletion is told by it.
+void AnotaTexto(QWidget *controle);
 
 /// What `LimpaForm` empties. Lists are never touched, fixed captions (`Rotulos_n`) neither. A label with the dynamic
 /// property `dinheiro` (a bool, set in the .ui) holds money and comes back as "0,00".

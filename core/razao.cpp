@@ -1,11 +1,14 @@
 #include "core/razao.h"
 
+#include "core/funcoes.h"
 #include "core/modulo.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
 
 namespace core
 {
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -23,9 +26,9 @@ int lugarDoContador(const dao::Recordset &linhas)
 }
 
 /// A movement's effect on the balance. A row with neither side has none to give: the conversion of Null fails.
-double movimento(const runtime::Value &entrada, const runtime::Value &saida)
+float movimento(const runtime::Value &entrada, const runtime::Value &saida)
 {
-    return runtime::IsNull(entrada) ? -double{runtime::CSng(saida)} : double{runtime::CSng(entrada)};
+    return runtime::IsNull(entrada) ? -runtime::CSng(saida) : runtime::CSng(entrada);
 }
 
 void recalcula(dao::Recordset &linhas, const QString &colunaSaldo)
@@ -35,8 +38,7 @@ void recalcula(dao::Recordset &linhas, const QString &colunaSaldo)
     const int coluna = linhas.fieldPlace(colunaSaldo);
     float saldo = 0;
     for (; !linhas.Eof(); linhas.MoveNext()) {
-        // The sum of two 32-bit floats is exact enough in 64 bits: rounding it once is the 32-bit sum.
-        saldo = runtime::CSng(double{saldo} + movimento(linhas.value(entrada), linhas.value(saida)));
+        saldo = SaldoDepois(saldo, movimento(linhas.value(entrada), linhas.value(saida)));
         linhas.Edit();
         linhas[coluna] = saldo;
         linhas.Update();
@@ -64,6 +66,23 @@ qint32 AcrescentaLinha(const QString &tabela, const std::function<void(dao::Reco
     const qint32 codigo = contador == semContador ? 0 : runtime::CLng(linhas[contador].Value());
     linhas.Update();
     return codigo;
+}
+
+float SaldoDepois(float saldo, float movimento)
+{
+    // The sum of two 32-bit floats is exact enough in 64 bits: rounding it once is the 32-bit sum.
+    return runtime::CSng(double{saldo} + double{movimento});
+}
+
+void AbreEstoque(const runtime::Value &codPeca, const QString &descricao, const runtime::Value &quantidade)
+{
+    AcrescentaLinha(u"Estoque"_s, [&](dao::Recordset &linha) {
+        linha[u"CodPeca"] = codPeca;
+        linha[u"Data"] = runtime::Format(runtime::Today(), mascaraData);
+        linha[u"Descricao"] = descricao;
+        linha[u"Entrada"] = quantidade;
+        linha[u"Estoque"] = quantidade;
+    });
 }
 
 void RecalculaRazao(const QString &consulta, const QString &colunaSaldo)

@@ -23,6 +23,12 @@ float UltimoSaldo(const QString &consulta, const QString &coluna);
 /// The new row's counter is returned, 0 for a table without one.
 qint32 AcrescentaLinha(const QString &tabela, const std::function<void(dao::Recordset &)> &preenche);
 
+/// The balance after a movement, negative where something leaves, in 32-bit arithmetic. Error 6 for a sum out of range.
+float SaldoDepois(float saldo, float movimento);
+
+/// Appends the first row of a part's ledger, dated today: `quantidade` comes in and is the balance.
+void AbreEstoque(const runtime::Value &codPeca, const QString &descricao, const runtime::Value &quantidade);
+
 /// Walks a whole ledger in the order of `consulta` and rewrites each balance: `Entrada` adds, where it is Null
 /// `Saida` takes away. One edit and update a row, whether or not it changed; no transaction.
 void RecalculaRazao(const QString &consulta, const QString &colunaSaldo = QStringLiteral("Saldo"));

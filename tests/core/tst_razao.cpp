@@ -8,6 +8,8 @@
 
 #include <QTest>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 using support::errorOf;
 
@@ -45,6 +47,10 @@ class TestRazao : public QObject
 private slots:
     void takesAnEmptyLedgerForZero();
     void readsTheLastRowInTheOrderOfTheStatement();
+    void theBalanceAfterAMovementIsOf32Bits();
+    void aBalanceAfterAMovementOutOfRangeFails();
+    void opensTheLedgerOfAPart_data();
+    void opensTheLedgerOfAPart();
     void appendsARowAndGivesItsCode();
     void appendsToATableWithoutACounter();
     void writesNothingWhereARowCanNotBeFilled();
@@ -69,6 +75,42 @@ void TestRazao::readsTheLastRowInTheOrderOfTheStatement()
     lanca(u"01/05/2024"_s, 5.25F, runtime::Null{}, 15.75F);
     QCOMPARE(core::UltimoSaldo(u"SELECT * FROM Caixa Order By Codigo"_s, u"Saldo"_s), 15.75F);
     QCOMPARE(core::UltimoSaldo(u"SELECT * FROM Caixa Order By Data"_s, u"Saldo"_s), 10.5F);
+}
+
+void TestRazao::theBalanceAfterAMovementIsOf32Bits()
+{
+    QCOMPARE(core::SaldoDepois(10.0F, -12.5F), -2.5F);
+    QCOMPARE(core::SaldoDepois(16777216.0F, 1.0F), 16777216.0F);
+    float saldo = 0;
+    for (int vez = 0; vez < 10; ++vez) {
+        saldo = core::SaldoDepois(saldo, 0.1F);
+    }
+    QCOMPARE(saldo, std::nextafter(1.0F, 2.0F)); // ten tenths are not one
+}
+
+void TestRazao::aBalanceAfterAMovementOutOfRangeFails()
+{
+    QCOMPARE(errorOf([] { core::SaldoDepois(3e38F, 1e38F); }), 6);
+    QCOMPARE(errorOf([] { core::SaldoDepois(-3e38F, -1e38F); }), 6);
+}
+
+void TestRazao::opensTheLedgerOfAPart_data()
+{
+    QTest::addColumn<QString>("quantidade");
+    QTest::addColumn<QString>("gravado");
+    QTest::newRow("nothing") << u"0"_s << u"0"_s;
+    QTest::newRow("as the screen writes it") << u"1.234,500"_s << u"1234.5"_s;
+}
+
+void TestRazao::opensTheLedgerOfAPart()
+{
+    QFETCH(QString, quantidade);
+    QFETCH(QString, gravado);
+    const support::Program programa;
+    core::AbreEstoque(7, u"ENTRADA INICIAL"_s, quantidade);
+    const std::vector<QStringList> linhas{
+        {u"1"_s, u"7"_s, u"15/05/2024 00:00:00"_s, u"ENTRADA INICIAL"_s, gravado, u"<Null>"_s, gravado}};
+    QCOMPARE(programa.rows(u"SELECT * FROM Estoque"_s), linhas);
 }
 
 void TestRazao::appendsARowAndGivesItsCode()
