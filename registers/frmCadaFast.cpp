@@ -2,6 +2,9 @@
 
 #include "ui_frmCadaFast.h"
 
+#include "registers/avisos.h"
+#include "registers/estados.h"
+
 #include "core/banco.h"
 #include "core/combos.h"
 #include "core/funcoes.h"
@@ -25,7 +28,6 @@ namespace
 {
 
 constexpr qint16 procuraCliente = 38; ///< `ModoChamada` of the customer register when it picks for this window
-constexpr int estadoInicial = 24;     ///< "SP"
 
 constexpr std::array<Devolucao, 1> tabelaDevolucoes{{{0, u"frmOSAbre", u"txtCodVeiculo"}}};
 
@@ -79,31 +81,12 @@ void limpa(const Janela &janela, const std::array<Campo, N> &campos)
     }
 }
 
-QChar digito(QChar tecla)
-{
-    return SoDigitos(tecla, false);
-}
-
-QChar digitoDecimal(QChar tecla)
-{
-    return SoDigitos(tecla, true);
-}
-
-/// Tells of a row that is there already. It only warns.
-void avisaSeHa(const QString &consulta, const QString &mensagem)
-{
-    if (!DBDados->OpenRecordset(consulta).Eof()) {
-        ui::MsgBox(mensagem, ui::Icon::Exclamation, NomeEmpresa);
-    }
-}
-
 } // namespace
 
 frmCadaFast::frmCadaFast() : Form(u"frmCadaFast"_s), ui_(std::make_unique<Ui::frmCadaFast>())
 {
     ui_->setupUi(this);
     ligaEventos();
-    disableUnlessExists(u"frmCadaCliente"_s, {ui_->btnClienteFind});
 
     ui_->btnClienteFind->setIcon(ui::icon(u"edit-find"_s));
     ui_->btnMarcaAdd->setIcon(ui::icon(u"bookmark-new"_s));
@@ -117,14 +100,14 @@ frmCadaFast::~frmCadaFast() = default;
 void frmCadaFast::ligaEventos()
 {
     onLostFocus(ui_->txtCodCliente, &frmCadaFast::txtCodCliente_LostFocus);
-    filterKeys(ui_->txtCodCliente, digito);
+    filterKeys(ui_->txtCodCliente, SoInteiros);
     onLostFocus(ui_->txtNome, &frmCadaFast::txtNome_LostFocus);
-    filterKeys(ui_->txtNumero, digitoDecimal);
-    filterKeys(ui_->txtCEP, digito);
+    filterKeys(ui_->txtNumero, SoDecimais);
+    filterKeys(ui_->txtCEP, SoInteiros);
     onChange(ui_->txtCEP, &frmCadaFast::txtCEP_Change);
-    filterKeys(ui_->txtFone1, digito);
+    filterKeys(ui_->txtFone1, SoInteiros);
     onChange(ui_->txtFone1, &frmCadaFast::txtFone1_Change);
-    filterKeys(ui_->txtCelular, digito);
+    filterKeys(ui_->txtCelular, SoInteiros);
     onChange(ui_->txtCelular, &frmCadaFast::txtCelular_Change);
     onChange(ui_->cboMarca, &frmCadaFast::cboMarca_Change);
     onChange(ui_->txtAno, &frmCadaFast::txtAno_Change);
@@ -146,7 +129,7 @@ void frmCadaFast::Form_Load()
 {
     ui::CentraForm(*this, false);
     setWindowTitle(captionOf(u" - [Cadastro Rápido]"_s));
-    ui_->cboEstado->setCurrentIndex(estadoInicial);
+    PreencheEstados(ui_->cboEstado);
     AtualizaCombo(ui_->cboMarca, ListaCombo::MarcaModelo, ModoCombo::Carrega);
 }
 
@@ -184,13 +167,13 @@ void frmCadaFast::limpaCliente()
 
 void frmCadaFast::txtNome_LostFocus()
 {
-    avisaSeHa(u"SELECT Codigo FROM Clientes WHERE Nome = '"_s + ui_->txtNome->text() + u"'"_s,
+    AvisaSeHa(u"SELECT Codigo FROM Clientes WHERE Nome = '"_s + ui_->txtNome->text() + u"'"_s,
               u"Nome de Cliente Já Cadastrado"_s);
 }
 
 void frmCadaFast::txtPlaca_LostFocus()
 {
-    avisaSeHa(u"SELECT Placas FROM Veiculos WHERE Placas = '"_s + ui_->txtPlaca->text() + u"'"_s,
+    AvisaSeHa(u"SELECT Placas FROM Veiculos WHERE Placas = '"_s + ui_->txtPlaca->text() + u"'"_s,
               u"Placa já cadastrada"_s);
 }
 
@@ -221,11 +204,7 @@ void frmCadaFast::cboMarca_Change()
 
 void frmCadaFast::btnClienteFind_Click()
 {
-    const QString cadastro = u"frmCadaCliente"_s;
-    if (ui::Forms::instance().exists(cadastro)) { // F1 passes the disabled button by
-        ModoChamada = procuraCliente;
-        ui::Forms::instance().Show(cadastro);
-    }
+    Chama(u"frmCadaCliente"_s, procuraCliente);
 }
 
 void frmCadaFast::btnMarcaAdd_Click()

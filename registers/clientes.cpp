@@ -1,0 +1,166 @@
+#include "registers/conversoes.h"
+#include "registers/registro.h"
+
+#include "core/banco.h"
+#include "core/funcoes.h"
+#include "platform/dao/recordset.h"
+
+#include <array>
+
+/// The register of customers.
+namespace registers
+{
+
+using namespace runtime;
+using namespace core;
+
+namespace
+{
+
+/// The most characters of a person's document: a CPF has 11 digits, a CNPJ 14.
+constexpr qsizetype maiorDocumentoDePessoa = 11;
+
+QString documento(const dao::Recordset &linha, int lugar)
+{
+    return NuloParaVazio(FormataDocumento(comoEsta(linha, lugar), false));
+}
+
+/// The entry of cboPessoa: nothing but the document's length tells a person from a company.
+QString pessoa(const dao::Recordset &linha, int lugar)
+{
+    return QString::number(comoEsta(linha, lugar).size() > maiorDocumentoDePessoa ? 1 : 0);
+}
+
+/// A new customer's document is kept as typed, a changed one without its punctuation.
+std::optional<Value> documentoGravado(const QString &texto, Gravacao gravacao)
+{
+    return gravacao == Gravacao::Inclusao ? ValorOuNulo(texto) : FormataDocumento(texto, true);
+}
+
+constexpr std::array aberturas{
+    Abertura{1, u" - [Consulta Código de Clientes]", u"txtTexto"},
+    Abertura{12, u" - [Consulta Código de Clientes]", u"txtTexto"},
+    Abertura{19, u" - [Consulta Código de Clientes]", u"txtTexto"},
+    Abertura{2, u" - [Incluir Cliente]", u"txtNome"},
+    Abertura{13, u" - [Incluir Cliente]", u"txtNome"},
+};
+
+constexpr std::array campos{
+    Campo{u"lblCodigo", u"Codigo", comoCodigo},
+    Campo{u"lblDataCadastro", u"DataCadastro", comoData, hojeNaInclusao},
+    Campo{u"txtNome", u"Nome", comoEsta, comoTexto},
+    Campo{u"txtEndereco", u"Endereco", comoEsta, ouNulo},
+    Campo{u"txtNumero", u"Numero", comoEsta, ouNulo, SoDecimais},
+    Campo{u"txtComplemento", u"Complemento", comoEsta, ouNulo},
+    Campo{u"txtBairro", u"Bairro", comoEsta, ouNulo},
+    Campo{u"txtCidade", u"Cidade", comoEsta, ouNulo},
+    Campo{u"cboEstado", u"Estado", comoEsta, comoTexto},
+    Campo{u"txtCEP", u"CEP", comoEsta, ouNulo, SoInteiros, TipoMascara::CEP},
+    Campo{u"txtPontoReferencia", u"PontoReferencia", comoEsta, ouNulo},
+    Campo{u"txtFone1", u"Fone1", comoEsta, ouNulo, SoInteiros, TipoMascara::Fone},
+    Campo{u"txtFone2", u"Fone2", comoEsta, ouNulo, SoInteiros, TipoMascara::Fone},
+    Campo{u"txtCelular", u"Celular", comoEsta, ouNulo, SoInteiros, TipoMascara::Fone},
+    Campo{u"txtRG", u"RG", comoEsta, ouNulo},
+    Campo{u"cboPessoa", u"CPF", pessoa},
+    Campo{u"txtCPF", u"CPF", documento, documentoGravado, SoInteiros},
+    Campo{u"txtDataNascimento", u"DataNascimento", comoData, ouNulo, SoInteiros, TipoMascara::Data},
+    Campo{u"txtEmail", u"Email", comoEsta, minusculas},
+    Campo{u"txtLimite", u"LimiteCredito", comoValor, ouNulo, SoDecimais, TipoMascara::Valor},
+    Campo{u"txtObservacoes", u"Observacoes", comoEsta, ouNulo},
+};
+
+constexpr std::array verificacoes{
+    Verificacao{u"txtNome", naoVazio, u"Nome Inválido"},
+    Verificacao{u"txtDataNascimento", dataOuVazia, u"Data de Nascimento Inválida"},
+    Verificacao{u"txtEndereco", naoVazio, u"Endereço Inválido"},
+    Verificacao{u"txtNumero", numerico, u"Número do Endereço Inválido"},
+    Verificacao{u"txtLimite", numericoOuVazio, u"Limite de Crédito Inválido"},
+};
+
+constexpr std::array colunas{
+    ColunaLista{u"Código", 1000, u"Codigo", comoCodigo, Qt::AlignRight},
+    ColunaLista{u"Nome Cliente", 3700, u"Nome", comoEsta},
+    ColunaLista{u"Endereço", 2000, u"Endereco", comoEsta},
+    ColunaLista{u"Número", 1000, u"Numero", comoEsta, Qt::AlignRight},
+    ColunaLista{u"Bairro", 1500, u"Bairro", comoEsta},
+    ColunaLista{u"Cidade", 1500, u"Cidade", comoEsta},
+    ColunaLista{u"Fone 1", 2000, u"Fone1", comoEsta},
+    ColunaLista{u"Fone 2", 2000, u"Fone2", comoEsta},
+    ColunaLista{u"Celular", 2000, u"Celular", comoEsta},
+    ColunaLista{u"CPF", 1800, u"CPF", comoEsta},
+    ColunaLista{u"E-mail", 3500, u"Email", comoEsta},
+};
+
+/// The combo lacks the entries "RG" and "Data Nasc.": its last two search what stands at their place here, and the last
+/// two rows are never reached.
+constexpr std::array pesquisas{
+    Pesquisa{u"Código", u"Codigo", Comparacao::Codigo},   Pesquisa{u"Data Cadastro", u"DataCadastro", Comparacao::Data},
+    Pesquisa{u"Nome", u"Nome", Comparacao::Contem},       Pesquisa{u"Endereço", u"Endereco", Comparacao::Contem},
+    Pesquisa{u"Bairro", u"Bairro", Comparacao::Contem},   Pesquisa{u"Cidade", u"Cidade", Comparacao::Contem},
+    Pesquisa{u"Estado", u"Estado", Comparacao::Contem},   Pesquisa{u"CEP", u"CEP", Comparacao::Contem},
+    Pesquisa{u"Fone1", u"Fone1", Comparacao::Contem},     Pesquisa{u"Fone2", u"Fone2", Comparacao::Contem},
+    Pesquisa{u"Celular", u"Celular", Comparacao::Contem}, Pesquisa{u"CPF/CNPJ", u"RG", Comparacao::Contem},
+    Pesquisa{u"E-mail", u"CPF", Comparacao::Contem},      Pesquisa{u"", u"DataNascimento", Comparacao::Data},
+    Pesquisa{u"", u"Email", Comparacao::Contem},
+};
+
+constexpr std::array excecoesLocaliza{
+    ExcecaoLocaliza{u"cboPessoa", nullptr},
+    ExcecaoLocaliza{u"txtCPF", comoEsta},
+};
+
+constexpr std::array<QStringView, 1> exclusoes{u"DELETE * FROM Clientes WHERE codigo = "};
+
+constexpr std::array devolucoes{
+    Devolucao{1, u"frmCadaVeiculos", u"txtCodCliente"},
+    Devolucao{12, u"frmOSOrcaNovo", u"txtCodCliente"},
+    Devolucao{38, u"frmCadaFast", u"txtCodCliente"},
+    Devolucao{39, u"frmOSFormaPagto", u"txtCodCliente"},
+    Devolucao{19, u"frmMoviFiadosConta", u"lblCodigo"},
+    Devolucao{19, u"frmMoviFiadosConta", u"lblFone", u"txtFone1"},
+    Devolucao{19, u"frmMoviFiadosConta", u"lblNome", u"txtNome", u"txtData"},
+};
+
+/// Mode 4 is the one of the order that opened the vehicles: a customer added on the way goes to the vehicle.
+constexpr std::array devolucoesInclusao{
+    Devolucao{2, u"frmCadaVeiculos", u"txtCodCliente"},
+    Devolucao{4, u"frmCadaVeiculos", u"txtCodCliente"},
+    Devolucao{13, u"frmOSOrcaNovo", u"txtCodCliente"},
+};
+
+constexpr Registro registro{
+    .janela = u"frmCadaCliente",
+    .tabela = u"Clientes",
+    .titulo = u" - [Cadastro de Clientes]",
+    .aberturas = aberturas,
+    .campos = campos,
+    .verificacoes = verificacoes,
+    .colunas = colunas,
+    .pesquisas = pesquisas,
+    .pesquisaInicial = 2,
+    .pesquisa = {.antes = u"SELECT * FROM Clientes WHERE ",
+                 .depois = u" ORDER By Nome",
+                 .textoVazioPesquisa = false,
+                 .mensagemErro = u"Tipo de Dados Inválido para Pesquisa",
+                 .mensagemVazia = u""},
+    .consultaTodos = u"SELECT * FROM Clientes ORDER BY Nome",
+    .consultaLinha = u"SELECT * FROM Clientes WHERE Codigo = ",
+    .consultaLinhaFim = u"",
+    .consultaLocaliza = u"",
+    .excecoesLocaliza = excecoesLocaliza,
+    .colunaLocaliza = 2,
+    .exclusoes = exclusoes,
+    .localizaAntesDeConferir = true,
+    .naoLocalizado = u"Código não localizado",
+    .devolucoes = devolucoes,
+    .devolucoesInclusao = devolucoesInclusao,
+};
+
+} // namespace
+
+const Registro &registroClientes()
+{
+    return registro;
+}
+
+} // namespace registers

@@ -1,0 +1,77 @@
+#include "registers/conversoes.h"
+
+#include "core/banco.h"
+#include "core/funcoes.h"
+#include "platform/dao/recordset.h"
+#include "platform/runtime/runtime.h"
+
+namespace registers
+{
+
+using namespace runtime;
+using namespace core;
+
+QString comoEsta(const dao::Recordset &linha, int lugar)
+{
+    return NuloParaVazio(linha.value(lugar));
+}
+
+QString comoCodigo(const dao::Recordset &linha, int lugar)
+{
+    return Format(linha.value(lugar), mascaraCodigo);
+}
+
+QString comoData(const dao::Recordset &linha, int lugar)
+{
+    return Format(linha.value(lugar), mascaraData);
+}
+
+QString comoValor(const dao::Recordset &linha, int lugar)
+{
+    return Format(linha.value(lugar), mascaraValor);
+}
+
+std::optional<Value> comoTexto(const QString &texto, Gravacao /*gravacao*/)
+{
+    return texto;
+}
+
+std::optional<Value> ouNulo(const QString &texto, Gravacao /*gravacao*/)
+{
+    return ValorOuNulo(texto);
+}
+
+std::optional<Value> minusculas(const QString &texto, Gravacao /*gravacao*/)
+{
+    return ValorOuNulo(texto.toLower());
+}
+
+std::optional<Value> hojeNaInclusao(const QString & /*texto*/, Gravacao gravacao)
+{
+    if (gravacao == Gravacao::Alteracao) {
+        return std::nullopt;
+    }
+    return Format(Today(), mascaraData);
+}
+
+bool naoVazio(const QString &texto)
+{
+    return !texto.isEmpty();
+}
+
+bool numerico(const QString &texto)
+{
+    return IsNumeric(texto);
+}
+
+bool numericoOuVazio(const QString &texto)
+{
+    return texto.isEmpty() || IsNumeric(texto);
+}
+
+bool dataOuVazia(const QString &texto)
+{
+    return texto.isEmpty() || IsDate(texto);
+}
+
+} // namespace registers

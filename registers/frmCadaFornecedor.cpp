@@ -1,0 +1,78 @@
+#include "registers/frmCadaFornecedor.h"
+
+#include "ui_frmCadaFornecedor.h"
+
+#include "registers/avisos.h"
+
+#include "core/banco.h"
+#include "core/funcoes.h"
+#include "core/modulo.h"
+
+namespace registers
+{
+
+using namespace core;
+
+namespace
+{
+
+constexpr qint16 modoEntradaDePecas = 16;
+constexpr qsizetype digitosDoCNPJ = 14;
+constexpr int cnpjComPontuacao = 18;
+constexpr qsizetype tamanhoDaColuna = 15;
+
+} // namespace
+
+frmCadaFornecedor::frmCadaFornecedor()
+    : Cadastro(registroFornecedores()), ui_(std::make_unique<Ui::frmCadaFornecedor>())
+{
+    ui_->setupUi(this);
+    ligaCadastro(*ui_->painelCadastro);
+    onLostFocus(ui_->txtCEP, &frmCadaFornecedor::txtCEP_LostFocus);
+    onChange(ui_->txtCPF, &frmCadaFornecedor::txtCPF_Change);
+    onLostFocus(ui_->txtCPF, &frmCadaFornecedor::txtCPF_LostFocus);
+}
+
+frmCadaFornecedor::~frmCadaFornecedor() = default;
+
+/// The box takes a CNPJ pasted with its marks: only the digits, for which the column has room, are stored.
+void frmCadaFornecedor::Form_Load()
+{
+    Cadastro::Form_Load();
+    ui_->txtCPF->setMaxLength(cnpjComPontuacao);
+}
+
+/// Without the marks no more than the column holds.
+void frmCadaFornecedor::txtCPF_Change()
+{
+    const QString documento = ui_->txtCPF->text();
+    if (NuloParaVazio(FormataDocumento(documento, true)).size() > tamanhoDaColuna) {
+        ui_->txtCPF->setText(documento.left(tamanhoDaColuna));
+    }
+}
+
+void frmCadaFornecedor::txtCEP_LostFocus()
+{
+    PreencheEndereco(ui_->txtCEP->text(),
+                     {ui_->txtEndereco, ui_->txtBairro, ui_->txtCidade, ui_->cboEstado, ui_->txtNumero});
+}
+
+/// A supplier has no kind: the length alone tells which document is meant.
+void frmCadaFornecedor::txtCPF_LostFocus()
+{
+    const QString documento = ui_->txtCPF->text();
+    if (documento.isEmpty()) {
+        return;
+    }
+    AvisaDocumento(documento.size() == digitosDoCNPJ ? ValidaCNPJ(documento) : ValidaCPF(documento));
+}
+
+/// The receipt of parts has modes of its own; the queries go on in theirs.
+void frmCadaFornecedor::depoisDeDevolver()
+{
+    if (ModoChamada == modoEntradaDePecas) {
+        ModoChamada = 0;
+    }
+}
+
+} // namespace registers

@@ -1,0 +1,103 @@
+#include "registers/frmCadaVeiculos.h"
+
+#include "ui_frmCadaVeiculos.h"
+#include "ui_painelcadastro.h"
+
+#include "registers/avisos.h"
+#include "registers/painelcadastro.h"
+
+#include "core/banco.h"
+#include "core/funcoes.h"
+#include "core/informacoes.h"
+#include "core/modulo.h"
+#include "platform/dao/database.h"
+#include "platform/runtime/runtime.h"
+#include "platform/ui/boxes.h"
+
+#include <array>
+
+namespace registers
+{
+
+using namespace core;
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// `ModoChamada` of the customer register when it is opened from here.
+enum Modo : qint16 { procuraCliente = 1, incluiCliente = 2, incluiVeiculoDaOrdem = 4 };
+
+/// What "Limpar Campos" empties. The chassis number is not among them.
+constexpr std::array<QStringView, 9> limpos{u"lblCodigo", u"txtCodCliente",  u"lblNomeCliente",
+                                            u"cboMarca",  u"txtAno",         u"txtCor",
+                                            u"txtPlaca",  u"txtCombustivel", u"txtObservacoes"};
+
+} // namespace
+
+frmCadaVeiculos::frmCadaVeiculos() : Cadastro(registroVeiculos()), ui_(std::make_unique<Ui::frmCadaVeiculos>())
+{
+    ui_->setupUi(this);
+    ligaCadastro(*ui_->painelCadastro);
+    ligaMarca();
+    onLostFocus(ui_->txtCodCliente, &frmCadaVeiculos::txtCodCliente_LostFocus);
+    onKey(ui_->txtCodCliente, Qt::Key_F1, &frmCadaVeiculos::btnClienteFind_Click);
+    onKey(ui_->txtCodCliente, Qt::Key_F2, &frmCadaVeiculos::btnClienteAdd_Click);
+    onLostFocus(ui_->txtPlaca, &frmCadaVeiculos::txtPlaca_LostFocus);
+    onClick(ui_->btnClienteFind, &frmCadaVeiculos::btnClienteFind_Click);
+    onClick(ui_->btnClienteAdd, &frmCadaVeiculos::btnClienteAdd_Click);
+    onClick(ui_->btnClienteInfo, &frmCadaVeiculos::btnClienteInfo_Click);
+
+    ui_->btnClienteFind->setIcon(ui::icon(u"edit-find"_s));
+    ui_->btnClienteAdd->setIcon(ui::icon(u"document-new"_s));
+    ui_->btnClienteInfo->setIcon(ui::icon(u"documentinfo"_s));
+    painel().btnLocalizar->setToolTip(u"Clique aqui para Localizar um Registro na Lista Acima Somente por NOME"_s);
+}
+
+frmCadaVeiculos::~frmCadaVeiculos() = default;
+
+void frmCadaVeiculos::txtCodCliente_LostFocus()
+{
+    const QString codigo = ui_->txtCodCliente->text();
+    if (codigo.isEmpty()) {
+        return;
+    }
+    const auto cliente = DBDados->OpenRecordset(u"SELECT Nome FROM Clientes WHERE Codigo = "_s + codigo);
+    if (cliente.Eof()) {
+        ui::MsgBox(u"Código do Cliente não Localizado ou não Cadastrado"_s, ui::Icon::Exclamation, NomeEmpresa);
+        ui_->lblNomeCliente->setText({});
+        return;
+    }
+    ui_->lblNomeCliente->setText(NuloParaVazio(cliente.value(u"Nome")));
+    ui_->txtCodCliente->setText(runtime::Format(codigo, mascaraCodigo));
+}
+
+void frmCadaVeiculos::txtPlaca_LostFocus()
+{
+    AvisaSeHa(u"SELECT Placas FROM Veiculos WHERE Placas = '"_s + ui_->txtPlaca->text() + u"'"_s,
+              u"Placa já cadastrada"_s);
+}
+
+void frmCadaVeiculos::btnClienteFind_Click()
+{
+    Chama(u"frmCadaCliente"_s, procuraCliente);
+}
+
+/// The order that asked for a new vehicle is still waiting for it: its mode is kept.
+void frmCadaVeiculos::btnClienteAdd_Click()
+{
+    Chama(u"frmCadaCliente"_s, ModoChamada == incluiVeiculoDaOrdem ? incluiVeiculoDaOrdem : incluiCliente);
+}
+
+void frmCadaVeiculos::btnClienteInfo_Click()
+{
+    MostraInformacoes(TipoInformacao::Cliente, ui_->txtCodCliente->text());
+}
+
+void frmCadaVeiculos::limpa()
+{
+    esvazia(limpos);
+    ui_->txtCodCliente->setFocus();
+}
+
+} // namespace registers

@@ -1,0 +1,135 @@
+#pragma once
+
+#include "core/devolucao.h"
+#include "core/janelas.h"
+#include "platform/runtime/value.h"
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+#include <span>
+
+namespace dao
+{
+class Recordset;
+}
+
+/// A register told as data: its fields, list, searches, checks, statements and hand-backs. `Cadastro` is the window
+/// that works by it.
+namespace registers
+{
+
+enum class Gravacao { Inclusao, Alteracao };
+
+/// What a column of the current row shows as, by its place in the row.
+using Mostra = QString (*)(const dao::Recordset &linha, int lugar);
+
+/// What a control's text is written as; none where the column is not written.
+using Converte = std::optional<runtime::Value> (*)(const QString &texto, Gravacao gravacao);
+
+/// A control and its column. The table's order is the order of showing and of writing. A column that the statement
+/// does not bring leaves the control as it is.
+struct Campo {
+    QStringView controle;
+    QStringView coluna;
+    Mostra mostra;
+    Converte grava = nullptr;                      ///< nullptr: never written
+    QChar (*tecla)(QChar) = nullptr;               ///< what may be typed
+    std::optional<core::TipoMascara> mascara = {}; ///< money on leaving, the others on each change
+};
+
+/// A field that "Localizar" shows otherwise than a click on the row does; nullptr leaves it as it is.
+struct ExcecaoLocaliza {
+    QStringView controle;
+    Mostra mostra;
+};
+
+/// A column of the list; its width in the window's own units gives the proportions.
+struct ColunaLista {
+    QStringView titulo;
+    int largura;
+    QStringView coluna;
+    Mostra mostra;
+    Qt::Alignment alinhamento = Qt::AlignLeft;
+};
+
+/// How the searched text enters the statement.
+enum class Comparacao { Codigo, Data, Contem };
+
+/// An entry of "Pesquisar em:" and the column that its search looks in. The table may go on behind the combo's last
+/// entry.
+struct Pesquisa {
+    QStringView item;
+    QStringView coluna;
+    Comparacao comparacao;
+};
+
+/// A check before writing. A refused one shows its message and gives `foco` the focus, or the control itself.
+struct Verificacao {
+    QStringView controle;
+    bool (*aceita)(const QString &texto);
+    QStringView mensagem;
+    QStringView foco = {};
+};
+
+/// The caption and the first focus in a mode.
+struct Abertura {
+    qint16 modo;
+    QStringView titulo;
+    QStringView foco;
+};
+
+/// What btnPesquisar does around its statement.
+struct RegraPesquisa {
+    QStringView antes;       ///< the statement in front of the condition
+    QStringView depois;      ///< and behind it
+    bool textoVazioPesquisa; ///< an empty text searches too, and the list stands until there is a result
+    QStringView mensagemErro;
+    QStringView mensagemVazia; ///< for no result; "" says nothing
+};
+
+/// A whole register.
+struct Registro {
+    QStringView janela;
+    QStringView tabela;
+    QStringView titulo;                  ///< tail of the plain caption
+    std::span<const Abertura> aberturas; ///< the modes that open otherwise
+    std::span<const Campo> campos;
+    std::span<const Verificacao> verificacoes;
+
+    std::span<const ColunaLista> colunas;
+    std::span<const Pesquisa> pesquisas;
+    int pesquisaInicial;
+    RegraPesquisa pesquisa;
+    QStringView consultaTodos;
+    QStringView consultaLinha;        ///< of the row clicked, without its code
+    QStringView consultaLinhaFim;     ///< behind the code
+    QStringView consultaSegunda = {}; ///< tried where that gives no row; a field it lacks is emptied
+    QStringView consultaLocaliza;     ///< of the row found in the list; "" for the same statement
+    std::span<const ExcecaoLocaliza> excecoesLocaliza;
+    int colunaLocaliza; ///< from 1
+
+    std::span<const QStringView> exclusoes; ///< the statements of btnExcluir, in front of the code
+    bool localizaAntesDeConferir;           ///< btnAlterar looks for the row first, and only then checks
+    QStringView naoLocalizado;
+
+    std::span<const core::Devolucao> devolucoes;         ///< of a row chosen by double click
+    std::span<const core::Devolucao> devolucoesInclusao; ///< of a new record's code
+};
+
+/// The text of a control, by the control's name.
+using TextoDoControle = std::function<QString(QStringView controle)>;
+
+/// Adds a record made of the controls' texts and gives its code, the fields written in the table's order.
+qint32 IncluiRegistro(const Registro &registro, const TextoDoControle &texto);
+
+/// Writes the fields into the row being added or edited.
+void GravaCampos(dao::Recordset &linha, const Registro &registro, Gravacao gravacao, const TextoDoControle &texto);
+
+const Registro &registroClientes();
+const Registro &registroVeiculos();
+const Registro &registroPecas();
+const Registro &registroFornecedores();
+
+} // namespace registers

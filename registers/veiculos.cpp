@@ -1,0 +1,118 @@
+#include "registers/conversoes.h"
+#include "registers/registro.h"
+
+#include "core/funcoes.h"
+#include "platform/runtime/runtime.h"
+
+#include <array>
+
+/// The register of vehicles. A vehicle whose customer is gone shows in none of its lists: they join the two tables.
+namespace registers
+{
+
+using namespace runtime;
+using namespace core;
+
+namespace
+{
+
+std::optional<Value> comoLongo(const QString &texto, Gravacao /*gravacao*/)
+{
+    return CLng(texto);
+}
+
+constexpr std::array aberturas{
+    Abertura{3, u" - [Consulta Código de Veículos]", u"txtTexto"},
+    Abertura{4, u" - [Incluir Veículo]", u"txtCodCliente"},
+};
+
+constexpr std::array campos{
+    Campo{u"lblCodigo", u"Codigo", comoCodigo},
+    Campo{u"txtCodCliente", u"CodCliente", comoCodigo, comoLongo, SoInteiros},
+    Campo{u"lblNomeCliente", u"Nome", comoEsta},
+    Campo{u"cboMarca", u"MarcaModelo", comoEsta, comoTexto},
+    Campo{u"txtAno", u"Ano", comoEsta, ouNulo, nullptr, TipoMascara::Ano},
+    Campo{u"txtCor", u"Cor", comoEsta, ouNulo},
+    Campo{u"txtPlaca", u"Placas", comoEsta, ouNulo},
+    Campo{u"txtCombustivel", u"Combustivel", comoEsta, ouNulo},
+    Campo{u"txtObservacoes", u"Observacoes", comoEsta, ouNulo},
+    Campo{u"txtChassi", u"Chassi", comoEsta, ouNulo},
+};
+
+constexpr std::array verificacoes{
+    Verificacao{u"txtCodCliente", naoVazio, u"Código do Cliente Inválido"},
+    Verificacao{u"lblNomeCliente", naoVazio, u"Código do Cliente Inválido", u"txtCodCliente"},
+    Verificacao{u"cboMarca", naoVazio, u"Marca/Modelo Inválido"},
+};
+
+constexpr std::array colunas{
+    ColunaLista{u"Código", 1000, u"Codigo", comoCodigo, Qt::AlignRight},
+    ColunaLista{u"Nome Cliente", 3700, u"Nome", comoEsta},
+    ColunaLista{u"Marca/Modelo", 2500, u"MarcaModelo", comoEsta},
+    ColunaLista{u"Ano", 1500, u"Ano", comoEsta},
+    ColunaLista{u"Cor", 1500, u"Cor", comoEsta},
+    ColunaLista{u"Placas", 1500, u"Placas", comoEsta},
+    ColunaLista{u"Combustível", 2000, u"Combustivel", comoEsta},
+    ColunaLista{u"Observações", 3500, u"Observacoes", comoEsta},
+};
+
+constexpr std::array pesquisas{
+    Pesquisa{u"Nome do Cliente", u"Clientes.Nome", Comparacao::Contem},
+    Pesquisa{u"Marca/Modelo", u"Veiculos.MarcaModelo", Comparacao::Contem},
+    Pesquisa{u"Placa", u"Veiculos.Placas", Comparacao::Contem},
+    Pesquisa{u"Ano", u"Veiculos.Ano", Comparacao::Contem},
+    Pesquisa{u"Cor", u"Veiculos.Cor", Comparacao::Contem},
+    Pesquisa{u"Chassi", u"Veiculos.Chassi", Comparacao::Contem},
+};
+
+constexpr std::array<QStringView, 1> exclusoes{u"DELETE * FROM Veiculos WHERE codigo = "};
+
+constexpr std::array devolucoes{Devolucao{3, u"frmOSAbre", u"txtCodVeiculo"}};
+
+constexpr std::array devolucoesInclusao{Devolucao{4, u"frmOSAbre", u"txtCodVeiculo"}};
+
+constexpr Registro registro{
+    .janela = u"frmCadaVeiculos",
+    .tabela = u"Veiculos",
+    .titulo = u" - [Cadastro de Veículos]",
+    .aberturas = aberturas,
+    .campos = campos,
+    .verificacoes = verificacoes,
+    .colunas = colunas,
+    .pesquisas = pesquisas,
+    .pesquisaInicial = 0,
+    .pesquisa = {.antes = u"select Veiculos.Codigo, Clientes.Nome, Veiculos.MarcaModelo, Veiculos.Ano, Veiculos.Cor, "
+                          u"Veiculos.Placas, Veiculos.Combustivel, Veiculos.Observacoes from Veiculos INNER JOIN "
+                          u"Clientes On Clientes.Codigo=Veiculos.Codcliente Where ",
+                 .depois = u"",
+                 .textoVazioPesquisa = true,
+                 .mensagemErro = u"Erro de Pesquisa",
+                 .mensagemVazia = u"Pesquisa sem Resultado!"},
+    .consultaTodos = u"select Veiculos.Codigo, Clientes.Nome, Veiculos.MarcaModelo, Veiculos.Ano, Veiculos.Cor, "
+                     u"Veiculos.Placas, Veiculos.Combustivel, Veiculos.Observacoes from Veiculos INNER JOIN Clientes "
+                     u"On Clientes.Codigo=Veiculos.Codcliente ORDER By Veiculos.MarcaModelo, Clientes.Nome",
+    .consultaLinha = u"select Veiculos.Codigo, Veiculos.CodCliente, Clientes.Nome, Veiculos.MarcaModelo, Veiculos.Ano, "
+                     u"Veiculos.Cor, Veiculos.Placas, Veiculos.Combustivel, Veiculos.Observacoes, Veiculos.Chassi from "
+                     u"Veiculos INNER JOIN Clientes On Clientes.Codigo=Veiculos.CodCliente WHERE Veiculos.Codigo = ",
+    .consultaLinhaFim = u"",
+    // The chassis number is not asked for: a vehicle found in the list leaves the one on the screen.
+    .consultaLocaliza = u"select Veiculos.Codigo, Veiculos.CodCliente, Clientes.Nome, Veiculos.MarcaModelo, "
+                        u"Veiculos.Ano, Veiculos.Cor, Veiculos.Placas, Veiculos.Combustivel, Veiculos.Observacoes from "
+                        u"Veiculos INNER JOIN Clientes On Clientes.Codigo=Veiculos.CodCliente WHERE Veiculos.Codigo = ",
+    .excecoesLocaliza = {},
+    .colunaLocaliza = 3,
+    .exclusoes = exclusoes,
+    .localizaAntesDeConferir = false,
+    .naoLocalizado = u"Código Não Localizado",
+    .devolucoes = devolucoes,
+    .devolucoesInclusao = devolucoesInclusao,
+};
+
+} // namespace
+
+const Registro &registroVeiculos()
+{
+    return registro;
+}
+
+} // namespace registers
