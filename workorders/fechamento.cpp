@@ -256,7 +256,7 @@ void baixaPeca(const QString &codigo, const Value &codPeca, const Value &quantid
         linha[u"Data"] = hoje();
         linha[u"Descricao"] = u"VENDA O.S. "_s + codigo;
         linha[u"Saida"] = quantidade;
-        linha[u"Estoque"] = saldo - CSng(quantidade);
+        linha[u"Estoque"] = SaldoDepois(saldo, -CSng(quantidade));
     });
 }
 

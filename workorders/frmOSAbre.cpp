@@ -54,8 +54,6 @@ frmOSAbre::frmOSAbre() : JanelaItens(u"frmOSAbre"_s, {procuraPeca, incluiPeca}),
     ligaItens(*ui_->painelItens);
     ligaTeclas(ui_->painelItens->controles().Lista);
 
-    disableUnlessExists(u"frmCadaVeiculos"_s, {ui_->btnVeiculoFind, ui_->btnVeiculoAdd});
-
     ui_->btnVeiculoFind->setIcon(ui::icon(u"edit-find"_s));
     ui_->btnVeiculoAdd->setIcon(ui::icon(u"document-new"_s));
     ui_->btnInfoVeiculo->setIcon(ui::icon(u"documentinfo"_s));
@@ -170,12 +168,12 @@ void frmOSAbre::txtMecanico_Change()
 
 void frmOSAbre::btnVeiculoFind_Click()
 {
-    abreJanela(u"frmCadaVeiculos"_s, procuraVeiculo);
+    Chama(u"frmCadaVeiculos"_s, procuraVeiculo);
 }
 
 void frmOSAbre::btnVeiculoAdd_Click()
 {
-    abreJanela(u"frmCadaVeiculos"_s, incluiVeiculo);
+    Chama(u"frmCadaVeiculos"_s, incluiVeiculo);
 }
 
 void frmOSAbre::btnInfoVeiculo_Click()

@@ -4,7 +4,6 @@
 
 #include "core/banco.h"
 #include "core/config.h"
-#include "core/devolucao.h"
 #include "core/funcoes.h"
 #include "core/informacoes.h"
 #include "core/modulo.h"
@@ -33,11 +32,13 @@ enum Modo : qint16 { modoConsulta = 0, modoFecha = 9, modoUmaOrdem = 10 };
 
 constexpr std::array abas{abaPecas, abaServicos, abaTercerizados, abaMaterial};
 
-/// Whom a picked order goes to.
-constexpr std::array devolucoes{
+constexpr std::array tabelaDevolucoes{
     Devolucao{7, u"frmOSAltera", u"txtCodOS"},
     Devolucao{40, u"frmNota", u"txtOS"},
 };
+
+/// The button works in every mode.
+constexpr std::array tabelaBotao{Devolucao{modoConsulta, u"frmOSAltera", u"txtCodOS"}};
 
 /// How the details of a payment are looked up: what the payment form holds, and the mode of the report.
 struct RelatorioPagto {
@@ -154,6 +155,16 @@ frmOSConsulta::frmOSConsulta() : ui::Form(u"frmOSConsulta"_s), ui_(std::make_uni
 }
 
 frmOSConsulta::~frmOSConsulta() = default;
+
+std::span<const Devolucao> frmOSConsulta::devolucoes()
+{
+    return tabelaDevolucoes;
+}
+
+std::span<const Devolucao> frmOSConsulta::devolucoesDoBotao()
+{
+    return tabelaBotao;
+}
 
 void frmOSConsulta::Form_Load()
 {
@@ -361,7 +372,7 @@ void frmOSConsulta::Lista_DblClick(int linha)
         btnFechar_Click();
         return;
     }
-    if (const Devolucao *devolucao = DevolucaoDoModo(devolucoes, ModoChamada)) {
+    if (const Devolucao *devolucao = DevolucaoDoModo(tabelaDevolucoes, ModoChamada)) {
         Unload();
         Devolve(*devolucao, codigo);
     }
@@ -408,7 +419,7 @@ void frmOSConsulta::btnOSAltera_Click()
     }
     const QString codigo = ui_->lblCodigo->text();
     Unload();
-    Devolve({modoConsulta, u"frmOSAltera", u"txtCodOS"}, codigo);
+    Devolve(tabelaBotao.front(), codigo);
 }
 
 void frmOSConsulta::btnOSPrint_Click()

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "core/devolucao.h"
 #include "platform/ui/form.h"
 #include "workorders/ordem.h"
 
 #include <memory>
+#include <span>
 
 namespace Ui
 {
@@ -38,6 +40,12 @@ public:
 
     /// The order as it stands in the labels and lists, which is what is printed.
     OrdemMostrada ordemMostrada() const;
+
+    /// Where the number of a picked order goes, by the mode that the window was opened in.
+    static std::span<const core::Devolucao> devolucoes();
+
+    /// Where btnOSAltera takes it.
+    static std::span<const core::Devolucao> devolucoesDoBotao();
 
 private:
     void btnPesquisar_Click();

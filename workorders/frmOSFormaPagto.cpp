@@ -5,6 +5,7 @@
 #include "core/banco.h"
 #include "core/combos.h"
 #include "core/config.h"
+#include "core/devolucao.h"
 #include "core/funcoes.h"
 #include "core/janelas.h"
 #include "core/modulo.h"
@@ -157,15 +158,14 @@ void frmOSFormaPagto::ligaBotoes()
 
 void frmOSFormaPagto::ligaCampos()
 {
-    const auto digitos = [](QChar tecla) { return SoDigitos(tecla, true); };
     connect(ui_->tabPagto, &QTabWidget::currentChanged, this, &frmOSFormaPagto::tabPagto_Click);
     onChange(ui_->lblValor, &frmOSFormaPagto::lblValor_Change);
     onChange(ui_->lblTotal, &frmOSFormaPagto::lblTotal_Change);
     onLostFocus(ui_->txtDesconto, &frmOSFormaPagto::txtDesconto_LostFocus);
-    filterKeys(ui_->txtDesconto, digitos);
+    filterKeys(ui_->txtDesconto, SoDecimais);
     for (const auto &[indice, campo] : txtValor_) {
         onLostFocus(campo, &frmOSFormaPagto::txtValor_LostFocus, indice);
-        filterKeys(campo, digitos);
+        filterKeys(campo, SoDecimais);
     }
     for (const auto &[indice, campo] : txtData_) {
         onChange(campo, &frmOSFormaPagto::txtData_Change, indice);
@@ -183,7 +183,7 @@ void frmOSFormaPagto::ligaCampos()
 
 void frmOSFormaPagto::ligaPersonalizado()
 {
-    filterKeys(ui_->txtParcela_5, [](QChar tecla) { return SoDigitos(tecla, true); });
+    filterKeys(ui_->txtParcela_5, SoDecimais);
     onGotFocus(ui_->txtParcela_5, &frmOSFormaPagto::txtParcela_GotFocus);
     onGotFocus(ui_->txtValor_5, &frmOSFormaPagto::txtValor_GotFocus, personalizado);
     onGotFocus(ui_->txtData_5, &frmOSFormaPagto::txtData_GotFocus, personalizado);
@@ -200,7 +200,6 @@ void frmOSFormaPagto::Form_Load()
     for (const auto &[indice, banco] : txtBanco_) {
         carregaBancos(banco, ModoCombo::Carrega);
     }
-    disableUnlessExists(u"frmCadaCliente"_s, {ui_->btnClienteFind});
     lblSaldo_Change();
     ui_->txtValor_0->setFocus();
 }
@@ -412,11 +411,7 @@ void frmOSFormaPagto::txtCodCliente_LostFocus()
 
 void frmOSFormaPagto::btnClienteFind_Click()
 {
-    const QString janela = u"frmCadaCliente"_s;
-    if (ui::Forms::instance().exists(janela)) {
-        ModoChamada = modoProcuraCliente;
-        ui::Forms::instance().Show(janela);
-    }
+    Chama(u"frmCadaCliente"_s, modoProcuraCliente);
 }
 
 // --- custom plan

@@ -5,6 +5,7 @@
 #include "workorders/painelitens.h"
 
 #include "core/combos.h"
+#include "core/devolucao.h"
 #include "core/funcoes.h"
 #include "core/janelas.h"
 #include "core/modulo.h"
@@ -14,16 +15,6 @@ namespace workorders
 
 using namespace core;
 using namespace Qt::StringLiterals;
-
-namespace
-{
-
-QChar numeroDecimal(QChar tecla)
-{
-    return SoDigitos(tecla, true);
-}
-
-} // namespace
 
 void JanelaItens::ligaItens(PainelItens &painel)
 {
@@ -36,11 +27,11 @@ void JanelaItens::ligaItens(PainelItens &painel)
     onKey(c.txtCodPeca, Qt::Key_F2, &JanelaItens::btnPecaAdd_Click);
     onGotFocus(c.txtQuantidade, &JanelaItens::txtQuantidade_GotFocus);
     onLostFocus(c.txtQuantidade, &JanelaItens::txtQuantidade_LostFocus);
-    filterKeys(c.txtQuantidade, numeroDecimal);
+    filterKeys(c.txtQuantidade, SoDecimais);
     onChange(c.txtDescricao, &JanelaItens::txtDescricao_Change);
     onGotFocus(c.txtValor, &JanelaItens::txtValor_GotFocus);
     onLostFocus(c.txtValor, &JanelaItens::txtValor_LostFocus);
-    filterKeys(c.txtValor, numeroDecimal);
+    filterKeys(c.txtValor, SoDecimais);
 
     onClick(c.btnPecaFind, &JanelaItens::btnPecaFind_Click);
     onClick(c.btnPecaAdd, &JanelaItens::btnPecaAdd_Click);
@@ -50,23 +41,12 @@ void JanelaItens::ligaItens(PainelItens &painel)
     onClick(c.btnItemRemove, &JanelaItens::btnItemRemove_Click);
     onClick(c.btnLimpa, &JanelaItens::btnLimpa_Click);
     onClick(c.btnAdicionar, &JanelaItens::btnAdicionar_Click);
-
-    disableUnlessExists(u"frmCadaPecas"_s, {c.btnPecaFind, c.btnPecaAdd});
 }
 
 void JanelaItens::ligaTeclas(QWidget *lista)
 {
     onKey(lista, Qt::Key_Delete, &JanelaItens::btnItemRemove_Click);
     onKey(lista, Qt::Key_Insert, &JanelaItens::Lista_Insert);
-}
-
-void JanelaItens::abreJanela(const QString &janela, qint16 modo)
-{
-    auto &janelas = ui::Forms::instance();
-    if (janelas.exists(janela)) {
-        ModoChamada = modo;
-        janelas.Show(janela);
-    }
 }
 
 void JanelaItens::btnItemAdd_Click()
@@ -140,12 +120,12 @@ void JanelaItens::txtValor_LostFocus()
 
 void JanelaItens::btnPecaFind_Click()
 {
-    abreJanela(u"frmCadaPecas"_s, modos_.procura);
+    Chama(u"frmCadaPecas"_s, modos_.procura);
 }
 
 void JanelaItens::btnPecaAdd_Click()
 {
-    abreJanela(u"frmCadaPecas"_s, modos_.inclui);
+    Chama(u"frmCadaPecas"_s, modos_.inclui);
 }
 
 void JanelaItens::btnMarcaAdd_Click()

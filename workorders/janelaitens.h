@@ -31,9 +31,6 @@ protected:
 
     PainelItens &itens() const { return *painel_; }
 
-    /// Opens another window in a mode; nothing happens, and the mode stays, where there is no such window.
-    static void abreJanela(const QString &janela, qint16 modo);
-
     virtual void btnItemAdd_Click();
     virtual void btnItemRemove_Click();
     virtual void Lista_Insert();

@@ -55,7 +55,6 @@ private slots:
         stop();
     }
 
-    void pickersThatDoNotExistAreDisabledAndTheirKeysDoNothing();
     void anOrderForAWindowThatDoesNotExistIsPassedOver();
 
     void opensWithItsCaption();
@@ -126,19 +125,6 @@ void TstFrmOSAbre::include() const
 OrderWindowTest::Rows TstFrmOSAbre::items() const
 {
     return program_->rows(u"SELECT CodOS, CodPeca, Quantidade, Descricao, ValorUnit, PSA FROM OSPecas"_s);
-}
-
-void TstFrmOSAbre::pickersThatDoNotExistAreDisabledAndTheirKeysDoNothing()
-{
-    open(compact, 8);
-    for (const QString &button : {u"btnVeiculoFind"_s, u"btnVeiculoAdd"_s, u"btnPecaFind"_s, u"btnPecaAdd"_s}) {
-        QVERIFY2(!at(button)->isEnabled(), qPrintable(button));
-    }
-    for (const QString &field : {u"txtCodVeiculo"_s, u"txtCodPeca"_s}) {
-        key(form_, field, Qt::Key_F1);
-        key(form_, field, Qt::Key_F2);
-    }
-    QCOMPARE(core::ModoChamada, qint16{8});
 }
 
 void TstFrmOSAbre::anOrderForAWindowThatDoesNotExistIsPassedOver()

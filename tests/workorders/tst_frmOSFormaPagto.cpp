@@ -31,7 +31,6 @@ private slots:
     void init() { open(); }
     void cleanup() { finish(); }
 
-    void theCustomerSearchNeedsItsWindow();
     void atLoadCashIsInFront();
     void cancelWritesNothing_data();
     void cancelWritesNothing();
@@ -71,17 +70,6 @@ private slots:
 };
 
 // --- the window
-
-void tst_frmOSFormaPagto::theCustomerSearchNeedsItsWindow()
-{
-    QVERIFY(!ui::Forms::instance().exists(u"frmCadaCliente"_s));
-    inPayment([] {
-        QVERIFY(!control<QWidget>(form(), u"btnClienteFind"_s)->isEnabled());
-        goTo(4);
-        support::key(form(), u"txtCodCliente"_s, Qt::Key_F1);
-        QVERIFY(form() != nullptr);
-    });
-}
 
 void tst_frmOSFormaPagto::atLoadCashIsInFront()
 {
