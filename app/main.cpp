@@ -2,6 +2,7 @@
 #include "registers/registers.h"
 #include "reports/reports.h"
 #include "shell/shell.h"
+#include "stock/stock.h"
 #include "workorders/workorders.h"
 
 int main(int argc, char **argv)
@@ -11,6 +12,7 @@ int main(int argc, char **argv)
     registers::registerForms();
     workorders::registerForms();
     reports::registerForms();
+    stock::registerForms();
     shell::liga();
     shell::comeca();
     const int result = ui::Application::exec();

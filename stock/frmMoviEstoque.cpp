@@ -1,0 +1,319 @@
+#include "stock/frmMoviEstoque.h"
+
+#include "ui_frmMoviEstoque.h"
+
+#include "core/banco.h"
+#include "core/devolucao.h"
+#include "core/funcoes.h"
+#include "core/janelas.h"
+#include "core/modulo.h"
+#include "platform/dao/database.h"
+#include "platform/runtime/runtime.h"
+#include "platform/ui/boxes.h"
+#include "platform/ui/controls.h"
+#include "platform/ui/listview.h"
+#include "stock/lancamento.h"
+
+#include <QHeaderView>
+
+#include <array>
+
+namespace stock
+{
+
+using namespace runtime;
+using namespace core;
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// The report opens the window in the mode in which it opens the register itself; the register knows by the other one
+/// that a part it adds is for this window.
+enum Modo : qint16 { modoUmaOrdem = 10, modoIncluiPeca = 22, modoUmaPeca = 23, modoProcuraPeca = 23 };
+
+constexpr int marcaVenda = 1;      ///< the small picture of a row that opens an order
+constexpr int larguraDaMarca = 20; ///< and its width in pixels
+
+struct Coluna {
+    QStringView titulo;
+    int largura;
+    Qt::Alignment alinhamento;
+};
+
+constexpr std::array colunas{
+    Coluna{u"Código", 300, Qt::AlignLeft},     Coluna{u"Data", 1300, Qt::AlignLeft},
+    Coluna{u"Descrição", 3300, Qt::AlignLeft}, Coluna{u"Entrada", 1400, Qt::AlignRight},
+    Coluna{u"Saída", 1400, Qt::AlignRight},    Coluna{u"Estoque", 1400, Qt::AlignRight},
+};
+
+bool administrador()
+{
+    return LocalizaCampo(u"Admin"_s, u"Senha"_s, u"Codigo = "_s + QString::number(CodOperador)) == u"True";
+}
+
+QString textoDe(const ui::DTPicker &data)
+{
+    return data.date().toString(u"dd/MM/yyyy"_s);
+}
+
+/// The mask puts the bars in; who types them too must not get them twice.
+QChar semBarra(QChar tecla)
+{
+    return tecla == u'/' ? QChar() : tecla;
+}
+
+/// A code is looked for by its number, in the notation of the statements; a text that is none can only be an external
+/// code.
+QString numeroDe(const QString &texto)
+{
+    return IsNumeric(texto) ? decimalText(CDbl(texto), 15) : u"0"_s;
+}
+
+} // namespace
+
+frmMoviEstoque::frmMoviEstoque() : Form(u"frmMoviEstoque"_s), ui_(std::make_unique<Ui::frmMoviEstoque>())
+{
+    ui_->setupUi(this);
+    ligaEventos();
+
+    ui_->btnPecaFind->setIcon(ui::icon(u"edit-find"_s));
+    ui_->btnIncluir->setIcon(ui::icon(u"dialog-ok-apply"_s));
+    ui_->btnPreenche->setIcon(ui::icon(u"view-list-details"_s));
+    ui_->btnExcluir->setIcon(ui::icon(u"edit-delete"_s));
+    ui_->btnVoltar->setIcon(ui::icon(u"go-previous"_s));
+}
+
+frmMoviEstoque::~frmMoviEstoque() = default;
+
+void frmMoviEstoque::ligaEventos()
+{
+    connect(this, &ui::Form::unloaded, this, &frmMoviEstoque::Form_Unload);
+    onLostFocus(ui_->txtCodPeca, &frmMoviEstoque::txtCodPeca_LostFocus);
+    onKey(ui_->txtCodPeca, Qt::Key_F1, &frmMoviEstoque::btnPecaFind_Click);
+    onClick(ui_->btnPecaFind, &frmMoviEstoque::btnPecaFind_Click);
+    onChange(ui_->txtData, &frmMoviEstoque::txtData_Change);
+    onKey(ui_->txtData, Qt::Key_F1, &frmMoviEstoque::txtData_F1);
+    filterKeys(ui_->txtData, semBarra);
+    onLostFocus(ui_->txtValor, &frmMoviEstoque::txtValor_LostFocus);
+    onLostFocus(ui_->txtDataInicio, &frmMoviEstoque::txtDataInicio_LostFocus);
+    onLostFocus(ui_->txtDataFim, &frmMoviEstoque::txtDataFim_LostFocus);
+    onClick(ui_->btnPreenche, &frmMoviEstoque::btnPreenche_Click);
+    onClick(ui_->btnIncluir, &frmMoviEstoque::btnIncluir_Click);
+    onClick(ui_->btnExcluir, &frmMoviEstoque::btnExcluir_Click);
+    onClick(ui_->btnVoltar, &frmMoviEstoque::btnVoltar_Click);
+    connect(ui_->Lista, &ui::ListView::itemDoubleClick, this, &frmMoviEstoque::Lista_DblClick);
+}
+
+void frmMoviEstoque::Form_Load()
+{
+    ui::CentraForm(*this, false);
+    setWindowTitle(captionOf(u" - [Movimentação de Estoque]"_s));
+    montaLista();
+    ui_->txtDataInicio->setDate(toDateTime(DateAdd(u"m", -1, Today())).date());
+    ui_->txtDataFim->setDate(toDateTime(Today()).date());
+    if (ModoChamada == modoUmaPeca) {
+        mostraSoAPeca();
+    } else if (!administrador()) {
+        ui_->btnExcluir->setEnabled(false);
+    }
+}
+
+void frmMoviEstoque::montaLista()
+{
+    for (const Coluna &coluna : colunas) {
+        ui_->Lista->addColumn(coluna.titulo.toString(), coluna.largura, coluna.alinhamento);
+    }
+    // The first column's width is that of the mark alone; the code stands beside it.
+    ui_->Lista->setColumnWidth(0, ui_->Lista->header()->sectionSizeHint(0) + larguraDaMarca);
+}
+
+void frmMoviEstoque::mostraSoAPeca()
+{
+    ui_->txtCodPeca->setText(Format(CodigoConsulta, mascaraCodigo));
+    txtCodPeca_LostFocus();
+    ui_->txtCodPeca->setEnabled(false);
+    ui_->btnPecaFind->setEnabled(false);
+}
+
+void frmMoviEstoque::Form_Unload()
+{
+    if (ModoChamada == modoUmaPeca) {
+        ModoChamada = modoIncluiPeca;
+    }
+}
+
+// --- the part
+
+void frmMoviEstoque::txtCodPeca_LostFocus()
+{
+    const QString codigo = ui_->txtCodPeca->text();
+    if (codigo.isEmpty()) {
+        return;
+    }
+    auto peca = DBDados->OpenRecordset(u"SELECT * FROM Pecas WHERE Codigo = "_s + numeroDe(codigo) +
+                                       u" OR CodExterno = '"_s + codigo + u"'"_s);
+    if (peca.Eof()) {
+        recusaPeca(u"Código não localizado"_s);
+    } else if (!Verdadeiro(peca.value(u"ControlaEstoque"))) {
+        recusaPeca(u"Peça/Serviço com controle de estoque indisponível"_s);
+    } else {
+        mostraPeca(peca);
+        ui_->txtData->setFocus();
+    }
+}
+
+void frmMoviEstoque::recusaPeca(const QString &mensagem)
+{
+    ui::MsgBox(mensagem, ui::Icon::Exclamation, NomeEmpresa);
+    LimpaForm(*this);
+    ui_->Lista->clear();
+    SelecionaTexto(ui_->txtCodPeca);
+}
+
+void frmMoviEstoque::mostraPeca(const dao::Recordset &peca)
+{
+    const QString um = NuloParaVazio(peca.value(u"UM"));
+    const Value minimo = peca.value(u"EstoqueMinimo");
+    ui_->txtCodPeca->setText(Format(peca.value(u"Codigo"), mascaraCodigo));
+    ui_->lblNome->setText(NuloParaVazio(peca.value(u"Nome")));
+    ui::setTagOf(ui_->lblUM, um);
+    ui_->lblUM->setText(NomeDaUnidade(codigoUM()));
+    ui_->lblEstoqueMin->setText(IsNull(minimo) ? QString() : FormataQuantidade(CDbl(minimo), codigoUM()));
+}
+
+/// A part without a unit counts in pieces.
+int frmMoviEstoque::codigoUM() const
+{
+    const QString um = ui::tagOf(ui_->lblUM);
+    return um.isEmpty() ? 0 : CInt(um);
+}
+
+void frmMoviEstoque::btnPecaFind_Click()
+{
+    Chama(u"frmCadaPecas"_s, modoProcuraPeca);
+}
+
+bool frmMoviEstoque::temPeca()
+{
+    if (ui_->txtCodPeca->text().isEmpty() || ui_->lblNome->text().isEmpty()) {
+        Recusa(u"Código da Peça/Serviço Inválido"_s, ui_->txtCodPeca);
+        return false;
+    }
+    return true;
+}
+
+// --- a movement
+
+void frmMoviEstoque::txtData_Change()
+{
+    MascaraTexto(ui_->txtData, TipoMascara::Data);
+}
+
+void frmMoviEstoque::txtData_F1()
+{
+    ui_->txtData->setText(Format(Today(), mascaraData));
+}
+
+void frmMoviEstoque::txtValor_LostFocus()
+{
+    const QString valor = ui_->txtValor->text();
+    if (IsNumeric(valor)) {
+        ui_->txtValor->setText(FormataQuantidade(CDbl(valor), codigoUM()));
+    }
+}
+
+bool frmMoviEstoque::confere()
+{
+    return temPeca() && ValidaCampo(ui_->txtData, u"Data Inválida"_s, TipoCampo::Data) &&
+           ValidaCampo(ui_->txtDescricao, u"Descrição Inválida"_s, TipoCampo::NaoVazio) &&
+           ValidaCampo(ui_->txtValor, u"Quantidade Inválida"_s, TipoCampo::Numerico);
+}
+
+Operacao frmMoviEstoque::operacao() const
+{
+    if (ui_->optEntrada->isChecked()) {
+        return Operacao::Entrada;
+    }
+    return ui_->optSaida->isChecked() ? Operacao::Saida : Operacao::Conferencia;
+}
+
+void frmMoviEstoque::btnIncluir_Click()
+{
+    if (!confere() || !ui::Confirm(u"Confirma Inclusão"_s, NomeEmpresa)) {
+        return;
+    }
+    LancaMovimento({.codPeca = ui_->txtCodPeca->text(),
+                    .data = ui_->txtData->text(),
+                    .descricao = ui_->txtDescricao->text(),
+                    .quantidade = ui_->txtValor->text(),
+                    .operacao = operacao()});
+    ui_->txtData->clear();
+    ui_->txtDescricao->clear();
+    ui_->txtValor->clear();
+    ui_->txtData->setFocus();
+}
+
+void frmMoviEstoque::btnExcluir_Click()
+{
+    if (temPeca() && ui::Confirm(u"Excluir o Último Registro dessa Peça/Serviço"_s, NomeEmpresa)) {
+        ExcluiUltimo(ui_->txtCodPeca->text());
+    }
+}
+
+// --- the list
+
+void frmMoviEstoque::txtDataInicio_LostFocus()
+{
+    btnPreenche_Click();
+}
+
+void frmMoviEstoque::txtDataFim_LostFocus()
+{
+    btnPreenche_Click();
+}
+
+/// The way past the dates leads through here with no part chosen yet, too: nothing is there to be filled in then.
+void frmMoviEstoque::btnPreenche_Click()
+{
+    ui_->Lista->clear();
+    const QString codigo = ui_->txtCodPeca->text();
+    if (codigo.isEmpty()) {
+        return;
+    }
+    const auto linhas = LinhasDoPeriodo(codigo, textoDe(*ui_->txtDataInicio), textoDe(*ui_->txtDataFim), codigoUM());
+    for (const LinhaEstoque &linha : linhas) {
+        ui::ListItem item =
+            ui_->Lista->addItem(linha.codigo, {linha.data, linha.descricao, linha.entrada, linha.saida, linha.estoque});
+        if (!linha.codOS.isEmpty()) {
+            item.setTag(linha.codOS);
+            item.setSmallIcon(marcaVenda);
+        }
+    }
+    if (linhas.empty()) {
+        ui_->Lista->addItem(u" "_s, {QString(), u"Registro Não Localizado"_s});
+    }
+}
+
+/// A sale opens its order. A description typed by hand may begin as a sale's and name none.
+void frmMoviEstoque::Lista_DblClick(int linha)
+{
+    const ui::ListItem item = ui_->Lista->item(linha);
+    if (item.smallIcon() != marcaVenda || !IsNumeric(item.tag())) {
+        return;
+    }
+    const bool umaPeca = ModoChamada == modoUmaPeca;
+    ModoChamada = modoUmaOrdem;
+    CodigoConsulta = CLng(item.tag());
+    ui::Forms::instance().Show(u"frmOSConsulta"_s);
+    if (umaPeca) {
+        ModoChamada = modoUmaPeca;
+    }
+}
+
+void frmMoviEstoque::btnVoltar_Click()
+{
+    Unload();
+}
+
+} // namespace stock

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/ui/form.h"
+
+#include <memory>
+
+namespace Ui
+{
+class frmMoviEstoque;
+}
+
+namespace dao
+{
+class Recordset;
+}
+
+namespace stock
+{
+
+enum class Operacao;
+
+/// The stock ledger of one part: its rows over a period, movements posted by hand, and the last row taken back, which
+/// only an administrator may do. Opened from the report of stocks it shows the report's part alone, to anyone.
+class frmMoviEstoque : public ui::Form
+{
+    Q_OBJECT
+
+public:
+    frmMoviEstoque();
+    ~frmMoviEstoque() override;
+
+    void Form_Load() override;
+
+private:
+    void Form_Unload();
+    void txtCodPeca_LostFocus();
+    void btnPecaFind_Click();
+    void txtData_Change();
+    void txtData_F1();
+    void txtValor_LostFocus();
+    void txtDataInicio_LostFocus();
+    void txtDataFim_LostFocus();
+    void btnPreenche_Click();
+    void btnIncluir_Click();
+    void btnExcluir_Click();
+    void btnVoltar_Click();
+    void Lista_DblClick(int linha);
+
+    void ligaEventos();
+    void montaLista();
+    void mostraSoAPeca();
+    void mostraPeca(const dao::Recordset &peca);
+    void recusaPeca(const QString &mensagem);
+    bool temPeca();
+    bool confere();
+    int codigoUM() const;
+    Operacao operacao() const;
+
+    std::unique_ptr<Ui::frmMoviEstoque> ui_;
+};
+
+} // namespace stock

@@ -1,0 +1,120 @@
+#include "stock/lancamento.h"
+
+#include "core/banco.h"
+#include "core/funcoes.h"
+#include "core/modulo.h"
+#include "core/razao.h"
+#include "platform/runtime/runtime.h"
+
+namespace stock
+{
+
+using namespace runtime;
+using namespace core;
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+const QString porCodigo = u" ORDER BY Codigo"_s;
+const QString venda = u"VENDA O.S. "_s;
+constexpr int tamanhoCodigoOS = 4;
+
+/// By way of its text, with the seven digits of a Single; a part without rows has none, and no number either.
+float saldoDaPeca(const QString &codPeca)
+{
+    return CSng(LocalizaCampo(u"Estoque"_s, u"Estoque"_s, u"CodPeca = "_s + codPeca + u" ORDER BY Codigo DESC"_s));
+}
+
+void escreve(dao::Recordset &linha, const Movimento &movimento, float saldo)
+{
+    const QString &quantidade = movimento.quantidade;
+    switch (movimento.operacao) {
+    case Operacao::Entrada:
+        linha[u"Entrada"] = quantidade;
+        linha[u"Estoque"] = SaldoDepois(saldo, CSng(quantidade));
+        break;
+    case Operacao::Saida:
+        linha[u"Saida"] = quantidade;
+        linha[u"Estoque"] = SaldoDepois(saldo, -CSng(quantidade));
+        break;
+    case Operacao::Conferencia:
+        linha[u"Entrada"] = quantidade;
+        linha[u"Saida"] = quantidade;
+        linha[u"Estoque"] = quantidade;
+        break;
+    }
+}
+
+bool semLinhas(const QString &codPeca)
+{
+    return DBDados->OpenRecordset(u"SELECT * FROM Estoque WHERE CodPeca = "_s + codPeca + porCodigo).Eof();
+}
+
+dao::Recordset linhasEntre(const QString &codPeca, const QString &inicio, const QString &fim)
+{
+    constexpr int periodo = 4;
+    return DBDados->OpenRecordset(u"SELECT * FROM Estoque WHERE CodPeca = "_s + codPeca + u" AND Data BetWEEN "_s +
+                                  DataSQL(inicio, periodo, fim) + porCodigo);
+}
+
+QString quantidade(const Value &valor, int codigoUM)
+{
+    return IsNull(valor) ? u" "_s : FormataQuantidade(CDbl(valor), codigoUM);
+}
+
+QString ordemDaVenda(const QString &descricao)
+{
+    return descricao.startsWith(venda) ? Right(descricao, tamanhoCodigoOS) : QString();
+}
+
+LinhaEstoque linhaDaLista(const dao::Recordset &linha, int codigoUM)
+{
+    const QString descricao = NuloParaVazio(linha.value(u"Descricao"));
+    return {.codigo = Format(linha.value(u"Codigo"), mascaraCodigo),
+            .data = Format(linha.value(u"Data"), mascaraData),
+            .descricao = descricao,
+            .entrada = quantidade(linha.value(u"Entrada"), codigoUM),
+            .saida = quantidade(linha.value(u"Saida"), codigoUM),
+            .estoque = quantidade(linha.value(u"Estoque"), codigoUM),
+            .codOS = ordemDaVenda(descricao)};
+}
+
+} // namespace
+
+void LancaMovimento(const Movimento &movimento)
+{
+    const float saldo = saldoDaPeca(movimento.codPeca);
+    AcrescentaLinha(u"SELECT * FROM Estoque"_s, [&](dao::Recordset &linha) {
+        linha[u"CodPeca"] = movimento.codPeca;
+        linha[u"Data"] = movimento.data;
+        linha[u"Descricao"] = movimento.descricao;
+        escreve(linha, movimento, saldo);
+    });
+}
+
+void ExcluiUltimo(const QString &codPeca)
+{
+    auto linhas = DBDados->OpenRecordset(u"SELECT * FROM Estoque WHERE CodPeca= "_s + codPeca + porCodigo);
+    if (!linhas.Eof()) {
+        linhas.MoveLast();
+        linhas.Delete();
+    }
+}
+
+std::vector<LinhaEstoque> LinhasDoPeriodo(const QString &codPeca, const QString &inicio, const QString &fim,
+                                          int codigoUM)
+{
+    auto linhas = linhasEntre(codPeca, inicio, fim);
+    if (linhas.Eof() && semLinhas(codPeca)) {
+        AbreEstoque(codPeca, u"INÍCIO"_s, 0.0F);
+        linhas = linhasEntre(codPeca, inicio, fim);
+    }
+    std::vector<LinhaEstoque> encontradas;
+    for (; !linhas.Eof(); linhas.MoveNext()) {
+        encontradas.push_back(linhaDaLista(linhas, codigoUM));
+    }
+    return encontradas;
+}
+
+} // namespace stock

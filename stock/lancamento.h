@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QString>
+
+#include <vector>
+
+/// The ledger of a part without its window: movements posted by hand, the last row taken back, the rows of a period.
+namespace stock
+{
+
+enum class Operacao { Entrada, Saida, Conferencia };
+
+/// A movement as it stands on the screen. A stock-taking sets the balance to its quantity, whatever it was.
+struct Movimento {
+    QString codPeca;
+    QString data;
+    QString descricao;
+    QString quantidade;
+    Operacao operacao = Operacao::Entrada;
+};
+
+/// Appends a movement behind the part's newest row. Error 13 for a part without a ledger row, 6 where the balance
+/// leaves the range of a 32-bit float; nothing is written then.
+void LancaMovimento(const Movimento &movimento);
+
+/// Deletes the part's newest row, whatever wrote it: the balance before it is the current one again. Nothing for a
+/// part without rows.
+void ExcluiUltimo(const QString &codPeca);
+
+/// A row as the list shows it. `codOS` is the order that a sale left by, four digits; "" for any other row.
+struct LinhaEstoque {
+    QString codigo;
+    QString data;
+    QString descricao;
+    QString entrada;
+    QString saida;
+    QString estoque;
+    QString codOS;
+};
+
+/// The part's rows from one day to another ("dd/mm/yyyy"), in the order of posting, quantities by the unit's code. A
+/// part without any row gets its first one here, of 0.
+std::vector<LinhaEstoque> LinhasDoPeriodo(const QString &codPeca, const QString &inicio, const QString &fim,
+                                          int codigoUM);
+
+} // namespace stock
