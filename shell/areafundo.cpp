@@ -20,6 +20,7 @@ QRect lugarDoFundo(const QSize &figura, const QRect &area)
 
 AreaFundo::AreaFundo(QWidget *parent) : QMdiArea(parent)
 {
+    setActivationOrder(ActivationHistoryOrder); // a window that closes gives way to the one that called it
     setBackground(palette().brush(QPalette::Mid));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);

@@ -52,7 +52,7 @@ frmSenha::frmSenha() : Form(u"frmSenha"_s), ui_(std::make_unique<Ui::frmSenha>()
     ui_->btnCancelar->setIcon(ui::icon(u"dialog-cancel"_s));
     ui_->btnManutencao->setIcon(ui::icon(u"system-users"_s));
 
-    filterKeys(ui_->txtCodigo, [](QChar tecla) { return core::SoDigitos(tecla, false); });
+    filterKeys(ui_->txtCodigo, core::SoInteiros);
     onChange(ui_->txtCodigo, &frmSenha::txtCodigo_Change);
     onLostFocus(ui_->txtCodigo, &frmSenha::txtCodigo_LostFocus);
     onChange(ui_->txtSenha, &frmSenha::txtSenha_Change);

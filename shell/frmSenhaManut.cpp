@@ -51,7 +51,7 @@ frmSenhaManut::frmSenhaManut() : Form(u"frmSenhaManut"_s), ui_(std::make_unique<
         botao->setIcon(ui::icon(nome));
     }
 
-    filterKeys(ui_->txtCodigo, [](QChar tecla) { return core::SoDigitos(tecla, false); });
+    filterKeys(ui_->txtCodigo, core::SoInteiros);
     onLostFocus(ui_->txtCodigo, &frmSenhaManut::txtCodigo_LostFocus);
     onChange(ui_->txtConfirma, &frmSenhaManut::txtConfirma_Change);
     onClick(ui_->btnIncluir, &frmSenhaManut::btnIncluir_Click);
