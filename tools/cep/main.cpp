@@ -1,0 +1,148 @@
+// Makes the postal-code database out of a text file: cep [--latin1] [--substitui] ENTRADA.csv SAIDA.MDB
+#include "platform/runtime/runtime.h"
+#include "tools/cep/postais.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+
+#include <csignal>
+#include <cstdio>
+#ifdef Q_OS_WIN
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+volatile std::sig_atomic_t interrompido = 0;
+
+void interrompe(int /*sinal*/)
+{
+    interrompido = 1;
+}
+
+enum Saida { feito = 0, falhou = 1, malChamado = 2 };
+
+const QString uso = u"uso: cep [--latin1] [--substitui] ENTRADA.csv SAIDA.MDB\n"
+                    u"\n"
+                    u"Faz o banco de CEPs de um arquivo de texto com as colunas\n"
+                    u"CEP, Tipo, Rua, Bairro, Cidade, Estado, separadas por ';' ou ','.\n"
+                    u"\n"
+                    u"  --latin1     o texto está na página de código 1252 (sem isto: UTF-8)\n"
+                    u"  --substitui  substitui o banco, se já existir\n"_s;
+
+bool emTerminal()
+{
+#ifdef Q_OS_WIN
+    return _isatty(_fileno(stdout)) != 0;
+#else
+    return isatty(STDOUT_FILENO) != 0;
+#endif
+}
+
+void escreve(const QString &texto, std::FILE *onde = stdout)
+{
+    std::fputs(qPrintable(texto), onde);
+    std::fflush(onde);
+}
+
+QString quantos(qint64 ceps)
+{
+    return runtime::Format(static_cast<double>(ceps), u"#,##0") + (ceps == 1 ? u" CEP"_s : u" CEPs"_s);
+}
+
+/// One line of the terminal, written over and over; elsewhere it would only fill a log.
+class Mostrador
+{
+public:
+    ~Mostrador() { apaga(); }
+
+    bool mostra(int porcento, qint64 ceps)
+    {
+        if (terminal_ && porcento != mostrado_) {
+            mostrado_ = porcento;
+            escreve(u"\r%1 % (%2)"_s.arg(porcento, 3).arg(quantos(ceps)));
+        }
+        return interrompido == 0;
+    }
+
+    void apaga()
+    {
+        if (mostrado_ >= 0) {
+            escreve(u"\r%1\r"_s.arg(QString(), 40));
+            mostrado_ = -1;
+        }
+    }
+
+private:
+    const bool terminal_ = emTerminal();
+    int mostrado_ = -1;
+};
+
+/// Nothing where the command line is no request.
+std::optional<ceps::Pedido> lePedido(const QStringList &argumentos)
+{
+    ceps::Pedido pedido;
+    QStringList arquivos;
+    for (const QString &argumento : argumentos) {
+        if (argumento == u"--latin1") {
+            pedido.codificacao = ceps::Codificacao::Windows1252;
+        } else if (argumento == u"--substitui") {
+            pedido.substitui = true;
+        } else if (argumento.startsWith(u'-')) {
+            return std::nullopt;
+        } else {
+            arquivos.append(argumento);
+        }
+    }
+    if (arquivos.size() != 2) {
+        return std::nullopt;
+    }
+    pedido.entrada = arquivos[0];
+    pedido.saida = arquivos[1];
+    return pedido;
+}
+
+void faz(const ceps::Pedido &pedido)
+{
+    QElapsedTimer relogio;
+    relogio.start();
+    Mostrador mostrador;
+    const qint64 ceps = ceps::fazBanco(
+        pedido, [&mostrador](int porcento, qint64 ateAqui) { return mostrador.mostra(porcento, ateAqui); });
+    mostrador.apaga();
+    const QString segundos = runtime::Format(static_cast<double>(relogio.elapsed()) / 1000, u"0.0");
+    escreve(u"%1: %2 em %3 s.\n"_s.arg(pedido.saida, quantos(ceps), segundos));
+}
+
+int recusa(const QString &motivo)
+{
+    escreve(u"cep: "_s + motivo + u'\n', stderr);
+    return falhou;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication programa(argc, argv);
+    const std::optional<ceps::Pedido> pedido = lePedido(QCoreApplication::arguments().mid(1));
+    if (!pedido) {
+        escreve(uso, stderr);
+        return malChamado;
+    }
+    std::signal(SIGINT, interrompe);
+    std::signal(SIGTERM, interrompe);
+    try {
+        faz(*pedido);
+        return feito;
+    } catch (const ceps::Erro &erro) {
+        return recusa(erro.texto());
+    } catch (const runtime::RuntimeError &erro) {
+        return recusa(erro.description());
+    }
+}
