@@ -1,0 +1,373 @@
+#include "tools/amostra/acertos.h"
+
+#include "core/banco.h"
+#include "core/funcoes.h"
+#include "core/modulo.h"
+#include "core/razao.h"
+#include "platform/dao/database.h"
+#include "platform/runtime/runtime.h"
+#include "tools/amostra/catalogo.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace amostra
+{
+
+namespace
+{
+
+constexpr int emDia = 80; ///< of a hundred receivables, those paid in the week that they fall due
+constexpr float saldoInicialDoBanco = 20'000;
+
+/// What a ledger is kept between at the end of a week, and what it is brought to when it is not.
+struct Faixa {
+    float menor;
+    float maior;
+    float alvo;
+};
+constexpr Faixa faixaDoCaixa{0, 3'000, 1'000};
+
+/// Money for about a month, by the size of the workshop.
+Faixa faixaDoBanco(int ordensPorMes)
+{
+    const float alvo = saldoInicialDoBanco + 400 * static_cast<float>(ordensPorMes);
+    return {1'000, alvo * 3, alvo};
+}
+
+constexpr auto bancosDaOficina = std::to_array<QStringView>({u"Banco1", u"Banco2"});
+
+QString hoje()
+{
+    return runtime::Format(runtime::Today(), core::mascaraData);
+}
+
+QString vencidasAte()
+{
+    return u" WHERE Pago = False AND Vencimento <= "_s + core::DataSQL(runtime::Today(), 1) + u" ORDER BY Codigo"_s;
+}
+
+// --- postings at the tail of a ledger
+
+struct Movimento {
+    QString descricao;
+    float valor = 0;
+    bool saida = false;
+    std::optional<qint32> codOs = {};
+};
+
+float saldoDe(const QString &tabela)
+{
+    return core::UltimoSaldo(u"SELECT * FROM "_s + tabela + u" ORDER BY Codigo"_s, u"Saldo"_s);
+}
+
+void preenche(dao::Recordset &linha, const Movimento &movimento, float saldo)
+{
+    linha[u"Data"] = hoje();
+    linha[u"Descricao"] = movimento.descricao;
+    linha[movimento.saida ? u"Saida" : u"Entrada"] = movimento.valor;
+    linha[u"Saldo"] = movimento.saida ? saldo - movimento.valor : saldo + movimento.valor;
+}
+
+void lanca(const QString &tabela, const Movimento &movimento)
+{
+    const float saldo = saldoDe(tabela);
+    core::AcrescentaLinha(tabela, [&](dao::Recordset &linha) {
+        preenche(linha, movimento, saldo);
+        if (movimento.codOs) {
+            linha[u"CodOs"] = *movimento.codOs;
+        }
+    });
+}
+
+/// A payment that came in from a customer: what is owed falls.
+void abateDaConta(const QString &codCliente, const QString &descricao, float valor)
+{
+    const QString consulta = u"SELECT * FROM ContaFiado WHERE CodCliente = "_s + codCliente + u" ORDER BY Codigo"_s;
+    const float saldo = core::UltimoSaldo(consulta, u"Saldo"_s);
+    core::AcrescentaLinha(u"ContaFiado"_s, [&](dao::Recordset &linha) {
+        linha[u"CodCliente"] = codCliente;
+        preenche(linha, {descricao, valor, true}, saldo);
+    });
+}
+
+// --- receivables
+
+/// The order that a receivable's description ends in, as in "CARNÊ Nº 0012-03".
+qint32 ordemDaDescricao(const QString &descricao)
+{
+    const qsizetype fim = descricao.lastIndexOf(u'-');
+    qsizetype inicio = fim;
+    while (inicio > 0 && descricao.at(inicio - 1).isDigit()) {
+        --inicio;
+    }
+    return runtime::CLng(descricao.mid(inicio, fim - inicio));
+}
+
+/// A custom plan's credit sale stands in the customer's account too.
+void quitaPendencia(const QString &descricao, qint32 codOs, float valor)
+{
+    const QString ordem = QString::number(codOs);
+    const QString codCliente = core::LocalizaCampo(u"CodCliente"_s, u"Fiados"_s, u"CodOs = "_s + ordem);
+    abateDaConta(codCliente, u"PAGAMENTO: "_s + descricao, valor);
+    core::DBDados->Execute(u"UPDATE Fiados SET Pago = True WHERE CodOs = "_s + ordem);
+}
+
+void recebe(dao::Recordset &conta, const QString &razao)
+{
+    const QString descricao = runtime::CStr(conta.value(u"Descricao"));
+    const float valor = runtime::CSng(conta.value(u"Valor"));
+    const qint32 codOs = ordemDaDescricao(descricao);
+    conta.Edit();
+    conta[u"Pago"] = true;
+    conta[u"DataPagto"] = hoje();
+    conta.Update();
+    lanca(razao, {descricao, valor, false, codOs});
+    if (descricao.startsWith(u"O.S. PENDENTE")) {
+        quitaPendencia(descricao, codOs, valor);
+    }
+}
+
+void compensaCheques()
+{
+    auto cheques = core::DBDados->OpenRecordset(u"SELECT * FROM Cheques"_s + vencidasAte());
+    for (; !cheques.Eof(); cheques.MoveNext()) {
+        cheques.Edit();
+        cheques[u"Pago"] = true;
+        cheques.Update();
+    }
+}
+
+/// An order closed by store credit is unpaid until now; one closed by a custom plan was marked when it was closed.
+bool soNoFiado(const QString &codOs)
+{
+    return core::LocalizaCampo(u"Pago"_s, u"OrdemServico"_s, u"Codigo = "_s + codOs) == u"False";
+}
+
+void recebeFiado(dao::Recordset &fiado)
+{
+    const QString codOs = runtime::CStr(fiado.value(u"CodOs"));
+    const QString ordem = runtime::Format(fiado.value(u"CodOs"), core::mascaraCodigo);
+    const float valor = runtime::CSng(fiado.value(u"Valor"));
+    core::DBDados->Execute(u"UPDATE OrdemServico SET Pago = True WHERE Codigo = "_s + codOs);
+    fiado.Edit();
+    fiado[u"Pago"] = true;
+    fiado.Update();
+    lanca(u"Caixa"_s, {u"O.S. "_s + ordem, valor});
+    abateDaConta(runtime::CStr(fiado.value(u"CodCliente")), u"PAGAMENTO O.S. "_s + ordem, valor);
+}
+
+// --- bills and bank
+
+void lancaDespesa(const QString &descricao, const QString &valor, const QString &vencimento)
+{
+    core::AcrescentaLinha(u"ContasPagar"_s, [&](dao::Recordset &linha) {
+        linha[u"Data"] = hoje();
+        linha[u"Descricao"] = descricao;
+        linha[u"Valor"] = valor;
+        linha[u"Vencimento"] = vencimento;
+        linha[u"Pago"] = false;
+    });
+}
+
+void abreBancos()
+{
+    for (const QStringView banco : bancosDaOficina) {
+        lanca(banco.toString(), {u"SALDO INICIAL"_s, saldoInicialDoBanco});
+    }
+}
+
+/// In whole hundreds, upwards, as money is carried.
+float emCentenas(float valor)
+{
+    return std::ceil(valor / 100) * 100;
+}
+
+/// What is too much in a ledger, negative for what is missing; 0 where it is well.
+float sobra(const QString &tabela, const Faixa &faixa)
+{
+    const float saldo = saldoDe(tabela);
+    if (saldo >= faixa.menor && saldo <= faixa.maior) {
+        return 0;
+    }
+    return emCentenas(saldo - faixa.alvo);
+}
+
+void transfere(float valor, bool deposito)
+{
+    lanca(u"Caixa"_s, {deposito ? u"DEPÓSITO BANCO 01"_s : u"SAQUE BANCO 01"_s, valor, deposito});
+    lanca(u"Banco1"_s, {deposito ? u"DEPÓSITO EM DINHEIRO"_s : u"SAQUE EM DINHEIRO"_s, valor, !deposito});
+}
+
+void acertaCaixa()
+{
+    const float demais = sobra(u"Caixa"_s, faixaDoCaixa);
+    if (demais != 0) {
+        transfere(std::abs(demais), demais > 0);
+    }
+}
+
+/// The owner takes out what the workshop earned, and puts in what it lacks.
+void acertaBancos(const Faixa &faixa)
+{
+    for (const QStringView banco : bancosDaOficina) {
+        const float demais = sobra(banco.toString(), faixa);
+        if (demais != 0) {
+            lanca(banco.toString(),
+                  {demais > 0 ? u"RETIRADA DO SÓCIO"_s : u"APORTE DO SÓCIO"_s, std::abs(demais), demais > 0});
+        }
+    }
+}
+
+float soma(dao::Recordset contas)
+{
+    float total = 0;
+    for (; !contas.Eof(); contas.MoveNext()) {
+        total += runtime::CSng(contas.value(u"Valor"));
+    }
+    return total;
+}
+
+/// Bills are paid from the cash box: what it lacks comes from the bank, and what the bank lacks from the owner.
+void provisiona(float total)
+{
+    const float falta = total - saldoDe(u"Caixa"_s);
+    if (falta <= 0) {
+        return;
+    }
+    const float saque = emCentenas(falta);
+    const float aporte = emCentenas(saque - saldoDe(u"Banco1"_s));
+    if (aporte > 0) {
+        lanca(u"Banco1"_s, {u"APORTE DO SÓCIO"_s, aporte});
+    }
+    transfere(saque, false);
+}
+
+void paga(dao::Recordset &conta)
+{
+    conta.Edit();
+    conta[u"Pago"] = true;
+    conta[u"DataPagto"] = hoje();
+    conta.Update();
+    const QString descricao = runtime::CStr(conta.value(u"Descricao"));
+    lanca(u"Caixa"_s, {descricao, runtime::CSng(conta.value(u"Valor")), true});
+}
+
+void pagaDespesas()
+{
+    const QString vencidas = u"SELECT * FROM ContasPagar"_s + vencidasAte();
+    provisiona(soma(core::DBDados->OpenRecordset(vencidas)));
+    auto contas = core::DBDados->OpenRecordset(vencidas);
+    for (; !contas.Eof(); contas.MoveNext()) {
+        paga(contas);
+    }
+}
+
+// --- stock
+
+void compra(const Item &item, float quantidade)
+{
+    const float saldo = core::UltimoSaldo(u"SELECT Estoque FROM Estoque WHERE CodPeca = "_s +
+                                              QString::number(item.codigo) + u" ORDER BY Codigo"_s,
+                                          u"Estoque"_s);
+    core::AcrescentaLinha(u"Estoque"_s, [&](dao::Recordset &linha) {
+        linha[u"CodPeca"] = item.codigo;
+        linha[u"Data"] = hoje();
+        linha[u"Descricao"] = u"COMPRA DE FORNECEDOR"_s;
+        linha[u"Entrada"] = quantidade;
+        linha[u"Estoque"] = saldo + quantidade;
+    });
+}
+
+} // namespace
+
+Acertos::Acertos(const Oficina &oficina, int ordens)
+    : sorteio_(oficina.tamanho.semente, sobreAcertos), deDespesas_(oficina.tamanho.semente, sobreDespesas),
+      ordensPorMes_(std::max(1, ordens / 24))
+{
+    const auto anota = [this](const std::vector<Item> &itens) {
+        for (const Item &item : itens) {
+            if (item.estoque) {
+                comEstoque_.emplace(item.codigo, Saldo{&item, item.atual});
+            }
+        }
+    };
+    anota(oficina.pecasGerais);
+    for (const std::vector<Item> &doModelo : oficina.pecasDoModelo) {
+        anota(doModelo);
+    }
+}
+
+void Acertos::repoeEstoque(const std::vector<workorders::LinhaOS> &itens)
+{
+    for (const workorders::LinhaOS &linha : itens) {
+        const auto achado = comEstoque_.find(runtime::CLng(linha.codigo));
+        if (achado == comEstoque_.end()) {
+            continue;
+        }
+        Saldo &saldo = achado->second;
+        saldo.estoque -= runtime::CDbl(linha.quantidade);
+        if (saldo.estoque < saldo.item->minimo) {
+            const double quantidade = saldo.item->minimo * 2 + 6;
+            compra(*saldo.item, static_cast<float>(quantidade));
+            saldo.estoque += quantidade;
+        }
+    }
+}
+
+/// Cheques are deposited on their day; of the other debtors some let a week pass, and then another.
+void Acertos::recebeContas()
+{
+    auto contas = core::DBDados->OpenRecordset(u"SELECT * FROM ContasReceber"_s + vencidasAte());
+    for (; !contas.Eof(); contas.MoveNext()) {
+        if (runtime::CStr(contas.value(u"Descricao")).startsWith(u"CHEQUE")) {
+            recebe(contas, sorteio_.um(bancosDaOficina).toString());
+        } else if (sorteio_.chance(emDia)) {
+            recebe(contas, u"Caixa"_s);
+        }
+    }
+}
+
+void Acertos::recebeFiados()
+{
+    auto fiados = core::DBDados->OpenRecordset(u"SELECT * FROM Fiados"_s + vencidasAte());
+    for (; !fiados.Eof(); fiados.MoveNext()) {
+        if (soNoFiado(runtime::CStr(fiados.value(u"CodOs"))) && sorteio_.chance(emDia)) {
+            recebeFiado(fiados);
+        }
+    }
+}
+
+/// On the first Saturday of a month, for the days to come.
+void Acertos::lancaDespesas()
+{
+    if (runtime::toDateTime(runtime::Today()).date().day() > 7) {
+        return;
+    }
+    for (const DespesaMensal &despesa : despesas()) {
+        const int inteira = despesa.valor + despesa.porOrdem * ordensPorMes_;
+        const qint64 valor = qint64{inteira} * deDespesas_.entre(92, 108) / 100;
+        const runtime::Date vencimento = runtime::DateAdd(u"d", deDespesas_.entre(3, 20), runtime::Today());
+        lancaDespesa(despesa.descricao.toString(), Reais(valor), runtime::Format(vencimento, core::mascaraData));
+    }
+}
+
+void Acertos::daSemana()
+{
+    if (semana_++ == 0) {
+        abreBancos();
+    }
+    lancaDespesas();
+    recebeContas();
+    compensaCheques();
+    recebeFiados();
+    pagaDespesas();
+    acertaCaixa();
+    acertaBancos(faixaDoBanco(ordensPorMes_));
+}
+
+} // namespace amostra
