@@ -3,11 +3,10 @@
 #include "workorders/workorders.h"
 
 #include "core/modulo.h"
-#include "platform/runtime/error.h"
 #include "platform/ui/application.h"
 #include "platform/ui/form.h"
+#include "tests/registers/cadastro.h"
 #include "tests/support/boxes.h"
-#include "tests/support/program.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -16,6 +15,7 @@
 #include <memory>
 
 using namespace Qt::StringLiterals;
+using cadastro::Rows;
 using support::Boxes;
 using support::click;
 using support::control;
@@ -25,28 +25,7 @@ using support::type;
 namespace
 {
 
-using Rows = std::vector<QStringList>;
-
 const QString question = u"Confirma a Inclusão"_s;
-
-/// The box of the run-time error that a statement raises.
-QString errorBox(const QString &statement)
-{
-    try {
-        core::DBDados->OpenRecordset(statement);
-    } catch (const runtime::RuntimeError &error) {
-        return u"Erro em tempo de execução '%1':\n\n%2"_s.arg(error.number()).arg(error.description());
-    }
-    return {};
-}
-
-/// Stands in for the customer register.
-class Register : public ui::Form
-{
-public:
-    Register() : Form(u"frmCadaCliente"_s) { modeAtLoad = core::ModoChamada; }
-    static inline qint16 modeAtLoad = -1;
-};
 
 } // namespace
 
@@ -59,7 +38,6 @@ private slots:
     void init();
     void cleanup();
 
-    void thePickerIsDisabledWhileThereIsNone();
     void opensWithItsCaptionAndState();
     void fitsTheMainWindow();
     void tabGoesFieldByField();
@@ -124,12 +102,6 @@ void TstFrmCadaFast::fill(const QString &name, const QString &make)
 {
     type(form_, u"txtNome"_s, name);
     type(form_, u"cboMarca"_s, make);
-}
-
-void TstFrmCadaFast::thePickerIsDisabledWhileThereIsNone()
-{
-    QVERIFY(!ui::Forms::instance().exists(u"frmCadaCliente"_s));
-    QVERIFY(!control<QAbstractButton>(form_, u"btnClienteFind"_s)->isEnabled());
 }
 
 void TstFrmCadaFast::opensWithItsCaptionAndState()
@@ -254,7 +226,7 @@ void TstFrmCadaFast::anExistingPlateIsOnlyAWarning()
 
 void TstFrmCadaFast::anApostropheInTheNameIsARunTimeError()
 {
-    boxes_->critical(errorBox(u"SELECT Codigo FROM Clientes WHERE Nome = 'JOANA D'ARC'"_s));
+    boxes_->critical(cadastro::errorBox(u"SELECT Codigo FROM Clientes WHERE Nome = 'JOANA D'ARC'"_s));
     type(form_, u"txtNome"_s, u"JOANA D'ARC"_s);
     boxes_->finish();
     QVERIFY(ui::Application::ended());
@@ -450,11 +422,11 @@ void TstFrmCadaFast::backClosesAndWritesNothing()
 /// The last case: a window that is made known stays known.
 void TstFrmCadaFast::thePickerIsOpenedInItsMode()
 {
-    ui::Forms::instance().add(u"frmCadaCliente"_s, [] { return new Register; });
+    cadastro::standIn(u"frmCadaCliente"_s, {});
     form_->Unload();
     form_ = support::show(u"frmCadaFast"_s);
     click(form_, u"btnClienteFind"_s);
-    QCOMPARE(Register::modeAtLoad, qint16{38});
+    QCOMPARE(cadastro::StandIn::modeAtLoad, qint16{38});
     QVERIFY(ui::Forms::instance().find(u"frmCadaCliente"_s)->isVisible());
 }
 
