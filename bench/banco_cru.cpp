@@ -1,5 +1,8 @@
 #include "bench/banco_cru.h"
 
+#include "platform/dao/collation.h"
+#include "platform/dao/like.h"
+
 #include <sqlite3.h>
 
 #include <stdexcept>
@@ -17,16 +20,33 @@ void check(sqlite3 *handle, int result)
     }
 }
 
-/// The bare side sorts and compares no texts, but writing a text index asks for its order.
-int byBytes(void *, int leftSize, const void *left, int rightSize, const void *right)
+/// Texts are put in order by the program's own comparison on both sides: it is not what is measured.
+int compare(void *, int leftSize, const void *left, int rightSize, const void *right)
 {
-    return QByteArrayView(static_cast<const char *>(left), leftSize)
-        .compare(QByteArrayView(static_cast<const char *>(right), rightSize));
+    return dao::compareUtf8(QByteArrayView(static_cast<const char *>(left), leftSize),
+                            QByteArrayView(static_cast<const char *>(right), rightSize));
+}
+
+QStringView textOf(sqlite3_value *value)
+{
+    return {static_cast<const QChar *>(sqlite3_value_text16(value)), sqlite3_value_bytes16(value) / 2};
+}
+
+/// CONTEM(pattern, text): the program's own comparison of patterns.
+void contains(sqlite3_context *context, int, sqlite3_value **values)
+{
+    auto *pattern = static_cast<dao::LikePattern *>(sqlite3_get_auxdata(context, 0));
+    if (pattern == nullptr) {
+        pattern = new dao::LikePattern(textOf(values[0]));
+        sqlite3_set_auxdata(context, 0, pattern, [](void *data) { delete static_cast<dao::LikePattern *>(data); });
+        pattern = static_cast<dao::LikePattern *>(sqlite3_get_auxdata(context, 0));
+    }
+    sqlite3_result_int(context, pattern->matches(textOf(values[1])) ? 1 : 0);
 }
 
 void supplyCollation(void *, sqlite3 *handle, int, const char *name)
 {
-    sqlite3_create_collation(handle, name, SQLITE_UTF8, nullptr, byBytes);
+    sqlite3_create_collation(handle, name, SQLITE_UTF8, nullptr, compare);
 }
 
 } // namespace
@@ -39,6 +59,8 @@ BancoCru::BancoCru(const QString &path)
     handle_.reset(handle);
     check(handle, result);
     sqlite3_collation_needed(handle, nullptr, supplyCollation);
+    sqlite3_create_function(handle, "CONTEM", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, contains, nullptr,
+                            nullptr);
     execute("PRAGMA synchronous=FULL");
 }
 

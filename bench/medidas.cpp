@@ -6,6 +6,7 @@
 #include "registers/registers.h"
 #include "reports/reports.h"
 #include "shell/shell.h"
+#include "stock/stock.h"
 #include "workorders/workorders.h"
 
 #include <QProcess>
@@ -45,6 +46,7 @@ int measureAll(int argc, char **argv)
     medidas::medeBanco();
     medidas::medeLista();
     medidas::medeOrdens();
+    medidas::medeCadastros();
     medidas::mostraSemLimite();
 
     benchmark::Initialize(&argc, argv);
@@ -62,6 +64,7 @@ int main(int argc, char **argv)
     shell::registerForms();
     registers::registerForms();
     workorders::registerForms();
+    stock::registerForms();
     reports::registerForms();
 
     const auto arguments = QCoreApplication::arguments();

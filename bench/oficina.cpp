@@ -194,14 +194,21 @@ void runCachedBare(benchmark::State &state)
 
 } // namespace
 
-Oficina::Oficina(int rows) : rows_(rows)
+Oficina::Oficina(int rows)
+    : Oficina([rows] {
+          fillLedger(rows);
+          fillCustomers(rows);
+      })
+{
+}
+
+Oficina::Oficina(const std::function<void()> &preenche)
 {
     const auto silent = [](const QString &) {};
     QDir(folder_.path()).mkdir(u"DADOS"_s);
     abre();
     core::CriarDB(silent);
-    fillLedger(rows);
-    fillCustomers(rows);
+    preenche();
 }
 
 Oficina::~Oficina()

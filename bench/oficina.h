@@ -3,6 +3,8 @@
 #include <QString>
 #include <QTemporaryDir>
 
+#include <functional>
+
 namespace medidas
 {
 
@@ -11,16 +13,16 @@ class Oficina
 {
 public:
     explicit Oficina(int rows);
+    /// The same with an empty database that `preenche` fills.
+    explicit Oficina(const std::function<void()> &preenche);
     ~Oficina();
 
     /// Makes this folder's database the program's one; several can exist side by side.
     void abre() const;
     QString arquivo() const;
-    int rows() const { return rows_; }
 
 private:
     QTemporaryDir folder_;
-    int rows_;
 };
 
 /// The large one and the small one, made at first use.
@@ -32,6 +34,7 @@ constexpr int linhasPequenas = 200;
 void medeBanco();
 void medeOrdens();
 void medeLista();
+void medeCadastros();
 
 /// Called as a process of its own with "vazia", "lista" or "vetor": prints what an empty list, a full one or the plain
 /// vector adds to the resident memory, and that memory, in bytes.
