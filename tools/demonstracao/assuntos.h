@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+/// The subjects of the demonstration, each worked as a user would, in this order; a later one builds on what the
+/// earlier ones have left in the program folder. Each is a QObject whose slots are its steps.
+namespace demonstracao
+{
+
+using Assunto = std::unique_ptr<QObject>;
+
+Assunto inicio(const QString &folder);  ///< a new installation, its first operator, a login
+Assunto cadastros();                    ///< the four registers
+Assunto ordens();                       ///< orders and each way of paying them
+Assunto escolhas();                     ///< records picked and added on the way to an order and to its payment
+Assunto estoque();                      ///< the stock ledger
+Assunto reabertura();                   ///< the program ended and started again
+Assunto oficina(const QString &folder); ///< a workshop of 300 customers
+Assunto telas(const QString &folder);   ///< pictures of the registers of that workshop
+
+} // namespace demonstracao

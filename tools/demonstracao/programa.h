@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+/// The program's run: its folder, start, login and end.
+namespace demonstracao
+{
+
+/// Makes a folder the program's own, with what an installation ships.
+void install(const QString &folder);
+
+/// Goes on with the program folder that an earlier run has left.
+void useFolder(const QString &folder);
+
+struct Operador {
+    QString code;
+    QString name;
+    QString password;
+};
+
+/// Starts the program and logs in; the main window then has the size of a small screen. `before` runs in front of the
+/// login, with its window open.
+void start(const Operador &who, const std::function<void()> &before = {});
+
+void stop();
+
+/// The operator that the new installation is given.
+Operador primeiroOperador();
+
+/// The administrator of the sample workshop.
+Operador operadorDaOficina();
+
+} // namespace demonstracao
