@@ -1,3 +1,4 @@
+#include "registers/contato.h"
 #include "registers/conversoes.h"
 #include "registers/registro.h"
 
@@ -45,29 +46,22 @@ constexpr std::array aberturas{
     Abertura{13, u" - [Incluir Cliente]", u"txtNome"},
 };
 
-constexpr std::array campos{
-    Campo{u"lblCodigo", u"Codigo", comoCodigo},
-    Campo{u"lblDataCadastro", u"DataCadastro", comoData, hojeNaInclusao},
-    Campo{u"txtNome", u"Nome", comoEsta, comoTexto},
-    Campo{u"txtEndereco", u"Endereco", comoEsta, ouNulo},
-    Campo{u"txtNumero", u"Numero", comoEsta, ouNulo, SoDecimais},
-    Campo{u"txtComplemento", u"Complemento", comoEsta, ouNulo},
-    Campo{u"txtBairro", u"Bairro", comoEsta, ouNulo},
-    Campo{u"txtCidade", u"Cidade", comoEsta, ouNulo},
-    Campo{u"cboEstado", u"Estado", comoEsta, comoTexto},
-    Campo{u"txtCEP", u"CEP", comoEsta, ouNulo, SoInteiros, TipoMascara::CEP},
-    Campo{u"txtPontoReferencia", u"PontoReferencia", comoEsta, ouNulo},
-    Campo{u"txtFone1", u"Fone1", comoEsta, ouNulo, SoInteiros, TipoMascara::Fone},
-    Campo{u"txtFone2", u"Fone2", comoEsta, ouNulo, SoInteiros, TipoMascara::Fone},
-    Campo{u"txtCelular", u"Celular", comoEsta, ouNulo, SoInteiros, TipoMascara::Fone},
-    Campo{u"txtRG", u"RG", comoEsta, ouNulo},
-    Campo{u"cboPessoa", u"CPF", pessoa},
-    Campo{u"txtCPF", u"CPF", documento, documentoGravado, SoInteiros},
-    Campo{u"txtDataNascimento", u"DataNascimento", comoData, ouNulo, SoInteiros, TipoMascara::Data},
-    Campo{u"txtEmail", u"Email", comoEsta, minusculas},
-    Campo{u"txtLimite", u"LimiteCredito", comoValor, ouNulo, SoDecimais, TipoMascara::Valor},
-    Campo{u"txtObservacoes", u"Observacoes", comoEsta, ouNulo},
-};
+constexpr auto campos = junta(
+    std::array{
+        Campo{u"lblCodigo", u"Codigo", comoCodigo},
+        Campo{u"lblDataCadastro", u"DataCadastro", comoData, hojeNaInclusao},
+        Campo{u"txtNome", u"Nome", comoEsta, comoTexto},
+    },
+    camposDeContato,
+    std::array{
+        Campo{u"txtRG", u"RG", comoEsta, ouNulo},
+        Campo{u"cboPessoa", u"CPF", pessoa},
+        Campo{u"txtCPF", u"CPF", documento, documentoGravado, SoInteiros},
+        Campo{u"txtDataNascimento", u"DataNascimento", comoData, ouNulo, SoInteiros, TipoMascara::Data},
+        Campo{u"txtEmail", u"Email", comoEsta, minusculas},
+        Campo{u"txtLimite", u"LimiteCredito", comoValor, ouNulo, SoDecimais, TipoMascara::Valor},
+        Campo{u"txtObservacoes", u"Observacoes", comoEsta, ouNulo},
+    });
 
 constexpr std::array verificacoes{
     Verificacao{u"txtNome", naoVazio, u"Nome Inválido"},
@@ -93,16 +87,12 @@ constexpr std::array colunas{
 
 /// The combo lacks the entries "RG" and "Data Nasc.": its last two search what stands at their place here, and the last
 /// two rows are never reached.
-constexpr std::array pesquisas{
-    Pesquisa{u"Código", u"Codigo", Comparacao::Codigo},   Pesquisa{u"Data Cadastro", u"DataCadastro", Comparacao::Data},
-    Pesquisa{u"Nome", u"Nome", Comparacao::Contem},       Pesquisa{u"Endereço", u"Endereco", Comparacao::Contem},
-    Pesquisa{u"Bairro", u"Bairro", Comparacao::Contem},   Pesquisa{u"Cidade", u"Cidade", Comparacao::Contem},
-    Pesquisa{u"Estado", u"Estado", Comparacao::Contem},   Pesquisa{u"CEP", u"CEP", Comparacao::Contem},
-    Pesquisa{u"Fone1", u"Fone1", Comparacao::Contem},     Pesquisa{u"Fone2", u"Fone2", Comparacao::Contem},
-    Pesquisa{u"Celular", u"Celular", Comparacao::Contem}, Pesquisa{u"CPF/CNPJ", u"RG", Comparacao::Contem},
-    Pesquisa{u"E-mail", u"CPF", Comparacao::Contem},      Pesquisa{u"", u"DataNascimento", Comparacao::Data},
-    Pesquisa{u"", u"Email", Comparacao::Contem},
-};
+constexpr auto pesquisas = junta(pesquisasDeContato, std::array{
+                                                         Pesquisa{u"CPF/CNPJ", u"RG", Comparacao::Contem},
+                                                         Pesquisa{u"E-mail", u"CPF", Comparacao::Contem},
+                                                         Pesquisa{u"", u"DataNascimento", Comparacao::Data},
+                                                         Pesquisa{u"", u"Email", Comparacao::Contem},
+                                                     });
 
 constexpr std::array excecoesLocaliza{
     ExcecaoLocaliza{u"cboPessoa", nullptr},
@@ -138,20 +128,11 @@ constexpr Registro registro{
     .colunas = colunas,
     .pesquisas = pesquisas,
     .pesquisaInicial = 2,
-    .pesquisa = {.antes = u"SELECT * FROM Clientes WHERE ",
-                 .depois = u" ORDER By Nome",
-                 .textoVazioPesquisa = false,
-                 .mensagemErro = u"Tipo de Dados Inválido para Pesquisa",
-                 .mensagemVazia = u""},
+    .pesquisa = {.antes = u"SELECT * FROM Clientes WHERE ", .depois = u" ORDER By Nome"},
     .consultaTodos = u"SELECT * FROM Clientes ORDER BY Nome",
     .consultaLinha = u"SELECT * FROM Clientes WHERE Codigo = ",
-    .consultaLinhaFim = u"",
-    .consultaLocaliza = u"",
     .excecoesLocaliza = excecoesLocaliza,
-    .colunaLocaliza = 2,
     .exclusoes = exclusoes,
-    .localizaAntesDeConferir = true,
-    .naoLocalizado = u"Código não localizado",
     .devolucoes = devolucoes,
     .devolucoesInclusao = devolucoesInclusao,
 };

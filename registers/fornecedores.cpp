@@ -1,3 +1,4 @@
+#include "registers/contato.h"
 #include "registers/conversoes.h"
 #include "registers/registro.h"
 
@@ -27,26 +28,19 @@ constexpr std::array aberturas{
     Abertura{20, u" - [Consulta de Código de Fornecedor]", u"txtTexto"},
 };
 
-constexpr std::array campos{
-    Campo{u"lblCodigo", u"Codigo", comoCodigo},
-    Campo{u"lblDataCadastro", u"DataCadastro", comoData, hojeNaInclusao},
-    Campo{u"txtNome", u"Nome", comoEsta, comoTexto},
-    Campo{u"txtContato", u"Contato", comoEsta, ouNulo},
-    Campo{u"txtEndereco", u"Endereco", comoEsta, ouNulo},
-    Campo{u"txtNumero", u"Numero", comoEsta, ouNulo, SoDecimais},
-    Campo{u"txtComplemento", u"Complemento", comoEsta, ouNulo},
-    Campo{u"txtBairro", u"Bairro", comoEsta, ouNulo},
-    Campo{u"txtCidade", u"Cidade", comoEsta, ouNulo},
-    Campo{u"cboEstado", u"Estado", comoEsta, comoTexto},
-    Campo{u"txtCEP", u"CEP", comoEsta, ouNulo, SoInteiros, TipoMascara::CEP},
-    Campo{u"txtPontoReferencia", u"PontoReferencia", comoEsta, ouNulo},
-    Campo{u"txtFone1", u"Fone1", comoEsta, ouNulo, SoInteiros, TipoMascara::Fone},
-    Campo{u"txtFone2", u"Fone2", comoEsta, ouNulo, SoInteiros, TipoMascara::Fone},
-    Campo{u"txtCelular", u"Celular", comoEsta, ouNulo, SoInteiros, TipoMascara::Fone},
-    Campo{u"txtCPF", u"CNPJ", comoEsta, soDigitos, SoInteiros},
-    Campo{u"txtEmail", u"Email", comoEsta, minusculas},
-    Campo{u"txtObservacoes", u"Observacoes", comoEsta, ouNulo},
-};
+constexpr auto campos = junta(
+    std::array{
+        Campo{u"lblCodigo", u"Codigo", comoCodigo},
+        Campo{u"lblDataCadastro", u"DataCadastro", comoData, hojeNaInclusao},
+        Campo{u"txtNome", u"Nome", comoEsta, comoTexto},
+        Campo{u"txtContato", u"Contato", comoEsta, ouNulo},
+    },
+    camposDeContato,
+    std::array{
+        Campo{u"txtCPF", u"CNPJ", comoEsta, soDigitos, SoInteiros},
+        Campo{u"txtEmail", u"Email", comoEsta, minusculas},
+        Campo{u"txtObservacoes", u"Observacoes", comoEsta, ouNulo},
+    });
 
 constexpr std::array verificacoes{Verificacao{u"txtNome", naoVazio, u"Nome Inválido"}};
 
@@ -59,15 +53,10 @@ constexpr std::array colunas{
     ColunaLista{u"Celular", 2000, u"Celular", comoEsta},
 };
 
-constexpr std::array pesquisas{
-    Pesquisa{u"Código", u"Codigo", Comparacao::Codigo},   Pesquisa{u"Data Cadastro", u"DataCadastro", Comparacao::Data},
-    Pesquisa{u"Nome", u"Nome", Comparacao::Contem},       Pesquisa{u"Endereço", u"Endereco", Comparacao::Contem},
-    Pesquisa{u"Bairro", u"Bairro", Comparacao::Contem},   Pesquisa{u"Cidade", u"Cidade", Comparacao::Contem},
-    Pesquisa{u"Estado", u"Estado", Comparacao::Contem},   Pesquisa{u"CEP", u"CEP", Comparacao::Contem},
-    Pesquisa{u"Fone1", u"Fone1", Comparacao::Contem},     Pesquisa{u"Fone2", u"Fone2", Comparacao::Contem},
-    Pesquisa{u"Celular", u"Celular", Comparacao::Contem}, Pesquisa{u"CNPJ", u"CnpJ", Comparacao::Contem},
-    Pesquisa{u"E-mail", u"Email", Comparacao::Contem},
-};
+constexpr auto pesquisas = junta(pesquisasDeContato, std::array{
+                                                         Pesquisa{u"CNPJ", u"CnpJ", Comparacao::Contem},
+                                                         Pesquisa{u"E-mail", u"Email", Comparacao::Contem},
+                                                     });
 
 constexpr std::array<QStringView, 1> exclusoes{u"DELETE * FROM Fornecedores WHERE codigo = "};
 
@@ -90,20 +79,10 @@ constexpr Registro registro{
     .colunas = colunas,
     .pesquisas = pesquisas,
     .pesquisaInicial = 2,
-    .pesquisa = {.antes = u"SELECT * FROM Fornecedores WHERE ",
-                 .depois = u" ORDER By Nome",
-                 .textoVazioPesquisa = false,
-                 .mensagemErro = u"Tipo de Dados Inválido para Pesquisa",
-                 .mensagemVazia = u""},
+    .pesquisa = {.antes = u"SELECT * FROM Fornecedores WHERE ", .depois = u" ORDER By Nome"},
     .consultaTodos = u"SELECT * FROM Fornecedores ORDER BY Nome",
     .consultaLinha = u"SELECT * FROM Fornecedores WHERE Codigo = ",
-    .consultaLinhaFim = u"",
-    .consultaLocaliza = u"",
-    .excecoesLocaliza = {},
-    .colunaLocaliza = 2,
     .exclusoes = exclusoes,
-    .localizaAntesDeConferir = true,
-    .naoLocalizado = u"Código não localizado",
     .devolucoes = devolucoes,
     .devolucoesInclusao = devolucoesInclusao,
 };

@@ -168,11 +168,7 @@ constexpr Registro registro{
     .colunas = colunas,
     .pesquisas = pesquisas,
     .pesquisaInicial = 1,
-    .pesquisa = {.antes = u"SELECT * FROM pecas WHERE ",
-                 .depois = u" ORDER By PS, Nome, MarcaModelo",
-                 .textoVazioPesquisa = false,
-                 .mensagemErro = u"Tipo de Dados Inválido para Pesquisa",
-                 .mensagemVazia = u""},
+    .pesquisa = {.antes = u"SELECT * FROM pecas WHERE ", .depois = u" ORDER By PS, Nome, MarcaModelo"},
     .consultaTodos = u"SELECT * FROM pecas ORDER BY PS, Nome, MarcaModelo",
     .consultaLinha = u"SELECT pecas.codigo, pecas.nome, pecas.MarcaModelo, pecas.ps, pecas.UM, pecas.ValorCusto, "
                      u"pecas.ValorVenda, pecas.EstoqueMinimo, pecas.ControlaEstoque, estoque.ESTOQUE, "
@@ -183,11 +179,8 @@ constexpr Registro registro{
     .consultaLocaliza = u"SELECT pecas.CODIGO, pecas.NOME, pecas.UM, pecas.VALORCUSTO, pecas.VALORVENDA, "
                         u"pecas.ESTOQUEMINIMO, estoque.ESTOQUE, pecas.CodExterno FROM pecas, ESTOQUE WHERE "
                         u"pecas.CODIGO = estoque.CODPeca AND pecas.CODIGO = ",
-    .excecoesLocaliza = {},
-    .colunaLocaliza = 2,
     .exclusoes = exclusoes,
     .localizaAntesDeConferir = false,
-    .naoLocalizado = u"Código não localizado",
     .devolucoes = devolucoes,
     .devolucoesInclusao = devolucoesInclusao,
 };

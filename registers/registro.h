@@ -82,40 +82,40 @@ struct Abertura {
 
 /// What btnPesquisar does around its statement.
 struct RegraPesquisa {
-    QStringView antes;       ///< the statement in front of the condition
-    QStringView depois;      ///< and behind it
-    bool textoVazioPesquisa; ///< an empty text searches too, and the list stands until there is a result
-    QStringView mensagemErro;
-    QStringView mensagemVazia; ///< for no result; "" says nothing
+    QStringView antes;               ///< the statement in front of the condition
+    QStringView depois = {};         ///< and behind it
+    bool textoVazioPesquisa = false; ///< an empty text searches too, and the list stands until there is a result
+    QStringView mensagemErro = u"Tipo de Dados Inválido para Pesquisa";
+    QStringView mensagemVazia = {}; ///< for no result; "" says nothing
 };
 
-/// A whole register.
+/// A whole register. What has a value here is the usual way, and only what is done otherwise is told.
 struct Registro {
     QStringView janela;
     QStringView tabela;
-    QStringView titulo;                  ///< tail of the plain caption
-    std::span<const Abertura> aberturas; ///< the modes that open otherwise
+    QStringView titulo;                       ///< tail of the plain caption
+    std::span<const Abertura> aberturas = {}; ///< the modes that open otherwise
     std::span<const Campo> campos;
-    std::span<const Verificacao> verificacoes;
+    std::span<const Verificacao> verificacoes = {};
 
     std::span<const ColunaLista> colunas;
     std::span<const Pesquisa> pesquisas;
-    int pesquisaInicial;
+    int pesquisaInicial = 0;
     RegraPesquisa pesquisa;
     QStringView consultaTodos;
-    QStringView consultaLinha;        ///< of the row clicked, without its code
-    QStringView consultaLinhaFim;     ///< behind the code
-    QStringView consultaSegunda = {}; ///< tried where that gives no row; a field it lacks is emptied
-    QStringView consultaLocaliza;     ///< of the row found in the list; "" for the same statement
-    std::span<const ExcecaoLocaliza> excecoesLocaliza;
-    int colunaLocaliza; ///< from 1
+    QStringView consultaLinha;         ///< of the row clicked, without its code
+    QStringView consultaLinhaFim = {}; ///< behind the code
+    QStringView consultaSegunda = {};  ///< tried where that gives no row; a field it lacks is emptied
+    QStringView consultaLocaliza = {}; ///< of the row found in the list; "" for the same statement
+    std::span<const ExcecaoLocaliza> excecoesLocaliza = {};
+    int colunaLocaliza = 2; ///< from 1: the name
 
     std::span<const QStringView> exclusoes; ///< the statements of btnExcluir, in front of the code
-    bool localizaAntesDeConferir;           ///< btnAlterar looks for the row first, and only then checks
-    QStringView naoLocalizado;
+    bool localizaAntesDeConferir = true;    ///< btnAlterar looks for the row first, and only then checks
+    QStringView naoLocalizado = u"Código não localizado";
 
-    std::span<const core::Devolucao> devolucoes;         ///< of a row chosen by double click
-    std::span<const core::Devolucao> devolucoesInclusao; ///< of a new record's code
+    std::span<const core::Devolucao> devolucoes = {};         ///< of a row chosen by double click
+    std::span<const core::Devolucao> devolucoesInclusao = {}; ///< of a new record's code
 };
 
 /// The text of a control, by the control's name.

@@ -80,11 +80,9 @@ constexpr Registro registro{
     .verificacoes = verificacoes,
     .colunas = colunas,
     .pesquisas = pesquisas,
-    .pesquisaInicial = 0,
     .pesquisa = {.antes = u"select Veiculos.Codigo, Clientes.Nome, Veiculos.MarcaModelo, Veiculos.Ano, Veiculos.Cor, "
                           u"Veiculos.Placas, Veiculos.Combustivel, Veiculos.Observacoes from Veiculos INNER JOIN "
                           u"Clientes On Clientes.Codigo=Veiculos.Codcliente Where ",
-                 .depois = u"",
                  .textoVazioPesquisa = true,
                  .mensagemErro = u"Erro de Pesquisa",
                  .mensagemVazia = u"Pesquisa sem Resultado!"},
@@ -94,12 +92,10 @@ constexpr Registro registro{
     .consultaLinha = u"select Veiculos.Codigo, Veiculos.CodCliente, Clientes.Nome, Veiculos.MarcaModelo, Veiculos.Ano, "
                      u"Veiculos.Cor, Veiculos.Placas, Veiculos.Combustivel, Veiculos.Observacoes, Veiculos.Chassi from "
                      u"Veiculos INNER JOIN Clientes On Clientes.Codigo=Veiculos.CodCliente WHERE Veiculos.Codigo = ",
-    .consultaLinhaFim = u"",
     // The chassis number is not asked for: a vehicle found in the list leaves the one on the screen.
     .consultaLocaliza = u"select Veiculos.Codigo, Veiculos.CodCliente, Clientes.Nome, Veiculos.MarcaModelo, "
                         u"Veiculos.Ano, Veiculos.Cor, Veiculos.Placas, Veiculos.Combustivel, Veiculos.Observacoes from "
                         u"Veiculos INNER JOIN Clientes On Clientes.Codigo=Veiculos.CodCliente WHERE Veiculos.Codigo = ",
-    .excecoesLocaliza = {},
     .colunaLocaliza = 3,
     .exclusoes = exclusoes,
     .localizaAntesDeConferir = false,

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "registers/conversoes.h"
+
+#include "core/funcoes.h"
+
+#include <algorithm>
+#include <array>
+
+/// What customers and suppliers have alike: where they are, how they are reached, and how they are searched by that.
+namespace registers
+{
+
+inline constexpr std::array camposDeContato{
+    Campo{u"txtEndereco", u"Endereco", comoEsta, ouNulo},
+    Campo{u"txtNumero", u"Numero", comoEsta, ouNulo, core::SoDecimais},
+    Campo{u"txtComplemento", u"Complemento", comoEsta, ouNulo},
+    Campo{u"txtBairro", u"Bairro", comoEsta, ouNulo},
+    Campo{u"txtCidade", u"Cidade", comoEsta, ouNulo},
+    Campo{u"cboEstado", u"Estado", comoEsta, comoTexto},
+    Campo{u"txtCEP", u"CEP", comoEsta, ouNulo, core::SoInteiros, core::TipoMascara::CEP},
+    Campo{u"txtPontoReferencia", u"PontoReferencia", comoEsta, ouNulo},
+    Campo{u"txtFone1", u"Fone1", comoEsta, ouNulo, core::SoInteiros, core::TipoMascara::Fone},
+    Campo{u"txtFone2", u"Fone2", comoEsta, ouNulo, core::SoInteiros, core::TipoMascara::Fone},
+    Campo{u"txtCelular", u"Celular", comoEsta, ouNulo, core::SoInteiros, core::TipoMascara::Fone},
+};
+
+inline constexpr std::array pesquisasDeContato{
+    Pesquisa{u"Código", u"Codigo", Comparacao::Codigo},   Pesquisa{u"Data Cadastro", u"DataCadastro", Comparacao::Data},
+    Pesquisa{u"Nome", u"Nome", Comparacao::Contem},       Pesquisa{u"Endereço", u"Endereco", Comparacao::Contem},
+    Pesquisa{u"Bairro", u"Bairro", Comparacao::Contem},   Pesquisa{u"Cidade", u"Cidade", Comparacao::Contem},
+    Pesquisa{u"Estado", u"Estado", Comparacao::Contem},   Pesquisa{u"CEP", u"CEP", Comparacao::Contem},
+    Pesquisa{u"Fone1", u"Fone1", Comparacao::Contem},     Pesquisa{u"Fone2", u"Fone2", Comparacao::Contem},
+    Pesquisa{u"Celular", u"Celular", Comparacao::Contem},
+};
+
+/// The rows of several tables as one.
+template<class T, std::size_t... N>
+constexpr auto junta(const std::array<T, N> &...partes)
+{
+    std::array<T, (N + ...)> todas{};
+    auto lugar = todas.begin();
+    ((lugar = std::copy(partes.begin(), partes.end(), lugar)), ...);
+    return todas;
+}
+
+} // namespace registers
