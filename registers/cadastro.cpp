@@ -212,7 +212,6 @@ void Cadastro::abre()
     const Abertura *abertura = linhaDe(registro_.aberturas, ModoChamada);
     setWindowTitle(captionOf((abertura != nullptr ? abertura->titulo : registro_.titulo).toString()));
     if (abertura != nullptr) {
-        SelecionaTexto(controle(abertura->foco));
         controle(abertura->foco)->setFocus(); // it is taken when the window shows
     }
 }

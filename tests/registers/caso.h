@@ -78,6 +78,52 @@ protected:
         support::click(form_, button);
     }
 
+    // What holds in every register, each showing it on records of its own.
+
+    Rows stored(const QString &table) const { return program_->rows(QStringLiteral("SELECT * FROM ") + table); }
+
+    /// A deletion that is answered with No.
+    void compareKeptOnNo(const QString &table) const
+    {
+        const Rows before = stored(table);
+        boxes_->question(askDelete, false);
+        support::click(form_, QStringLiteral("btnExcluir"));
+        boxes_->finish();
+        QCOMPARE(stored(table), before);
+    }
+
+    /// A deletion with no record shown.
+    void compareDeletionRefused(const QString &table) const
+    {
+        const Rows before = stored(table);
+        boxes_->exclamation(QStringLiteral("Código Inválido"));
+        support::click(form_, QStringLiteral("btnExcluir"));
+        boxes_->finish();
+        QCOMPARE(focusOf(form_), QStringLiteral("Lista"));
+        QCOMPARE(stored(table), before);
+    }
+
+    /// "Localizar" with a text that no row begins with shows the selected row again, over what was typed meanwhile.
+    void compareSelectedRowLocated(int row, const QString &typedField, const QString &sought,
+                                   const Fields &record) const
+    {
+        clickRow(form_, row);
+        support::type(form_, typedField, QStringLiteral("OUTRO"));
+        locate(sought);
+        QCOMPARE(list(form_)->selectedRow(), row);
+        QCOMPARE(cadastro::shown(form_, record), record);
+    }
+
+    /// "Localizar" without a text leaves the record as it stands.
+    void compareOnlyFocusMoved(int row, const QString &typedField) const
+    {
+        clickRow(form_, row);
+        support::type(form_, typedField, QStringLiteral("OUTRO"));
+        support::click(form_, QStringLiteral("btnLocalizar"));
+        QCOMPARE(focusOf(form_), QStringLiteral("Lista"));
+        QCOMPARE(shown(typedField), QStringLiteral("OUTRO"));
+    }
+
     std::unique_ptr<support::Program> program_;
     std::unique_ptr<support::Boxes> boxes_;
     ui::Form *form_ = nullptr;

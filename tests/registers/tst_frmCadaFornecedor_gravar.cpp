@@ -292,17 +292,12 @@ void TstFrmCadaFornecedorGravar::deletesTheSupplierShown()
 void TstFrmCadaFornecedorGravar::nothingIsDeletedOnNo()
 {
     load(u"0001"_s);
-    boxes_->question(askDelete, false);
-    click(form_, u"btnExcluir"_s);
-    QCOMPARE(suppliers().size(), 3U);
+    compareKeptOnNo(u"Fornecedores"_s);
 }
 
 void TstFrmCadaFornecedorGravar::deletingWithNothingLoadedIsRefused()
 {
-    boxes_->exclamation(u"Código Inválido"_s);
-    click(form_, u"btnExcluir"_s);
-    QCOMPARE(focusOf(form_), u"Lista"_s);
-    QCOMPARE(suppliers().size(), 3U);
+    compareDeletionRefused(u"Fornecedores"_s);
 }
 
 void TstFrmCadaFornecedorGravar::deletingTwiceAsksAgainAndSaysNothing()

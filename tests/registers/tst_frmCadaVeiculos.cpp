@@ -387,21 +387,13 @@ void TstFrmCadaVeiculos::locatingByNameFindsNothing()
 void TstFrmCadaVeiculos::locatingWithoutAMatchLoadsTheSelectedRow()
 {
     openFull();
-    cadastro::clickRow(form_, 2);
-    type(form_, u"txtObservacoes"_s, u"SOM"_s);
-    locate(u"MARIA"_s);
-    QCOMPARE(cadastro::list(form_)->selectedRow(), 2);
-    QCOMPARE(cadastro::shown(form_, gol), gol);
+    compareSelectedRowLocated(2, u"txtObservacoes"_s, u"MARIA"_s, gol);
 }
 
 void TstFrmCadaVeiculos::locatingWithoutATextMovesTheFocus()
 {
     openFull();
-    cadastro::clickRow(form_, 2);
-    type(form_, u"txtObservacoes"_s, u"SOM"_s);
-    click(form_, u"btnLocalizar"_s);
-    QCOMPARE(focusOf(form_), u"Lista"_s);
-    QCOMPARE(shown(u"txtObservacoes"_s), u"SOM"_s);
+    compareOnlyFocusMoved(2, u"txtObservacoes"_s);
 }
 
 void TstFrmCadaVeiculos::locatingInAnEmptyListDoesNothing()

@@ -296,18 +296,13 @@ void TstFrmCadaVeiculosGravar::deletesTheVehicleShown()
 void TstFrmCadaVeiculosGravar::nothingIsDeletedOnNo()
 {
     load(u"0001"_s);
-    boxes_->question(askDelete, false);
-    click(form_, u"btnExcluir"_s);
-    QCOMPARE(vehicles().size(), 3U);
+    compareKeptOnNo(u"Veiculos"_s);
 }
 
 void TstFrmCadaVeiculosGravar::deletingWithNothingLoadedIsRefused()
 {
     fillFox();
-    boxes_->exclamation(u"Código Inválido"_s);
-    click(form_, u"btnExcluir"_s);
-    QCOMPARE(focusOf(form_), u"Lista"_s);
-    QCOMPARE(vehicles().size(), 3U);
+    compareDeletionRefused(u"Veiculos"_s);
 }
 
 void TstFrmCadaVeiculosGravar::deletingTwiceAsksAgainAndSaysNothing()
