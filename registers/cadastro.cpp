@@ -457,7 +457,7 @@ void Cadastro::btnAlterar_Click()
         return;
     }
     linha->Edit();
-    GravaCampos(*linha, registro_, Gravacao::Alteracao, textosGravados());
+    GravaCampos(*linha, registro_.campos, Gravacao::Alteracao, textosGravados());
     linha->Update();
     linha->Close();
     btnTodos_Click();

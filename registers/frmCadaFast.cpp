@@ -3,6 +3,7 @@
 #include "ui_frmCadaFast.h"
 
 #include "registers/avisos.h"
+#include "registers/conversoes.h"
 #include "registers/estados.h"
 
 #include "core/banco.h"
@@ -31,55 +32,22 @@ constexpr qint16 procuraCliente = 38; ///< `ModoChamada` of the customer registe
 
 constexpr std::array<Devolucao, 1> tabelaDevolucoes{{{0, u"frmOSAbre", u"txtCodVeiculo"}}};
 
-/// A text of the screen and its column.
-struct Campo {
-    QLineEdit *Ui::frmCadaFast::*controle;
-    QStringView coluna;
+/// What a customer has here: a part of the register's fields, none of them demanded.
+constexpr std::array camposDoCliente{
+    Campo{u"txtNome", u"Nome", comoEsta, ouNulo},     Campo{u"txtEndereco", u"Endereco", comoEsta, ouNulo},
+    Campo{u"txtNumero", u"Numero", comoEsta, ouNulo}, Campo{u"txtComplemento", u"Complemento", comoEsta, ouNulo},
+    Campo{u"txtBairro", u"Bairro", comoEsta, ouNulo}, Campo{u"txtCidade", u"Cidade", comoEsta, ouNulo},
+    Campo{u"cboEstado", u"Estado", comoEsta, ouNulo}, Campo{u"txtCEP", u"CEP", comoEsta, ouNulo},
+    Campo{u"txtFone1", u"Fone1", comoEsta, ouNulo},   Campo{u"txtCelular", u"Celular", comoEsta, ouNulo},
 };
 
-using Janela = Ui::frmCadaFast;
-
-/// The columns of a customer around the state, which is a combo.
-constexpr std::array camposAntesDoEstado{
-    Campo{&Janela::txtNome, u"Nome"},     Campo{&Janela::txtEndereco, u"Endereco"},
-    Campo{&Janela::txtNumero, u"Numero"}, Campo{&Janela::txtComplemento, u"Complemento"},
-    Campo{&Janela::txtBairro, u"Bairro"}, Campo{&Janela::txtCidade, u"Cidade"},
-};
-constexpr std::array camposDepoisDoEstado{
-    Campo{&Janela::txtCEP, u"CEP"},
-    Campo{&Janela::txtFone1, u"Fone1"},
-    Campo{&Janela::txtCelular, u"Celular"},
-};
 constexpr std::array camposDoVeiculo{
-    Campo{&Janela::txtAno, u"Ano"},
-    Campo{&Janela::txtCor, u"Cor"},
-    Campo{&Janela::txtPlaca, u"Placas"},
-    Campo{&Janela::txtCombustivel, u"Combustivel"},
+    Campo{u"cboMarca", u"MarcaModelo", comoEsta, comoTexto},
+    Campo{u"txtAno", u"Ano", comoEsta, ouNulo},
+    Campo{u"txtCor", u"Cor", comoEsta, ouNulo},
+    Campo{u"txtPlaca", u"Placas", comoEsta, ouNulo},
+    Campo{u"txtCombustivel", u"Combustivel", comoEsta, ouNulo},
 };
-
-template<std::size_t N>
-void grava(dao::Recordset &linha, const Janela &janela, const std::array<Campo, N> &campos)
-{
-    for (const Campo &campo : campos) {
-        linha[campo.coluna] = ValorOuNulo((janela.*campo.controle)->text());
-    }
-}
-
-template<std::size_t N>
-void mostra(const dao::Recordset &linha, const Janela &janela, const std::array<Campo, N> &campos)
-{
-    for (const Campo &campo : campos) {
-        (janela.*campo.controle)->setText(NuloParaVazio(linha.value(campo.coluna)));
-    }
-}
-
-template<std::size_t N>
-void limpa(const Janela &janela, const std::array<Campo, N> &campos)
-{
-    for (const Campo &campo : campos) {
-        (janela.*campo.controle)->clear();
-    }
-}
 
 } // namespace
 
@@ -153,16 +121,27 @@ void frmCadaFast::txtCodCliente_LostFocus()
 
 void frmCadaFast::mostraCliente(const dao::Recordset &cliente)
 {
-    mostra(cliente, *ui_, camposAntesDoEstado);
-    ui_->cboEstado->setEditText(NuloParaVazio(cliente.value(u"Estado")));
-    mostra(cliente, *ui_, camposDepoisDoEstado);
+    for (const Campo &campo : camposDoCliente) {
+        ui::setTextOf(controle(campo.controle), campo.mostra(cliente, cliente.fieldPlace(campo.coluna)));
+    }
 }
 
 void frmCadaFast::limpaCliente()
 {
-    limpa(*ui_, camposAntesDoEstado);
+    for (const Campo &campo : camposDoCliente) {
+        ui::setTextOf(controle(campo.controle), {});
+    }
     ui_->cboEstado->setEditText(u"SP"_s);
-    limpa(*ui_, camposDepoisDoEstado);
+}
+
+QWidget *frmCadaFast::controle(QStringView nome) const
+{
+    return findChild<QWidget *>(nome.toString());
+}
+
+TextoDoControle frmCadaFast::textos() const
+{
+    return [this](QStringView nome) { return ui::textOf(controle(nome)); };
 }
 
 void frmCadaFast::txtNome_LostFocus()
@@ -244,9 +223,7 @@ qint32 frmCadaFast::incluiCliente() const
 {
     return AcrescentaLinha(u"Clientes"_s, [this](dao::Recordset &cliente) {
         cliente[u"DataCadastro"] = Format(Today(), mascaraData);
-        grava(cliente, *ui_, camposAntesDoEstado);
-        cliente[u"Estado"] = ValorOuNulo(ui_->cboEstado->currentText());
-        grava(cliente, *ui_, camposDepoisDoEstado);
+        GravaCampos(cliente, camposDoCliente, Gravacao::Inclusao, textos());
     });
 }
 
@@ -254,8 +231,7 @@ qint32 frmCadaFast::incluiVeiculo(const Value &codCliente) const
 {
     return AcrescentaLinha(u"Veiculos"_s, [&](dao::Recordset &veiculo) {
         veiculo[u"CodCliente"] = codCliente;
-        veiculo[u"MarcaModelo"] = ui_->cboMarca->currentText();
-        grava(veiculo, *ui_, camposDoVeiculo);
+        GravaCampos(veiculo, camposDoVeiculo, Gravacao::Inclusao, textos());
     });
 }
 

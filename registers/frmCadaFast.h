@@ -4,6 +4,7 @@
 
 #include "core/devolucao.h"
 #include "platform/runtime/value.h"
+#include "registers/registro.h"
 
 #include <memory>
 #include <span>
@@ -52,6 +53,8 @@ private:
     void btnVoltar_Click();
 
     void ligaEventos();
+    QWidget *controle(QStringView nome) const;
+    TextoDoControle textos() const;
     void mostraCliente(const dao::Recordset &cliente);
     void limpaCliente();
     bool confere();

@@ -6,9 +6,9 @@
 namespace registers
 {
 
-void GravaCampos(dao::Recordset &linha, const Registro &registro, Gravacao gravacao, const TextoDoControle &texto)
+void GravaCampos(dao::Recordset &linha, std::span<const Campo> campos, Gravacao gravacao, const TextoDoControle &texto)
 {
-    for (const Campo &campo : registro.campos) {
+    for (const Campo &campo : campos) {
         if (campo.grava == nullptr) {
             continue;
         }
@@ -21,7 +21,7 @@ void GravaCampos(dao::Recordset &linha, const Registro &registro, Gravacao grava
 qint32 IncluiRegistro(const Registro &registro, const TextoDoControle &texto)
 {
     return core::AcrescentaLinha(registro.tabela.toString(), [&](dao::Recordset &linha) {
-        GravaCampos(linha, registro, Gravacao::Inclusao, texto);
+        GravaCampos(linha, registro.campos, Gravacao::Inclusao, texto);
     });
 }
 

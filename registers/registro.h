@@ -125,7 +125,7 @@ using TextoDoControle = std::function<QString(QStringView controle)>;
 qint32 IncluiRegistro(const Registro &registro, const TextoDoControle &texto);
 
 /// Writes the fields into the row being added or edited.
-void GravaCampos(dao::Recordset &linha, const Registro &registro, Gravacao gravacao, const TextoDoControle &texto);
+void GravaCampos(dao::Recordset &linha, std::span<const Campo> campos, Gravacao gravacao, const TextoDoControle &texto);
 
 const Registro &registroClientes();
 const Registro &registroVeiculos();
