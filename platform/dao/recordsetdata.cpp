@@ -89,6 +89,10 @@ void RecordsetData::endScan()
     drained_ = true;
     plan_->scan.giveBack(std::exchange(scan_, {}));
     keys_.insert(keys_.end(), added_.begin(), added_.end());
+    if (place_ == Place::Last) {
+        place_ = Place::Row;
+        row_ = rows() - 1 - (added_.size() - addedMet_);
+    }
 }
 
 /// Meets all remaining rows. Near the beginning it is quicker to read the row numbers alone, afresh.
@@ -227,7 +231,7 @@ void RecordsetData::moveNext()
         runtime::raise(3021);
     }
     if (place_ == Place::Last) {
-        goBehind();
+        addedMet_ < added_.size() ? goToAdded(addedMet_) : goBehind();
         return;
     }
     size_t next = place_ == Place::Before ? 0 : row_ + 1;
@@ -253,7 +257,6 @@ void RecordsetData::movePrevious()
     }
     if (place_ == Place::Last) {
         drain();
-        row_ = rows() - 1;
     }
     goBackFrom(row_);
 }
@@ -275,21 +278,32 @@ bool RecordsetData::lookUpLast()
 {
     current_ = nullptr;
     if (!added_.empty()) {
-        lastRow_ = added_.back();
-    } else if (plan_->last.sql().isEmpty()) {
+        goToAdded(added_.size() - 1);
+        return true;
+    }
+    if (plan_->last.sql().isEmpty()) {
         return false;
-    } else {
-        last_ = plan_->last.take(connection_->handle());
-        bindLiterals(last_, *plan_, literals_);
-        last_.bind(static_cast<int>(literals_.size()) + 1, newest_[0]);
-        if (!last_.step()) {
-            return false;
-        }
-        lastRow_ = last_.integer(0);
-        current_ = &last_;
+    }
+    last_ = plan_->last.take(connection_->handle());
+    bindLiterals(last_, *plan_, literals_);
+    last_.bind(static_cast<int>(literals_.size()) + 1, newest_[0]);
+    if (!last_.step()) {
+        return false;
     }
     place_ = Place::Last;
+    lastRow_ = last_.integer(0);
+    addedMet_ = 0;
+    current_ = &last_;
     return true;
+}
+
+/// Stands on a row that this set added, while the ones before it are not met.
+void RecordsetData::goToAdded(size_t added)
+{
+    place_ = Place::Last;
+    lastRow_ = added_[added];
+    addedMet_ = added + 1;
+    current_ = nullptr;
 }
 
 /// Brings the current row under a statement. Error 3167 where it is deleted.
@@ -520,10 +534,6 @@ void RecordsetData::settle()
     drain();
     dropCurrent();
     hold_ = {};
-    if (place_ == Place::Last) {
-        place_ = Place::Row;
-        row_ = rows() - 1;
-    }
 }
 
 void RecordsetData::rowAdded(const QString &table, qint64 row)

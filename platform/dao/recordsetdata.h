@@ -46,7 +46,9 @@ public:
     void disconnect() override;
 
 private:
-    enum class Place { Before, Row, Last, After }; ///< Last: on the last row, whose index is not known yet
+    /// Last: on the last row of the statement or on one added behind it, while the rows before it are not met and its
+    /// index is not known.
+    enum class Place { Before, Row, Last, After };
     enum class Mode { Reading, Adding, Editing };
 
     void requireOpen() const;
@@ -67,6 +69,7 @@ private:
     void release();
     void dropCurrent();
     bool lookUpLast();
+    void goToAdded(size_t added);
     void load();
     qint64 rowNumber() const;
     runtime::Value stored(int column);
@@ -93,7 +96,8 @@ private:
     bool drained_ = false;
     Place place_ = Place::Row;
     size_t row_ = 0;
-    qint64 lastRow_ = 0; ///< the row number of the row that stands at Place::Last
+    qint64 lastRow_ = 0;  ///< the row number of the row at Place::Last
+    size_t addedMet_ = 0; ///< how many of the added rows stand up to Place::Last, its own row among them
     Mode mode_ = Mode::Reading;
     std::shared_ptr<TableWriter> writer_;
     int writerAge_ = 0;

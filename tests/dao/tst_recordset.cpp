@@ -5,6 +5,8 @@
 
 #include <QTest>
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 using golden::errorOf;
 using golden::shown;
@@ -38,6 +40,12 @@ private slots:
     void writingNeedsAddNewOrEdit();
     void theCounterIsKnownBeforeTheRowIsWritten();
     void theCurrentRowStaysCurrentAfterAdding();
+    void theLastRowStaysCurrentAfterAdding_data() { sources(); }
+    void theLastRowStaysCurrentAfterAdding();
+    void theLastRowStaysCurrentAfterAnAbandonedAddNew_data() { sources(); }
+    void theLastRowStaysCurrentAfterAnAbandonedAddNew();
+    void rowsAddedAtTheLastRowAreWalkedBothWays_data() { sources(); }
+    void rowsAddedAtTheLastRowAreWalkedBothWays();
     void newRowsStandAtTheEndOfTheSet();
     void rowsAddedElsewhereAreNotMet();
     void aMoveGivesUpTheRowBeingWritten();
@@ -64,6 +72,8 @@ private slots:
     void aMovedSetIsNoObject();
 
 private:
+    static void sources();
+    dao::Recordset openAtLast();
     void createList(int rows);
 
     dao::Database &database() { return golden_->database(); }
@@ -234,6 +244,106 @@ void tst_recordset::theCurrentRowStaysCurrentAfterAdding()
     QCOMPARE(set.value(0), Value(qint32{2}));
     set.MoveNext();
     QCOMPARE(set.value(0), Value(qint32{3}));
+}
+
+/// Every way in which a set finds its last row: looked up, met by sorting, met by walking.
+void tst_recordset::sources()
+{
+    QTest::addColumn<QString>("source");
+    QTest::addColumn<bool>("walked");
+    QTest::addColumn<QString>("code");
+    const std::array<std::array<QString, 3>, 6> statements{
+        {{u"unsorted"_s, u"SELECT * FROM Caixa"_s, u"5"_s},
+         {u"by an index"_s, u"SELECT * FROM Caixa ORDER BY Codigo"_s, u"5"_s},
+         {u"backwards by an index"_s, u"SELECT * FROM Caixa ORDER BY Codigo DESC"_s, u"1"_s},
+         {u"sorted"_s, u"SELECT * FROM Caixa ORDER BY Descricao, Saldo"_s, u"1"_s},
+         {u"with a condition"_s, u"SELECT * FROM Caixa WHERE Codigo < 4"_s, u"3"_s},
+         {u"top rows"_s, u"SELECT TOP 2 * FROM Caixa ORDER BY Codigo"_s, u"2"_s}}};
+    for (const auto &[name, source, code] : statements) {
+        QTest::newRow(qPrintable(name)) << source << false << code;
+        QTest::newRow(qPrintable(name + u", walked"_s)) << source << true << code;
+    }
+}
+
+/// A set of the present data row that stands on its last row.
+dao::Recordset tst_recordset::openAtLast()
+{
+    QFETCH(const QString, source);
+    QFETCH(const bool, walked);
+    auto set = open(source);
+    while (walked && !set.Eof()) {
+        set.MoveNext();
+    }
+    set.MoveLast();
+    return set;
+}
+
+void add(dao::Recordset &set, const QString &text)
+{
+    set.AddNew();
+    set[u"Descricao"] = text;
+    set.Update();
+}
+
+void edit(dao::Recordset &set, const QString &text)
+{
+    set.Edit();
+    set[u"Descricao"] = text;
+    set.Update();
+}
+
+void tst_recordset::theLastRowStaysCurrentAfterAdding()
+{
+    QFETCH(const QString, code);
+    auto set = openAtLast();
+    QCOMPARE(shown(set.value(0)), code);
+    add(set, u"NOVA"_s);
+    QCOMPARE(shown(set.value(0)), code);
+    edit(set, u"MUDADA"_s);
+    QCOMPARE(rows(u"SELECT Codigo FROM Caixa WHERE Descricao = 'MUDADA'"_s), QStringList{code});
+    QCOMPARE(rows(u"SELECT Codigo FROM Caixa WHERE Descricao = 'NOVA'"_s), QStringList{u"6"_s});
+    set.Delete();
+    QCOMPARE(rows(u"SELECT Codigo FROM Caixa WHERE Descricao = 'MUDADA'"_s), QStringList());
+    QCOMPARE(rows(u"SELECT Count(*), Max(Codigo) FROM Caixa"_s), QStringList{u"5 | 6"_s});
+    set.MoveNext();
+    QCOMPARE(shown(set.value(0)), u"6"_s);
+}
+
+void tst_recordset::theLastRowStaysCurrentAfterAnAbandonedAddNew()
+{
+    QFETCH(const QString, code);
+    auto set = openAtLast();
+    set.AddNew();
+    set[u"Descricao"] = u"NOVA"_s;
+    set.CancelUpdate();
+    QCOMPARE(shown(set.value(0)), code);
+    set.AddNew();
+    set[u"Descricao"] = u"NOVA"_s;
+    edit(set, u"MUDADA"_s);
+    QCOMPARE(shown(set.value(0)), code);
+    QCOMPARE(rows(u"SELECT Codigo FROM Caixa WHERE Descricao = 'MUDADA' OR Descricao = 'NOVA'"_s), QStringList{code});
+    set.MoveNext();
+    QVERIFY(set.Eof());
+}
+
+void tst_recordset::rowsAddedAtTheLastRowAreWalkedBothWays()
+{
+    QFETCH(const QString, code);
+    auto set = openAtLast();
+    add(set, u"A"_s);
+    add(set, u"B"_s);
+    QCOMPARE(walk(set), (QStringList{code, u"6"_s, u"7"_s}));
+    add(set, u"C"_s);
+    QVERIFY(set.Eof());
+    QStringList back;
+    for (const int steps = 4; back.size() < steps;) {
+        set.MovePrevious();
+        back.append(shown(set.value(0)));
+    }
+    QCOMPARE(back, (QStringList{u"8"_s, u"7"_s, u"6"_s, code}));
+    set.MoveLast();
+    edit(set, u"ULTIMA"_s);
+    QCOMPARE(rows(u"SELECT Codigo FROM Caixa WHERE Descricao = 'ULTIMA'"_s), QStringList{u"8"_s});
 }
 
 void tst_recordset::newRowsStandAtTheEndOfTheSet()
