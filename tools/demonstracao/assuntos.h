@@ -19,6 +19,6 @@ Assunto escolhas();                     ///< records picked and added on the way
 Assunto estoque();                      ///< the stock ledger
 Assunto reabertura();                   ///< the program ended and started again
 Assunto oficina(const QString &folder); ///< a workshop of 300 customers
-Assunto telas(const QString &folder);   ///< pictures of the registers of that workshop
+Assunto telas(const QString &folder);   ///< pictures of all windows over that workshop
 
 } // namespace demonstracao

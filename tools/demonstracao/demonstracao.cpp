@@ -2,8 +2,9 @@
 //
 // A new installation first: the first operator, the registers, orders and each way of paying them, records picked on
 // the way, the stock ledger. Then a workshop of some hundred customers. Each step prints a line; pictures of the
-// windows and the printed PDFs land in RESULTS. The pictures of the workshop's registers are taken twice, the second
-// time at twice the scale: that is a process of its own, demonstracao --telas FOLDER RESULTS.
+// windows and the printed PDFs land in RESULTS. The pictures of the workshop's windows are taken once for every
+// surrounding that users have (a low screen, twice the scale, a larger font, a dark desktop), each in a process of its
+// own: demonstracao --telas FOLDER RESULTS SURROUNDING.
 #include "platform/printer/printer.h"
 #include "platform/ui/application.h"
 #include "platform/ui/wait.h"
@@ -11,9 +12,11 @@
 #include "reports/reports.h"
 #include "shell/shell.h"
 #include "stock/stock.h"
+#include "tests/support/palette.h"
 #include "tests/support/testmain.h"
 #include "tools/demonstracao/apoio.h"
 #include "tools/demonstracao/assuntos.h"
+#include "tools/demonstracao/programa.h"
 #include "workorders/workorders.h"
 
 #include <QProcess>
@@ -21,6 +24,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <vector>
 
@@ -30,6 +34,24 @@ namespace
 {
 
 const QString onlyPictures = u"--telas"_s;
+
+/// What a user's desktop is like. The name ends the names of its pictures.
+struct Surrounding {
+    QStringView name;
+    QSize screen;
+    int scale = 1;
+    int points = 10;
+    bool dark = false;
+};
+
+constexpr std::array<Surrounding, 6> surroundings{{
+    {u"", QSize(1024, 768)},
+    {u"_600", QSize(1024, 600)},
+    {u"_2x", QSize(1024, 768), 2},
+    {u"_11pt", QSize(1024, 768), 1, 11},
+    {u"_11pt_600", QSize(1024, 600), 1, 11},
+    {u"_escuro", QSize(1024, 768), 1, 10, true},
+}};
 
 void registerForms()
 {
@@ -72,27 +94,34 @@ bool workAll(const QString &installation, const QString &workshop)
     subjects.push_back(demonstracao::estoque());
     subjects.push_back(demonstracao::reabertura());
     subjects.push_back(demonstracao::oficina(workshop));
-    subjects.push_back(demonstracao::telas(workshop));
     return work(subjects);
 }
 
-bool workPictures(const QString &workshop)
+bool workPictures(const QString &workshop, const Surrounding &surrounding)
 {
+    auto font = QApplication::font();
+    font.setPointSize(surrounding.points);
+    QApplication::setFont(font);
+    if (surrounding.dark) {
+        QApplication::setPalette(support::darkPalette());
+    }
+    demonstracao::setScreen(surrounding.screen);
     std::vector<demonstracao::Assunto> subjects;
     subjects.push_back(demonstracao::telas(workshop));
     return work(subjects);
 }
 
 /// The scale is fixed when a process starts.
-bool atTwiceTheScale(const QString &workshop, const QString &results)
+bool inProcess(const QString &workshop, const QString &results, const Surrounding &surrounding)
 {
-    auto surroundings = QProcessEnvironment::systemEnvironment();
-    surroundings.insert(u"QT_SCALE_FACTOR"_s, u"2"_s);
-    QProcess second;
-    second.setProcessEnvironment(surroundings);
-    second.setProcessChannelMode(QProcess::ForwardedChannels);
-    second.start(QCoreApplication::applicationFilePath(), {onlyPictures, workshop, results});
-    return second.waitForFinished() && second.exitStatus() == QProcess::NormalExit && second.exitCode() == 0;
+    auto variables = QProcessEnvironment::systemEnvironment();
+    variables.insert(u"QT_SCALE_FACTOR"_s, QString::number(surrounding.scale));
+    QProcess process;
+    process.setProcessEnvironment(variables);
+    process.setProcessChannelMode(QProcess::ForwardedChannels);
+    process.start(QCoreApplication::applicationFilePath(),
+                  {onlyPictures, workshop, results, surrounding.name.toString()});
+    return process.waitForFinished() && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
 }
 
 bool demonstrate(const QString &results)
@@ -100,7 +129,17 @@ bool demonstrate(const QString &results)
     const QTemporaryDir installation;
     const QTemporaryDir workshop;
     return prepare(results, {}) && installation.isValid() && workshop.isValid() &&
-           workAll(installation.path(), workshop.path()) && atTwiceTheScale(workshop.path(), results);
+           workAll(installation.path(), workshop.path()) &&
+           std::ranges::all_of(surroundings, [&](const Surrounding &surrounding) {
+               return inProcess(workshop.path(), results, surrounding);
+           });
+}
+
+bool pictures(const QStringList &arguments)
+{
+    const auto surrounding = std::ranges::find(surroundings, arguments[4], &Surrounding::name);
+    return surrounding != surroundings.end() && prepare(arguments[3], arguments[4]) &&
+           workPictures(arguments[2], *surrounding);
 }
 
 int ended(bool good)
@@ -117,8 +156,8 @@ int main(int argc, char **argv)
     ui::Application application(argc, argv);
     support::prepareApplication();
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.value(1) == onlyPictures && arguments.size() == 4) {
-        return prepare(arguments[3], u"_2x"_s) && workPictures(arguments[2]) ? 0 : 1;
+    if (arguments.value(1) == onlyPictures && arguments.size() == 5) {
+        return pictures(arguments) ? 0 : 1;
     }
     return ended(demonstrate(arguments.value(1, u"demonstracao"_s)));
 }

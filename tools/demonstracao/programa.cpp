@@ -20,7 +20,11 @@ namespace demonstracao
 namespace
 {
 
-constexpr QSize smallScreen(1024, 768);
+QSize &screen()
+{
+    static QSize size(1024, 768);
+    return size;
+}
 
 void copy(const QString &source, const QString &target)
 {
@@ -55,6 +59,11 @@ void useFolder(const QString &folder)
     core::App::setPath(folder);
 }
 
+void setScreen(QSize size)
+{
+    screen() = size;
+}
+
 void start(const Operador &who, const std::function<void()> &before)
 {
     support::whenShown(u"frmSenha"_s, [&] {
@@ -66,7 +75,7 @@ void start(const Operador &who, const std::function<void()> &before)
     shell::comeca();
     QTRY_VERIFY(mainWindow() && mainWindow()->isVisible());
     support::failNotShown();
-    mainWindow()->resize(smallScreen);
+    mainWindow()->resize(screen());
     QVERIFY(QTest::qWaitForWindowActive(mainWindow()));
 }
 

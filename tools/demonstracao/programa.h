@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSize>
 #include <QString>
 
 #include <functional>
@@ -14,14 +15,17 @@ void install(const QString &folder);
 /// Goes on with the program folder that an earlier run has left.
 void useFolder(const QString &folder);
 
+/// The size that the main window gets from here on, 1024x768 unless told.
+void setScreen(QSize size);
+
 struct Operador {
     QString code;
     QString name;
     QString password;
 };
 
-/// Starts the program and logs in; the main window then has the size of a small screen. `before` runs in front of the
-/// login, with its window open.
+/// Starts the program and logs in; the main window then has the size of the screen told above. `before` runs in front
+/// of the login, with its window open.
 void start(const Operador &who, const std::function<void()> &before = {});
 
 void stop();

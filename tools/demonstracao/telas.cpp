@@ -1,15 +1,18 @@
+#include "core/config.h"
 #include "core/modulo.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/form.h"
+#include "tests/support/modal.h"
 #include "tests/support/program.h"
 #include "tools/demonstracao/apoio.h"
 #include "tools/demonstracao/assuntos.h"
+#include "tools/demonstracao/pagamento.h"
 #include "tools/demonstracao/programa.h"
+#include "workorders/abertura.h"
 
+#include <QTabWidget>
 #include <QTest>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using support::click;
@@ -27,17 +30,28 @@ struct Tela {
     QString window;
 };
 
-/// The row of those at the top that leaves the fewest cells empty.
-int fullestRow(ui::Form *window)
-{
-    constexpr int inSight = 15;
-    const auto rows = cadastro::rowsOf(window);
-    const auto end = rows.begin() + std::min<qsizetype>(inSight, qsizetype(rows.size()));
-    const auto fullest = std::max_element(rows.begin(), end, [](const QStringList &left, const QStringList &right) {
-        return left.count(QString()) > right.count(QString());
-    });
-    return int(fullest - rows.begin());
-}
+/// The first record of every register, with texts as long as a clerk types them.
+const QStringList longTexts = {
+    u"UPDATE Clientes SET Nome = 'MARIA APARECIDA DE OLIVEIRA CAVALCANTI ALBUQUERQUE E SILVA', "
+    "Endereco = 'AVENIDA PREFEITO EURICO PEREIRA DOS SANTOS', Numero = 12850, Complemento = 'BLOCO B APARTAMENTO "
+    "1204', "
+    "Bairro = 'JARDIM NOSSA SENHORA DAS GRAÇAS', Cidade = 'SÃO JOSÉ DO RIO PRETO', Estado = 'SP', CEP = '15080-130', "
+    "Fone1 = '(17) 3232-8888', Fone2 = '(17) 3434-8888', Celular = '(17)98888-8888', RG = '28.888.888-8', "
+    "CPF = '888.888.888-88', DataNascimento = #12/28/1968#, LimiteCredito = 12888.88, "
+    "Email = 'maria.aparecida.albuquerque@transportadora.com.br', PontoReferencia = 'EM FRENTE AO MERCADO MUNICIPAL', "
+    "Observacoes = 'CLIENTE DESDE 1998, PREFERE SER AVISADA POR TELEFONE DEPOIS DAS 18 HORAS' WHERE Codigo = 1"_s,
+    u"UPDATE Veiculos SET CodCliente = 1, MarcaModelo = 'VOLKSWAGEN SPACEFOX HIGHLINE 1.6 TOTAL FLEX I-MOTION', "
+    "Ano = '2018/2018', Cor = 'CINZA QUARTZO METÁLICO', Placas = 'MWO-8888', Combustivel = 'ÁLCOOL E GASOLINA', "
+    "Chassi = '9BWPB45Z8E4088888', Observacoes = 'RODA TRASEIRA ESQUERDA TROCADA EM 2020' WHERE Codigo = 1"_s,
+    u"UPDATE Pecas SET Nome = 'KIT EMBREAGEM COMPLETO COM ROLAMENTO E ATUADOR', MarcaModelo = 'SPACEFOX HIGHLINE 1.6', "
+    "ValorCusto = 10888.88, ValorVenda = 12888.88, CodExterno = '7898888888888-A', EstoqueMinimo = 1288, "
+    "ClassFiscal = '8708.93.00-88' WHERE Codigo = 1"_s,
+    u"UPDATE Fornecedores SET Nome = 'DISTRIBUIDORA NACIONAL DE AUTOPEÇAS E ACESSÓRIOS LTDA', "
+    "Contato = 'LUIZ HENRIQUE DE VASCONCELOS', Endereco = 'RODOVIA WASHINGTON LUÍS KM 438', Numero = 28888, "
+    "Bairro = 'DISTRITO INDUSTRIAL WALDEMAR VERDI', Cidade = 'SÃO JOSÉ DO RIO PRETO', Estado = 'SP', "
+    "CEP = '15080-130', Fone1 = '(17) 3232-8888', Fone2 = '(17) 3434-8888', Celular = '(17)98888-8888', "
+    "CNPJ = '88888888888888', Email = 'vendas.balcao@distribuidoranacional.com.br' WHERE Codigo = 1"_s,
+};
 
 class Telas : public QObject
 {
@@ -50,17 +64,63 @@ private slots:
     void entra();
     void cadastros();
     void estoque();
+    void abertura();
+    void cadastroRapido();
+    void consulta();
+    void pagamento();
+    void preVisualizacao();
+    void sobre();
+    void operadores();
 
 private:
     static QString movedPart();
+    static void show(ui::Form *window, const Fields &fields);
+    static void newOrder();
+    static ui::Form *newestOrder(qint16 mode);
+    static void payments();
 
     QString folder_;
+    static inline QString order_;
 };
+
+/// Puts texts into controls as the window itself does.
+void Telas::show(ui::Form *window, const Fields &fields)
+{
+    for (const auto &[name, text] : fields) {
+        ui::setTextOf(support::controlOf(window, name), text);
+    }
+}
+
+/// An open order of the longest customer.
+void Telas::newOrder()
+{
+    const QString dear = u"123.456,78"_s;
+    workorders::NovaOrdem order{
+        .codCliente = u"1"_s,
+        .codVeiculo = u"1"_s,
+        .km = u"188.888 KM"_s,
+        .observacao = u"BARULHO NA RODA DIANTEIRA AO PASSAR EM LOMBADA, FREIO PUXA PARA A DIREITA"_s,
+        .valor = u"1.234.567,89"_s,
+        .servicos = u"TROCA DO KIT DE EMBREAGEM\nALINHAMENTO E BALANCEAMENTO\nREVISÃO DOS FREIOS"_s,
+        .mecanico = u"FRANCISCO DAS CHAGAS DE SOUZA"_s,
+        .itens = {}};
+    for (const auto *kind : {u"P", u"S", u"T", u"K"}) {
+        const auto type = QString::fromUtf16(kind);
+        order.itens.push_back({u"1"_s, type, u"1288"_s, u"KIT EMBREAGEM COMPLETO COM ROLAMENTO"_s, dear, {}});
+        order.itens.push_back({u"0"_s, type, u"0,5"_s, u"BELA VISTA"_s, u"8,88"_s, {}});
+    }
+    order_ = runtime::Format(workorders::AbreOrdem(order), u"0000");
+}
 
 void Telas::entra()
 {
     useFolder(folder_);
-    start(operadorDaOficina());
+    start(operadorDaOficina(), [] { picture(u"frmSplash"_s, form(u"frmSplash"_s)); });
+    for (const auto &statement : longTexts) {
+        core::DBDados->Execute(statement);
+    }
+    newOrder();
+    picture(u"frmMDI"_s);
 }
 
 void Telas::cadastros()
@@ -71,7 +131,11 @@ void Telas::cadastros()
                                {u"itmCadaFornecedores"_s, u"frmCadaFornecedor"_s}};
     for (const Tela &tela : telas) {
         auto *window = choose(tela.item, tela.window);
-        cadastro::clickRow(window, fullestRow(window));
+        picture(tela.window + u"_vazio"_s);
+        click(window, u"btnTodos"_s);
+        const int row = int(cadastro::columnOf(window, 0).indexOf(u"0001"_s));
+        cadastro::list(window)->ensureVisible(row);
+        cadastro::clickRow(window, row);
         QVERIFY(!support::text(window, u"lblCodigo"_s).isEmpty());
         picture(tela.window);
         close(window);
@@ -95,9 +159,146 @@ void Telas::estoque()
     click(window, u"btnPreenche"_s);
     QVERIFY(cadastro::list(window)->count() > 1);
     cadastro::clickRow(window, 1);
+    cadastro::fill(window, {{u"txtData"_s, u"28/12/2024"_s},
+                            {u"txtDescricao"_s, u"contagem do balcão e do depósito"_s},
+                            {u"txtValor"_s, u"1288,88"_s}});
     picture(u"frmMoviEstoque"_s);
-    done(u"imagens das janelas da oficina de amostra, em escala %1"_s.arg(qApp->devicePixelRatio()));
+    close(window);
+}
+
+void Telas::abertura()
+{
+    for (const QString &layout : {u"1"_s, u"3"_s}) {
+        core::GravaINI(u"Config"_s, u"LayoutOS"_s, layout, true);
+        auto *window = choose(u"itmOSAbrir"_s, u"frmOSAbre"_s);
+        picture(u"frmOSAbre_vazio_"_s + layout);
+        cadastro::fill(window, {{u"txtCodVeiculo"_s, u"1"_s},
+                                {u"txtKm"_s, u"188.888 km"_s},
+                                {u"txtObs"_s, u"barulho na roda dianteira ao passar em lombada, freio puxa"_s},
+                                {u"txtMecanico"_s, u"francisco das chagas de souza"_s}});
+        addItem(u"1288"_s, u"kit embreagem completo com rolamento"_s, u"958,50"_s);
+        addItem(u"0,5"_s, u"bela vista"_s, u"24"_s);
+        cadastro::fill(window, {{u"txtCodPeca"_s, u"1"_s}, {u"txtQuantidade"_s, u"1.288,888"_s}});
+        picture(u"frmOSAbre_"_s + layout);
+        close(window);
+    }
+}
+
+void Telas::cadastroRapido()
+{
+    auto *window = ui::Forms::instance().Show(u"frmCadaFast"_s);
+    show(window, {{u"txtCodCliente"_s, u"0001"_s},
+                  {u"txtNome"_s, u"MARIA APARECIDA DE OLIVEIRA CAVALCANTI ALBUQUERQUE E SILVA"_s},
+                  {u"txtEndereco"_s, u"AVENIDA PREFEITO EURICO PEREIRA DOS SANTOS"_s},
+                  {u"txtNumero"_s, u"12850"_s},
+                  {u"txtComplemento"_s, u"BLOCO B APARTAMENTO 1204"_s},
+                  {u"txtBairro"_s, u"JARDIM NOSSA SENHORA DAS GRAÇAS"_s},
+                  {u"txtCidade"_s, u"SÃO JOSÉ DO RIO PRETO"_s},
+                  {u"txtCEP"_s, u"15080-130"_s},
+                  {u"txtFone1"_s, u"(17) 3232-8888"_s},
+                  {u"txtCelular"_s, u"(17)98888-8888"_s},
+                  {u"cboMarca"_s, u"VOLKSWAGEN SPACEFOX HIGHLINE 1.6"_s},
+                  {u"txtAno"_s, u"2018/2018"_s},
+                  {u"txtCor"_s, u"CINZA QUARTZO METÁLICO"_s},
+                  {u"txtPlaca"_s, u"MWO-8888"_s},
+                  {u"txtCombustivel"_s, u"ÁLCOOL E GASOLINA"_s}});
+    picture(u"frmCadaFast"_s, window);
+    close(window);
+}
+
+/// The query on the order with the long texts.
+ui::Form *Telas::newestOrder(qint16 mode)
+{
+    core::ModoChamada = mode;
+    core::CodigoConsulta = order_.toInt();
+    auto *window = ui::Forms::instance().Show(u"frmOSConsulta"_s);
+    if (support::text(window, u"lblCodigo"_s).isEmpty()) {
+        showOrder(order_);
+    }
+    return window;
+}
+
+void Telas::consulta()
+{
+    for (const qint16 mode : {qint16(0), qint16(9), qint16(10)}) {
+        core::ModoChamada = mode;
+        auto *empty = ui::Forms::instance().Show(u"frmOSConsulta"_s);
+        picture(u"frmOSConsulta_vazio_%1"_s.arg(mode));
+        close(empty);
+        auto *window = newestOrder(mode);
+        show(window, {{u"lblDataOut"_s, u"28/12/2024 18:48:58"_s},
+                      {u"lblDataPg"_s, u"28/12/2024"_s},
+                      {u"lblFormaPg"_s, u"PAGAMENTO PERSONALIZADO"_s}});
+        picture(u"frmOSConsulta_%1"_s.arg(mode));
+        close(window);
+    }
+}
+
+void Telas::payments()
+{
+    auto *window = form(u"frmOSFormaPagto"_s);
+    const QString day = runtime::Format(runtime::DateAdd(u"d", 7, runtime::Today()), u"dd/mm/yyyy");
+    auto *tabs = support::control<QTabWidget>(window, u"tabPagto"_s);
+    const QList<Fields> fields = {
+        {{u"txtValor_0"_s, u"1.300.000,00"_s}},
+        {{u"txtValor_1"_s, u"1.234.567,89"_s},
+         {u"txtBanco_1"_s, u"banco do estado de são paulo"_s},
+         {u"txtConta_1"_s, u"0888-8 / 88888-8"_s},
+         {u"txtNumCheque"_s, u"888888"_s},
+         {u"txtData_1"_s, day}},
+        {},
+        {{u"txtBanco_3"_s, u"banco do estado de são paulo"_s}, {u"txtConta_3"_s, u"0888-8 / 88888-8"_s}},
+        {{u"txtCodCliente"_s, u"1"_s}, {u"txtData_4"_s, day}},
+        {{u"txtValor_5"_s, u"123.456,78"_s}},
+    };
+    for (int tab = 0; tab < tabs->count(); ++tab) {
+        tabs->setCurrentIndex(tab);
+        picture(u"frmOSFormaPagto_vazio_%1"_s.arg(tab), window);
+        cadastro::fill(window, fields[tab]);
+        picture(u"frmOSFormaPagto_%1"_s.arg(tab), window);
+    }
+    window->Unload();
+}
+
+void Telas::pagamento()
+{
+    auto *window = newestOrder(9);
+    support::whenShown(u"frmOSFormaPagto"_s, [] { payments(); });
+    click(window, u"btnFechar"_s);
+    support::failNotShown();
+    close(window);
+}
+
+void Telas::preVisualizacao()
+{
+    core::GravaINI(u"Config"_s, u"LayoutOS"_s, u"2"_s, true);
+    auto *query = newestOrder(0);
+    click(query, u"btnPrevisualizar"_s);
+    QTRY_VERIFY(cadastro::isOpen(u"frmRelaPreVisualiza"_s));
+    picture(u"frmRelaPreVisualiza"_s);
+    close(form(u"frmRelaPreVisualiza"_s));
+    close(query);
+}
+
+void Telas::sobre()
+{
+    auto *window = choose(u"itmInfoSobre"_s, u"frmInfo"_s);
+    picture(u"frmInfo"_s, window);
+    window->Unload();
+}
+
+void Telas::operadores()
+{
+    support::whenShown(u"frmSenhaManut"_s, [] {
+        auto *window = form(u"frmSenhaManut"_s);
+        cadastro::fill(window, {{u"txtCodigo"_s, u"1"_s}});
+        picture(u"frmSenhaManut"_s, window);
+        window->Unload();
+    });
+    ui::Forms::instance().ShowModal(u"frmSenhaManut"_s);
+    support::failNotShown();
     stop();
+    done(u"imagens das janelas da oficina de amostra, em escala %1"_s.arg(qApp->devicePixelRatio()));
 }
 
 } // namespace

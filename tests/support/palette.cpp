@@ -1,0 +1,28 @@
+#include "tests/support/palette.h"
+
+#include <QColor>
+
+namespace support
+{
+
+QPalette darkPalette()
+{
+    const QColor window(49, 54, 59);
+    const QColor base(35, 38, 41);
+    const QColor text(239, 240, 241);
+    const QColor greyed(120, 124, 128);
+    QPalette palette(text, window, window.lighter(140), window.darker(160), window.darker(120), text, Qt::white, base,
+                     window);
+    palette.setColor(QPalette::AlternateBase, window);
+    palette.setColor(QPalette::Highlight, QColor(61, 142, 201));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::ToolTipBase, window);
+    palette.setColor(QPalette::ToolTipText, text);
+    palette.setColor(QPalette::PlaceholderText, greyed);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, greyed);
+    }
+    return palette;
+}
+
+} // namespace support
