@@ -7,6 +7,7 @@
 #include "tests/support/modal.h"
 #include "tests/support/program.h"
 
+#include <QDateTime>
 #include <QDeadlineTimer>
 #include <QFileInfo>
 #include <QLockFile>
@@ -41,7 +42,7 @@ public:
     }
 
     /// Kills it without asking for its end: no event runs before the test looks.
-    void signalDeath() const { QProcess::execute(u"kill"_s, {u"-9"_s, QString::number(id())}); }
+    void signalDeath() const { QProcess::execute(u"/bin/sh"_s, {u"-c"_s, u"kill -9 %1"_s.arg(id())}); }
 
     qint64 id() const { return process_.processId(); }
     bool running() const { return process_.state() == QProcess::Running; }
@@ -151,6 +152,37 @@ private slots:
         QCOMPARE(owner(folder_->path()), QCoreApplication::applicationPid());
     }
 #endif
+
+    void leftoversDoNotCount_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("empty: killed before it was written") << QByteArray();
+        QTest::newRow("cut off") << QByteArray("12");
+        QTest::newRow("damaged") << QByteArray(5000, '\xFE');
+        QTest::newRow("of a process that lives and is another program") << QByteArray("1\ntarvelo\nRECEPCAO\n");
+        QTest::newRow("of this machine's process 1")
+            << QByteArray("1\ntarvelo\n") + QSysInfo::machineHostName().toUtf8() + '\n';
+    }
+
+    void leftoversDoNotCount()
+    {
+        QFETCH(const QByteArray, bytes);
+        QFile lock(folder_->filePath(u"tarvelo.lock"_s));
+        QVERIFY(lock.open(QIODevice::WriteOnly));
+        QCOMPARE(lock.write(bytes), bytes.size());
+        QVERIFY(lock.flush());
+        QVERIFY(lock.setFileTime(QDateTime::currentDateTime().addYears(-1), QFileDevice::FileModificationTime));
+        lock.close();
+
+        QVERIFY(!openHere());
+        QCOMPARE(owner(folder_->path()), QCoreApplication::applicationPid());
+    }
+
+    void folderInTheLocksPlaceRefusesNobody()
+    {
+        QVERIFY(QDir(folder_->path()).mkdir(u"tarvelo.lock"_s));
+        QVERIFY(!openHere());
+    }
 
     void anotherFolderHasItsOwnProcess()
     {

@@ -1,0 +1,47 @@
+#include "platform/files/files.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
+namespace files
+{
+
+namespace
+{
+
+constexpr QFile::Permissions forUserAndGroup =
+    QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser | QFile::ReadGroup | QFile::WriteGroup;
+constexpr QFile::Permissions startable = QFile::ExeOwner | QFile::ExeUser | QFile::ExeGroup;
+
+} // namespace
+
+bool isOrdinary(const QString &path)
+{
+    return QFileInfo(path).isFile();
+}
+
+void keepToGroup()
+{
+#ifdef Q_OS_UNIX
+    constexpr mode_t others = S_IRWXO;
+    ::umask(others);
+#endif
+}
+
+bool restrictToGroup(const QString &path)
+{
+    const bool starts = QFile::permissions(path).testFlag(QFile::ExeOwner);
+    return QFile::setPermissions(path, starts ? forUserAndGroup | startable : forUserAndGroup);
+}
+
+bool letWrite(const QString &path)
+{
+    return !QFileInfo(path).isSymLink() &&
+           QFile::setPermissions(path, QFile::permissions(path) | QFile::ReadOwner | QFile::WriteOwner);
+}
+
+} // namespace files

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+namespace files
+{
+
+/// True for a file as a user makes them, the target of a link included. A folder, a pipe or a device is none: opening a
+/// pipe waits for somebody at its other end, and reading a device may never end.
+bool isOrdinary(const QString &path);
+
+/// From here on what the program creates is open to the user and his group and to nobody else, whatever the user's own
+/// setting is: two workstations may share the files. Windows gives a file the rights of its folder.
+void keepToGroup();
+
+/// Gives a file that exists those same rights. Programs and scripts stay startable.
+bool restrictToGroup(const QString &path);
+
+/// Takes a mark "read only" off a file of the user's own; false where it is not his, or only leads elsewhere.
+bool letWrite(const QString &path);
+
+} // namespace files

@@ -1,0 +1,129 @@
+#include "platform/files/files.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
+using namespace Qt::StringLiterals;
+
+class tst_files : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { folder_ = std::make_unique<QTemporaryDir>(); }
+    void cleanup() { folder_.reset(); }
+
+    void onlyFilesAreOrdinary();
+#ifdef Q_OS_UNIX
+    void pipesAndDevicesAreNotOrdinary();
+    void whatIsCreatedIsForUserAndGroup_data();
+    void whatIsCreatedIsForUserAndGroup();
+    void rightsAreGivenToWhatIsThere_data();
+    void rightsAreGivenToWhatIsThere();
+    void aReadOnlyFileOfTheUserIsOpened();
+#endif
+
+private:
+    QString path(const QString &name) const
+    {
+        return folder_->filePath(name);
+    }
+    void make(const QString &name) const
+    {
+        QFile file(path(name));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+    }
+    int rights(const QString &name) const
+    {
+        // The lowest nine bits, as the system has them.
+        const int all = QFile::permissions(path(name)).toInt();
+        return (all >> 12 & 7) << 6 | (all >> 4 & 7) << 3 | (all & 7);
+    }
+
+    std::unique_ptr<QTemporaryDir> folder_;
+};
+
+void tst_files::onlyFilesAreOrdinary()
+{
+    make(u"a.txt"_s);
+    QVERIFY(files::isOrdinary(path(u"a.txt"_s)));
+    QVERIFY(!files::isOrdinary(path(u"b.txt"_s)));
+    QVERIFY(!files::isOrdinary(folder_->path()));
+    QVERIFY(!files::isOrdinary(QString()));
+    QVERIFY(QFile::link(path(u"a.txt"_s), path(u"c.lnk"_s)));
+    QVERIFY(files::isOrdinary(path(u"c.lnk"_s)));
+}
+
+#ifdef Q_OS_UNIX
+
+void tst_files::pipesAndDevicesAreNotOrdinary()
+{
+    QCOMPARE(::mkfifo(QFile::encodeName(path(u"p"_s)).constData(), 0600), 0);
+    QVERIFY(!files::isOrdinary(path(u"p"_s)));
+    QVERIFY(QFile::link(path(u"p"_s), path(u"l"_s)));
+    QVERIFY(!files::isOrdinary(path(u"l"_s)));
+    QVERIFY(!files::isOrdinary(u"/dev/zero"_s));
+}
+
+void tst_files::whatIsCreatedIsForUserAndGroup_data()
+{
+    QTest::addColumn<int>("users");
+    QTest::newRow("open") << 0;
+    QTest::newRow("usual") << 022;
+    QTest::newRow("closed") << 077;
+}
+
+void tst_files::whatIsCreatedIsForUserAndGroup()
+{
+    QFETCH(const int, users);
+    const mode_t before = ::umask(mode_t(users));
+    files::keepToGroup();
+    make(u"a.txt"_s);
+    QVERIFY(QDir(folder_->path()).mkdir(u"pasta"_s));
+    ::umask(before);
+    QCOMPARE(rights(u"a.txt"_s), 0660);
+    QCOMPARE(rights(u"pasta"_s), 0770);
+}
+
+void tst_files::rightsAreGivenToWhatIsThere_data()
+{
+    QTest::addColumn<int>("before");
+    QTest::addColumn<int>("after");
+    QTest::newRow("open to all") << 0666 << 0660;
+    QTest::newRow("closed to the group") << 0600 << 0660;
+    QTest::newRow("script") << 0755 << 0770;
+    QTest::newRow("read only") << 0444 << 0660;
+}
+
+void tst_files::rightsAreGivenToWhatIsThere()
+{
+    QFETCH(const int, before);
+    make(u"a.txt"_s);
+    QCOMPARE(::chmod(QFile::encodeName(path(u"a.txt"_s)).constData(), mode_t(before)), 0);
+    QVERIFY(files::restrictToGroup(path(u"a.txt"_s)));
+    QTEST(rights(u"a.txt"_s), "after");
+    QVERIFY(!files::restrictToGroup(path(u"ausente"_s)));
+}
+
+void tst_files::aReadOnlyFileOfTheUserIsOpened()
+{
+    make(u"a.txt"_s);
+    QCOMPARE(::chmod(QFile::encodeName(path(u"a.txt"_s)).constData(), 0440), 0);
+    QVERIFY(QFile::link(path(u"a.txt"_s), path(u"l"_s)));
+    QVERIFY(!files::letWrite(path(u"l"_s)));
+    QCOMPARE(rights(u"a.txt"_s), 0440);
+    QVERIFY(files::letWrite(path(u"a.txt"_s)));
+    QCOMPARE(rights(u"a.txt"_s), 0640);
+    QVERIFY(!files::letWrite(path(u"ausente"_s)));
+}
+
+#endif
+
+QTEST_GUILESS_MAIN(tst_files)
+#include "tst_files.moc"
