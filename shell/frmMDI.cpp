@@ -47,6 +47,7 @@ frmMDI::frmMDI() : ui_(std::make_unique<Ui::frmMDI>())
     montaMenus(*ui_->MenuBar);
     montaBarra(*ui_->Toolbar1, *ui_->MenuBar);
     ui::Forms::instance().setArea(ui_->MDIArea);
+    ui::Forms::instance().setModeSource([] { return core::ModoChamada; });
     printer::printer().written = [this](const QString &arquivo) {
         ui_->StatusBar->setMensagem(u"impresso em "_s + dentroDaPasta(arquivo));
     };
@@ -60,6 +61,7 @@ frmMDI::frmMDI() : ui_(std::make_unique<Ui::frmMDI>())
 frmMDI::~frmMDI()
 {
     printer::printer().written = nullptr;
+    ui::Forms::instance().setModeSource(nullptr);
     ui::Forms::instance().setArea(nullptr);
 }
 

@@ -238,16 +238,29 @@ bool disponivel(const ItemMenu &item)
     return item.funcao != nullptr || (!item.janela.isEmpty() && ui::Forms::instance().exists(item.janela.toString()));
 }
 
+/// A command with a mode wants its window in that mode, and gets it afresh where it stands open in another. One without
+/// asks for none: its window takes the last mode when it is loaded, and one that is open comes to the front.
+void abreJanela(const ItemMenu &item)
+{
+    auto &janelas = ui::Forms::instance();
+    const QString nome = item.janela.toString();
+    if (item.modal) {
+        janelas.ShowModal(nome);
+    } else if (item.modo) {
+        janelas.ShowInMode(nome);
+    } else {
+        janelas.Show(nome);
+    }
+}
+
 /// Runs an item: sets `ModoChamada`, then shows its window or calls its function.
 void aciona(const ItemMenu &item)
 {
     core::ModoChamada = item.modo.value_or(core::ModoChamada);
     if (item.funcao != nullptr) {
         item.funcao();
-    } else if (item.modal) {
-        ui::Forms::instance().ShowModal(item.janela.toString());
     } else {
-        ui::Forms::instance().Show(item.janela.toString());
+        abreJanela(item);
     }
 }
 

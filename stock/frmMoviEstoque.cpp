@@ -305,7 +305,7 @@ void frmMoviEstoque::Lista_DblClick(int linha)
     const bool umaPeca = ModoChamada == modoUmaPeca;
     ModoChamada = modoUmaOrdem;
     CodigoConsulta = CLng(item.tag());
-    ui::Forms::instance().Show(u"frmOSConsulta"_s);
+    ui::Forms::instance().ShowAfresh(u"frmOSConsulta"_s);
     if (umaPeca) {
         ModoChamada = modoUmaPeca;
     }

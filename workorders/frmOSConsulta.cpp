@@ -445,7 +445,7 @@ void frmOSConsulta::btnPagtoInfo_Click()
         if (forma.contains(relatorio.forma)) {
             CodigoConsulta = CLng(ui_->lblCodigo->text());
             ModoChamada = relatorio.modo;
-            ui::Forms::instance().Show(u"frmRelatorio"_s);
+            ui::Forms::instance().ShowAfresh(u"frmRelatorio"_s);
             return;
         }
     }

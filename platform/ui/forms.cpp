@@ -119,6 +119,7 @@ Form *Forms::make(const QString &name)
     if (!factory) {
         raiseUnknown(name);
     }
+    modes_.insert(name, mode()); // its load may set another one for a window that it opens
     // Its load may show its own window, so it is known before, and may end it, so it is watched.
     const QPointer<Form> form = factory();
     loaded_.insert(name, form);
@@ -138,6 +139,17 @@ Form *Forms::Show(const QString &name)
         bringUp(*form);
     }
     return form;
+}
+
+Form *Forms::ShowInMode(const QString &name)
+{
+    return find(name) && modes_.value(name) != mode() ? ShowAfresh(name) : Show(name);
+}
+
+Form *Forms::ShowAfresh(const QString &name)
+{
+    Unload(name);
+    return Show(name);
 }
 
 bool Forms::goesIntoArea(const Form &form) const

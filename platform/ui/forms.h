@@ -39,6 +39,16 @@ public:
     /// window is open, the window opens modal above it, a child of the main window too.
     Form *Show(const QString &name);
 
+    /// `Show` for a command that asks for a mode: a window that was loaded in another one is unloaded and loaded
+    /// afresh; one that was loaded in this mode comes to the front as it is.
+    Form *ShowInMode(const QString &name);
+
+    /// `Show` for an opening on one record: a window that is up shows another one and is unloaded first.
+    Form *ShowAfresh(const QString &name);
+
+    /// What tells the mode of the next load. Without one all windows are of one mode.
+    void setModeSource(const std::function<int()> &source) { modeSource_ = source; }
+
     /// A window that is up comes to the front where it stands.
     void bringToFront(const QString &name);
 
@@ -64,6 +74,7 @@ private:
     friend void CentraForm(Form &form, bool onScreen);
     void forget(Form *form);
     Form *make(const QString &name);
+    int mode() const { return modeSource_ ? modeSource_() : 0; }
     bool goesIntoArea(const Form &form) const;
     void bringUp(Form &form);
     void bringToFront(Form &form);
@@ -74,6 +85,8 @@ private:
 
     QHash<QString, Factory> factories_;
     QHash<QString, Form *> loaded_;
+    QHash<QString, int> modes_; // by name, as they were when the window was loaded last
+    std::function<int()> modeSource_;
     QPointer<QMdiArea> area_;
 };
 

@@ -5,7 +5,9 @@
 #include "tests/support/program.h"
 
 #include <QAction>
+#include <QMdiSubWindow>
 #include <QMenu>
+#include <QPointer>
 #include <QTest>
 #include <QToolBar>
 #include <QToolButton>
@@ -22,6 +24,7 @@ constexpr qint16 modeBefore = 77;
 struct Loaded {
     QString form;
     int mode = 0;
+    int times = 0;
 };
 
 Loaded lastLoaded;
@@ -31,7 +34,7 @@ class Stand : public ui::Form
 {
 public:
     explicit Stand(const QString &name) : Form(name) { resize(200, 100); }
-    void Form_Load() override { lastLoaded = {objectName(), core::ModoChamada}; }
+    void Form_Load() override { lastLoaded = {objectName(), core::ModoChamada, lastLoaded.times + 1}; }
 };
 
 struct Row {
@@ -188,18 +191,51 @@ private slots:
         QVERIFY(ui::Forms::instance().find(text(row.form))->isVisible());
     }
 
-    void windowThatIsUpKeepsItsModeAndComesToTheFront()
+    void windowThatIsUpInTheCommandsModeComesToTheFront()
     {
         shell::principal().MDIForm_Load();
         action(u"itmOSConsultar"_s)->trigger();
         action(u"itmOSAbrir"_s)->trigger();
         const auto *query = ui::Forms::instance().find(u"frmOSConsulta"_s);
+        core::ModoChamada = modeBefore; // a window opened in between leaves its own
+
+        action(u"itmOSConsultar"_s)->trigger();
+
+        QCOMPARE(ui::Forms::instance().find(u"frmOSConsulta"_s), query);
+        QCOMPARE(lastLoaded.form, u"frmOSAbre"_s); // not loaded again
+        QCOMPARE(frontWindow(), u"frmOSConsulta"_s);
+        QCOMPARE(core::ModoChamada, 0);
+    }
+
+    void windowThatIsUpInAnotherModeIsOpenedAfresh_data() { itemRows(); }
+    void windowThatIsUpInAnotherModeIsOpenedAfresh()
+    {
+        QFETCH(const QString, item);
+        openInAnotherMode(item);
+        pressTwice(item, [item] { action(item)->trigger(); });
+    }
+
+    void buttonOpensAWindowInAnotherModeAfresh_data() { buttonRows(); }
+    void buttonOpensAWindowInAnotherModeAfresh()
+    {
+        QFETCH(const int, number);
+        QFETCH(const QString, item);
+        openInAnotherMode(item);
+        pressTwice(item, [number] { support::click(&shell::principal(), u"Toolbar1_%1"_s.arg(number)); });
+    }
+
+    void minimisedWindowInTheCommandsModeComesBack()
+    {
+        shell::principal().MDIForm_Load();
+        action(u"itmOSFecha"_s)->trigger();
+        auto *query = ui::Forms::instance().find(u"frmOSConsulta"_s);
+        query->parentWidget()->showMinimized();
 
         action(u"itmOSFecha"_s)->trigger();
 
         QCOMPARE(ui::Forms::instance().find(u"frmOSConsulta"_s), query);
-        QCOMPARE(lastLoaded.form, u"frmOSAbre"_s); // not loaded again
-        QCOMPARE(core::ModoChamada, 9);
+        QVERIFY(!query->parentWidget()->isMinimized());
+        QCOMPARE(lastLoaded.times, 1);
     }
 
     void operatorsAreMaintainedModally()
@@ -308,6 +344,43 @@ private slots:
     }
 
 private:
+    /// The item's window, open in a mode that no command has.
+    void openInAnotherMode(const QString &item)
+    {
+        program_->config(u"Personalizacao"_s, customisationFor(item));
+        shell::principal().MDIForm_Load();
+        core::ModoChamada = modeBefore;
+        ui::Forms::instance().Show(text(rowOf(item).form));
+        QCOMPARE(lastLoaded.times, 1);
+    }
+
+    /// The first press gives the window in the item's mode, the second the same window. A command without a mode takes
+    /// it as it is.
+    static void pressTwice(const QString &item, const std::function<void()> &press)
+    {
+        const Row &row = rowOf(item);
+        const QPointer<ui::Form> old = ui::Forms::instance().find(text(row.form));
+        press();
+        auto *form = ui::Forms::instance().find(text(row.form));
+        QVERIFY(form);
+        QCOMPARE(form == old, row.mode == unchanged);
+        QCOMPARE(lastLoaded.times, row.mode == unchanged ? 1 : 2);
+        QCOMPARE(lastLoaded.mode, row.mode == unchanged ? modeBefore : row.mode);
+        QCOMPARE(frontWindow(), text(row.form));
+        QVERIFY(form == old || !old || !old->isVisible());
+
+        press();
+        QCOMPARE(ui::Forms::instance().find(text(row.form)), form);
+        QCOMPARE(lastLoaded.times, row.mode == unchanged ? 1 : 2);
+        QCOMPARE(core::ModoChamada, row.mode == unchanged ? modeBefore : row.mode);
+    }
+
+    static QString frontWindow()
+    {
+        const auto *front = ui::Forms::instance().area()->activeSubWindow();
+        return front ? front->widget()->objectName() : QString();
+    }
+
     static void itemRows()
     {
         QTest::addColumn<QString>("item");

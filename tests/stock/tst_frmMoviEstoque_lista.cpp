@@ -47,6 +47,7 @@ private slots:
     void aSaleIsMarkedWithItsOrder_data();
     void aSaleIsMarkedWithItsOrder();
     void aMarkedRowOpensItsOrder();
+    void anotherMarkedRowOpensAnotherOrder();
     void enterOpensItToo();
     void theModeOfTheReportComesBack();
     void anUnmarkedRowOpensNothing();
@@ -55,7 +56,7 @@ private slots:
 
 private:
     void shownPart(qint16 mode = 0);
-    void order();
+    void order(int code = 1);
 };
 
 void TstFrmMoviEstoqueLista::shownPart(qint16 mode)
@@ -67,8 +68,8 @@ void TstFrmMoviEstoqueLista::shownPart(qint16 mode)
     click(window_, u"btnPreenche"_s);
 }
 
-/// Order 0001, with nothing of the part: its sale is told by the ledger alone.
-void TstFrmMoviEstoqueLista::order()
+/// An order with nothing of the part: its sale is told by the ledger alone.
+void TstFrmMoviEstoqueLista::order(int code)
 {
     const qint32 customer = program_->customer(u"MARIA"_s);
     workorders::NovaOrdem order;
@@ -76,7 +77,7 @@ void TstFrmMoviEstoqueLista::order()
     order.codVeiculo = QString::number(program_->vehicle(customer, u"ABC1D23"_s));
     order.valor = u"75,00"_s;
     order.itens = {{u"0000"_s, u"A"_s, u"1"_s, u"REVISÃO"_s, u"75,00"_s, {}}};
-    QCOMPARE(workorders::AbreOrdem(order), 1);
+    QCOMPARE(workorders::AbreOrdem(order), code);
 }
 
 void TstFrmMoviEstoqueLista::withoutAPartThereIsNothingToFill()
@@ -258,6 +259,22 @@ void TstFrmMoviEstoqueLista::aMarkedRowOpensItsOrder()
     QCOMPARE(text(query, u"lblCodigo"_s), u"0001"_s);
     QCOMPARE(core::ModoChamada, qint16{10});
     QCOMPARE(core::CodigoConsulta, 1);
+}
+
+/// The query that shows one order already gives way to one that shows the other.
+void TstFrmMoviEstoqueLista::anotherMarkedRowOpensAnotherOrder()
+{
+    order();
+    order(2);
+    row(u"05/10/2024"_s, u"VENDA O.S. 0001"_s, u"Null"_s, u"3"_s, u"-3"_s);
+    row(u"05/11/2024"_s, u"VENDA O.S. 0002"_s, u"Null"_s, u"1"_s, u"-4"_s);
+    shownPart();
+    cadastro::doubleClickRow(window_, 1);
+    cadastro::doubleClickRow(window_, 2);
+    auto *query = ui::Forms::instance().find(u"frmOSConsulta"_s);
+    QVERIFY(query && query->isVisible());
+    QCOMPARE(query->windowTitle(), u"Tarvelo - [Consulta O.S. 0002]"_s);
+    QCOMPARE(text(query, u"lblCodigo"_s), u"0002"_s);
 }
 
 void TstFrmMoviEstoqueLista::enterOpensItToo()

@@ -9,6 +9,7 @@
 #include "platform/ui/listview.h"
 
 #include <QLineEdit>
+#include <QPointer>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -61,6 +62,7 @@ private slots:
     void thePreviewKnowsTheSecondAndThirdLayout();
     void thePaymentsDetailsOpenTheirReport_data();
     void thePaymentsDetailsOpenTheirReport();
+    void thePaymentsDetailsAreTheOrdersOwn();
     void customerAndVehicleAreTold();
     void withoutAnOrderTheButtonsDoNothing();
     void escUnloads();
@@ -375,6 +377,19 @@ void tst_frmOSConsulta_usos::thePaymentsDetailsOpenTheirReport()
     QCOMPARE(core::ModoChamada, qint16(mode));
     QCOMPARE(core::CodigoConsulta, mode == 0 ? 0 : 1);
     QCOMPARE(ui::Forms::instance().find(u"frmRelatorio"_s) != nullptr, mode != 0);
+}
+
+/// A report that is open shows another order, or something else.
+void tst_frmOSConsulta_usos::thePaymentsDetailsAreTheOrdersOwn()
+{
+    pretend(u"frmRelatorio"_s, u"lblPrint"_s);
+    program_->sql(u"UPDATE OrdemServico SET FormaPagto = 'CHEQUE'"_s);
+    const QPointer<ui::Form> before = ui::Forms::instance().Show(u"frmRelatorio"_s);
+    open();
+    show(first_);
+    click(window_, u"btnPagtoInfo"_s);
+    QVERIFY(ui::Forms::instance().find(u"frmRelatorio"_s));
+    QVERIFY(ui::Forms::instance().find(u"frmRelatorio"_s) != before);
 }
 
 void tst_frmOSConsulta_usos::customerAndVehicleAreTold()
