@@ -1,6 +1,7 @@
 #include "platform/dao/file.h"
 
 #include "platform/dao/functions.h"
+#include "platform/files/files.h"
 #include "platform/runtime/error.h"
 
 #include <QDir>
@@ -60,7 +61,9 @@ void checkExists(const QString &path)
     if (!info.exists()) {
         runtime::raise(3024, {shownName(path)});
     }
-    if (!info.isFile()) {
+    // A pipe in the place of the file or of its journal would be waited for without end.
+    const QString journal = path + u"-journal"_s;
+    if (!files::isOrdinary(path) || (QFileInfo::exists(journal) && !files::isOrdinary(journal))) {
         runtime::raise(3051, {shownName(path)});
     }
 }
@@ -131,6 +134,8 @@ void createFile(const QString &path)
     // Made beside its place and moved there when it is whole: a crash never leaves half a file under the name.
     const QString draft = path + u"~"_s;
     QFile::remove(draft);
+    // The library would let everybody read it. Where the rights can't be given it makes the file itself.
+    files::createForGroup(draft);
     try {
         fill(draft);
     } catch (const runtime::RuntimeError &error) {

@@ -10,7 +10,8 @@ namespace dao
 std::shared_ptr<Connection> openFile(const QString &path, bool readOnly);
 
 /// Makes an empty database file, whole or not at all. 3204 where the file exists, 3024 without its folder, 3051 where
-/// it may not be written, 3183 on a full disk.
+/// it may not be written, 3183 on a full disk. The file, and with it its journal, is open to the user and his group
+/// alone.
 void createFile(const QString &path);
 
 } // namespace dao

@@ -32,6 +32,13 @@ void keepToGroup()
 #endif
 }
 
+bool createForGroup(const QString &path)
+{
+    QFile file(path);
+    // Closed from its first moment on; the user's own setting may take more away than is wanted.
+    return file.open(QIODevice::WriteOnly | QIODevice::NewOnly, forUserAndGroup) && restrictToGroup(path);
+}
+
 bool restrictToGroup(const QString &path)
 {
     const bool starts = QFile::permissions(path).testFlag(QFile::ExeOwner);

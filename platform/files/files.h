@@ -13,6 +13,9 @@ bool isOrdinary(const QString &path);
 /// setting is: two workstations may share the files. Windows gives a file the rights of its folder.
 void keepToGroup();
 
+/// Makes a new, empty file with those rights; false where there is one already, or none can be made.
+bool createForGroup(const QString &path);
+
 /// Gives a file that exists those same rights. Programs and scripts stay startable.
 bool restrictToGroup(const QString &path);
 

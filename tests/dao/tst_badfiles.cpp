@@ -8,6 +8,10 @@
 #include <QProcess>
 #include <QTest>
 
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
 using namespace Qt::StringLiterals;
 using golden::errorOf;
 
@@ -46,6 +50,12 @@ private slots:
     void filesThatAreNoDatabaseAreRefusedAndLeftAlone();
     void aGenuineJetFileIsToldApart();
     void aFolderIsNoDatabase();
+#ifdef Q_OS_UNIX
+    void aPipeIsNoDatabase_data();
+    void aPipeIsNoDatabase();
+    void aNewDatabaseIsOpenToUserAndGroupAlone_data();
+    void aNewDatabaseIsOpenToUserAndGroupAlone();
+#endif
     void aTruncatedFileIsRefused_data();
     void aTruncatedFileIsRefused();
     void aDamagedPageIsFoundWhenItIsRead();
@@ -57,7 +67,10 @@ private slots:
     void aBatchOnAFullDiskIsRefusedAndTheFileStaysWhole();
 
 private:
-    QString path(const QString &name = u"dados.mdb"_s) const { return folder_->filePath(name); }
+    QString path(const QString &name = u"dados.mdb"_s) const
+    {
+        return folder_->filePath(name);
+    }
     void makeDatabase(int rows);
     void checkWhole(int rows);
 
@@ -135,6 +148,54 @@ void tst_badfiles::aFolderIsNoDatabase()
     QVERIFY(QDir(folder_->path()).mkdir(u"dados.mdb"_s));
     QCOMPARE(errorOf([&] { dao::DBEngine::OpenDatabase(path()); }), 3051);
 }
+
+#ifdef Q_OS_UNIX
+
+void tst_badfiles::aPipeIsNoDatabase_data()
+{
+    QTest::addColumn<QString>("suffix");
+    QTest::newRow("in the file's place") << QString();
+    QTest::newRow("in the journal's place") << u"-journal"_s;
+}
+
+/// Nobody is at its other end: to open it would be to wait for ever.
+void tst_badfiles::aPipeIsNoDatabase()
+{
+    QFETCH(const QString, suffix);
+    if (!suffix.isEmpty()) {
+        makeDatabase(10);
+    }
+    QCOMPARE(::mkfifo(QFile::encodeName(path() + suffix).constData(), 0600), 0);
+    QCOMPARE(errorOf([&] { dao::DBEngine::OpenDatabase(path()); }), 3051);
+    QCOMPARE(errorOf([&] { dao::DBEngine::OpenDatabase(path(), true); }), 3051);
+}
+
+void tst_badfiles::aNewDatabaseIsOpenToUserAndGroupAlone_data()
+{
+    QTest::addColumn<int>("users");
+    QTest::newRow("open") << 0;
+    QTest::newRow("usual") << 022;
+    QTest::newRow("closed") << 077;
+}
+
+void tst_badfiles::aNewDatabaseIsOpenToUserAndGroupAlone()
+{
+    QFETCH(const int, users);
+    const mode_t before = ::umask(mode_t(users));
+    makeDatabase(10);
+    auto database = dao::DBEngine::OpenDatabase(path());
+    const dao::Batch batch(*database);
+    database->Execute(u"UPDATE Caixa SET Saldo = 5"_s);
+    ::umask(before);
+    for (const QString &name : {path(), QString(path() + u"-journal"_s)}) {
+        struct stat file {
+        };
+        QCOMPARE(::stat(QFile::encodeName(name).constData(), &file), 0);
+        QCOMPARE(file.st_mode & 07777U, 0660U);
+    }
+}
+
+#endif
 
 void tst_badfiles::aTruncatedFileIsRefused_data()
 {

@@ -24,6 +24,11 @@ private slots:
     void pipesAndDevicesAreNotOrdinary();
     void whatIsCreatedIsForUserAndGroup_data();
     void whatIsCreatedIsForUserAndGroup();
+    void aFileIsMadeForUserAndGroup_data()
+    {
+        whatIsCreatedIsForUserAndGroup_data();
+    }
+    void aFileIsMadeForUserAndGroup();
     void rightsAreGivenToWhatIsThere_data();
     void rightsAreGivenToWhatIsThere();
     void aReadOnlyFileOfTheUserIsOpened();
@@ -89,6 +94,19 @@ void tst_files::whatIsCreatedIsForUserAndGroup()
     ::umask(before);
     QCOMPARE(rights(u"a.txt"_s), 0660);
     QCOMPARE(rights(u"pasta"_s), 0770);
+}
+
+/// By itself too, without the setting for the whole program.
+void tst_files::aFileIsMadeForUserAndGroup()
+{
+    QFETCH(const int, users);
+    const mode_t before = ::umask(mode_t(users));
+    const bool made = files::createForGroup(path(u"a.txt"_s));
+    ::umask(before);
+    QVERIFY(made);
+    QCOMPARE(rights(u"a.txt"_s), 0660);
+    QVERIFY(!files::createForGroup(path(u"a.txt"_s)));
+    QVERIFY(!files::createForGroup(path(u"ausente/a.txt"_s)));
 }
 
 void tst_files::rightsAreGivenToWhatIsThere_data()
