@@ -5,6 +5,7 @@
 #include "core/config.h"
 #include "core/modulo.h"
 #include "core/razao.h"
+#include "platform/dao/unit.h"
 #include "platform/ui/form.h"
 #include "platform/ui/forms.h"
 #include "platform/ui/listmodel.h"
@@ -182,7 +183,7 @@ QString partWithLedger(int rows)
         return control == u"txtNome" || control == u"cboMarca" ? u"FILTRO"_s : u"0"_s;
     };
     QString code = QString::number(registers::IncluiPeca(text));
-    const dao::Batch batch(*core::DBDados);
+    const dao::Unit batch;
     for (int row = 1; row < rows; ++row) {
         core::AbreEstoque(code, u"ENTRADA"_s, 1.0F);
     }

@@ -6,6 +6,7 @@
 #include "core/modulo.h"
 #include "core/razao.h"
 #include "platform/dao/database.h"
+#include "platform/dao/unit.h"
 #include "platform/runtime/runtime.h"
 
 #include <QDir>
@@ -20,7 +21,7 @@ namespace
 
 void fillLedger(int rows)
 {
-    const dao::Batch batch(*core::DBDados);
+    const dao::Unit batch;
     auto ledger = core::DBDados->OpenRecordset(u"Caixa"_s);
     float balance = 0;
     for (int row = 0; row < rows; ++row) {
@@ -37,7 +38,7 @@ void fillLedger(int rows)
 
 void fillCustomers(int rows)
 {
-    const dao::Batch batch(*core::DBDados);
+    const dao::Unit batch;
     auto customers = core::DBDados->OpenRecordset(u"Clientes"_s);
     for (int row = 0; row < rows; ++row) {
         customers.AddNew();

@@ -3,6 +3,7 @@
 #include "core/funcoes.h"
 #include "core/modulo.h"
 #include "platform/dao/database.h"
+#include "platform/dao/unit.h"
 #include "platform/runtime/runtime.h"
 
 namespace core
@@ -87,7 +88,7 @@ void AbreEstoque(const runtime::Value &codPeca, const QString &descricao, const 
 
 void RecalculaRazao(const QString &consulta, const QString &colunaSaldo)
 {
-    const dao::Batch lote(*DBDados);
+    const dao::Unit lote;
     dao::Recordset linhas = DBDados->OpenRecordset(consulta);
     if (!linhas.Eof()) {
         recalcula(linhas, colunaSaldo);

@@ -1,9 +1,11 @@
 #include "platform/dao/connection.h"
 
 #include "platform/dao/rewriter.h"
+#include "platform/dao/unit.h"
 #include "platform/runtime/error.h"
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -16,16 +18,23 @@ namespace
 
 constexpr size_t mostPlans = 300;
 
-/// A batch reaches the disk in pieces, so that a full disk never takes back more than the last piece.
-constexpr int writesInPiece = 100'000;
-
 } // namespace
 
-Connection::Connection(QString path, sqlite3 *handle) : path_(std::move(path)), handle_(handle) {}
+Connection *Connection::first_ = nullptr;
+
+Connection::Connection(QString path, sqlite3 *handle)
+    : path_(std::move(path)), handle_(handle), next_(std::exchange(first_, this))
+{
+}
 
 Connection::~Connection()
 {
     close();
+    Connection **place = &first_;
+    while (*place != this) {
+        place = &(*place)->next_;
+    }
+    *place = next_;
 }
 
 sqlite3 *Connection::handle() const
@@ -158,28 +167,69 @@ void Connection::rowAdded(const QString &table, qint64 row)
     }
 }
 
-void Connection::beginBatch()
+void Connection::stepBegin()
 {
-    if (batches_ == 0) {
-        run("BEGIN IMMEDIATE");
-        batchWrites_ = 0;
+    if (!begin_) {
+        begin_ = Prepared(handle(), QByteArrayLiteral("BEGIN IMMEDIATE"));
+        commit_ = Prepared(handle(), QByteArrayLiteral("COMMIT"));
     }
-    ++batches_;
+    begin_.step();
+    ++writingAge_;
 }
 
-void Connection::endBatch()
+/// The engine does not wait for another program's lock while this one holds a lock of its own: both might wait for each
+/// other. So open sets give theirs back when the lock for writing is not free; where it is free they go on undisturbed.
+void Connection::begin()
 {
-    if (--batches_ == 0 && isOpen() && sqlite3_get_autocommit(handle()) == 0) {
-        run("COMMIT");
+    if (isWriting()) {
+        return;
+    }
+    const bool reading = sqlite3_txn_state(handle(), "main") == SQLITE_TXN_READ;
+    try {
+        stepBegin();
+    } catch (const runtime::RuntimeError &) {
+        if (!reading) {
+            throw;
+        }
+        settleAll();
+        stepBegin();
     }
 }
 
-void Connection::countWrite()
+void Connection::commit()
 {
-    if (batches_ > 0 && ++batchWrites_ >= writesInPiece && savepoints_ == 0) {
-        batchWrites_ = 0;
-        run("COMMIT");
-        run("BEGIN IMMEDIATE");
+    if (!isWriting()) {
+        return;
+    }
+    try {
+        commit_.step();
+    } catch (const runtime::RuntimeError &) {
+        rollBack();
+        forgetSchema(); // tables that the unit made are gone
+        throw;
+    }
+}
+
+void Connection::rollBack()
+{
+    if (isWriting()) {
+        sqlite3_exec(handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+    }
+}
+
+void Connection::confirmAll()
+{
+    std::exception_ptr failure;
+    for (Connection *connection = first_; connection != nullptr; connection = connection->next_) {
+        try {
+            connection->commit();
+            connection->settleAll();
+        } catch (const runtime::RuntimeError &) {
+            failure = failure ? failure : std::current_exception();
+        }
+    }
+    if (failure) {
+        std::rethrow_exception(failure);
     }
 }
 
@@ -188,32 +238,47 @@ void Connection::close()
     for (LiveSet *const set : std::exchange(sets_, {})) {
         set->disconnect();
     }
-    if (handle_ && sqlite3_get_autocommit(handle_.get()) == 0) {
+    if (isWriting()) {
         sqlite3_exec(handle_.get(), "COMMIT", nullptr, nullptr, nullptr);
     }
     forgetSchema();
+    begin_ = {};
+    commit_ = {};
     handle_.reset();
 }
 
-Transaction::Transaction(Connection &connection)
-    : connection_(connection), outermost_(sqlite3_get_autocommit(connection.handle()) != 0)
+Transaction::Transaction(Connection &connection, Holds holds)
+    : connection_(connection), alone_(!Unit::isOpen() && connection.transactions_ == 0)
 {
-    connection_.run(outermost_ ? QByteArrayLiteral("BEGIN IMMEDIATE") : QByteArrayLiteral("SAVEPOINT piece"));
-    ++connection_.savepoints_;
+    connection_.begin();
+    if (!alone_ && holds == Holds::Several) {
+        connection_.run("SAVEPOINT piece");
+        savepoint_ = true;
+    }
+    ++connection_.transactions_;
 }
 
 void Transaction::commit()
 {
-    connection_.run(outermost_ ? QByteArrayLiteral("COMMIT") : QByteArrayLiteral("RELEASE piece"));
+    if (savepoint_) {
+        connection_.run("RELEASE piece");
+    }
     done_ = true;
+    if (alone_) {
+        connection_.commit();
+    }
 }
 
 Transaction::~Transaction()
 {
-    --connection_.savepoints_;
-    if (!done_ && sqlite3_get_autocommit(connection_.handle()) == 0) {
-        const char *const sql = outermost_ ? "ROLLBACK" : "ROLLBACK TO piece; RELEASE piece";
-        sqlite3_exec(connection_.handle(), sql, nullptr, nullptr, nullptr);
+    --connection_.transactions_;
+    if (done_ || !connection_.isWriting()) {
+        return;
+    }
+    if (alone_) {
+        connection_.rollBack();
+    } else if (savepoint_) {
+        sqlite3_exec(connection_.handle(), "ROLLBACK TO piece; RELEASE piece", nullptr, nullptr, nullptr);
     }
 }
 

@@ -63,10 +63,18 @@ public:
     void settleAll();
     void rowAdded(const QString &table, qint64 row);
 
-    void beginBatch();
-    void endBatch();
-    bool inBatch() const { return batches_ > 0; }
-    void countWrite(); ///< one more row written inside a batch
+    /// Takes the lock for writing, where it is not held already. Waits for other programs; 3051 after that.
+    void begin();
+
+    /// Makes what was written since `begin` durable. Where that fails it is taken back.
+    void commit();
+
+    /// Counts the times the lock for writing was taken. While it is held nobody else can write.
+    qint64 writingAge() const { return writingAge_; }
+    bool isWriting() const { return handle_ && sqlite3_get_autocommit(handle_.get()) == 0; }
+
+    /// Of all open files: commits what was written, and gives back every lock. The first failure is raised.
+    static void confirmAll();
 
     void close();
 
@@ -77,6 +85,8 @@ private:
         void operator()(sqlite3 *handle) const { sqlite3_close_v2(handle); }
     };
 
+    void rollBack();
+    void stepBegin();
     bool sorts(const QByteArray &sql);
     std::shared_ptr<Plan> makePlan(const Tokens &tokens, QStringView statement);
     void keep(const QString &key, const std::shared_ptr<Plan> &plan);
@@ -93,16 +103,23 @@ private:
     QHash<QString, std::shared_ptr<TableWriter>> writers_;
     QHash<QString, std::shared_ptr<GivenNumbers>> given_; ///< by table
     std::vector<LiveSet *> sets_;
-    int batches_ = 0;
-    int batchWrites_ = 0;
-    int savepoints_ = 0;
+    Prepared begin_;
+    Prepared commit_;
+    qint64 writingAge_ = 0;
+    int transactions_ = 0;
+    Connection *next_; ///< in the row of all open files
+    static Connection *first_;
 };
 
-/// All or nothing for the writes of one statement. It joins the batch or statement around it where there is one.
+/// All or nothing for the writes of one statement. It joins the unit or statement around it where there is one; alone
+/// it is a unit of its own.
 class Transaction
 {
 public:
-    explicit Transaction(Connection &connection);
+    /// How many statements of the engine it holds: a single one is all or nothing by itself.
+    enum class Holds { One, Several };
+
+    explicit Transaction(Connection &connection, Holds holds = Holds::Several);
     ~Transaction();
     Transaction(const Transaction &) = delete;
     Transaction &operator=(const Transaction &) = delete;
@@ -111,7 +128,8 @@ public:
 
 private:
     Connection &connection_;
-    bool outermost_;
+    bool alone_;
+    bool savepoint_ = false;
     bool done_ = false;
 };
 

@@ -4,10 +4,9 @@
 #include "platform/dao/file.h"
 #include "platform/dao/recordsetdata.h"
 #include "platform/dao/statement.h"
+#include "platform/dao/waiting.h"
 #include "platform/runtime/error.h"
 #include "platform/runtime/numbers.h"
-
-#include <exception>
 
 using namespace Qt::StringLiterals;
 
@@ -77,6 +76,7 @@ QString Database::CheckIntegrity() const
 
 void Database::Close()
 {
+    connection_->commit();
     connection_->close();
 }
 
@@ -96,20 +96,14 @@ std::shared_ptr<Database> DBEngine::CreateDatabase(const QString &path, const QS
     return OpenDatabase(path);
 }
 
-Batch::Batch(Database &database) : connection_(database.connection_), unwinding_(std::uncaught_exceptions())
+void DBEngine::SetLockWait(std::chrono::milliseconds longest)
 {
-    connection_->beginBatch();
+    setLockWait(longest);
 }
 
-Batch::~Batch() noexcept(false)
+void DBEngine::SetWaitNotice(std::function<void(bool)> notice)
 {
-    try {
-        connection_->endBatch();
-    } catch (const runtime::RuntimeError &) {
-        if (std::uncaught_exceptions() == unwinding_) {
-            throw;
-        }
-    }
+    setWaitNotice(std::move(notice));
 }
 
 } // namespace dao

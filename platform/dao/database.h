@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <chrono>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -37,14 +39,13 @@ public:
     /// Examines the whole file: "ok", or what is wrong with it.
     QString CheckIntegrity() const;
 
-    /// Closes the file. Open recordsets of it then give error 91.
+    /// Closes the file, with what was written so far in it. Open recordsets of it then give error 91.
     void Close();
 
     const QString &path() const;
 
 private:
     friend struct DBEngine;
-    friend class Batch;
     explicit Database(std::shared_ptr<Connection> connection);
 
     std::shared_ptr<Connection> connection_;
@@ -58,23 +59,15 @@ struct DBEngine {
 
     /// Creates an empty database file. The locale text is taken as given. Error 3204 where the file exists.
     static std::shared_ptr<Database> CreateDatabase(const QString &path, const QString &locale);
-};
 
-/// Gathers the writes of its lifetime into one physical write. It is no transaction of the program: leaving
-/// it by an exception keeps the rows written so far, as if each had been written alone. Only a disk that fills up
-/// takes back what was written since the last piece of 100,000 rows.
-class Batch
-{
-public:
-    explicit Batch(Database &database);
-    /// Raises what the physical write meets (3183, 3051), unless another error is on its way already.
-    ~Batch() noexcept(false);
-    Batch(const Batch &) = delete;
-    Batch &operator=(const Batch &) = delete;
+    /// How long a read or a write waits while another program holds the file's lock, before it gives error 3051. Tools
+    /// that copy files hold it, over a network for a minute; to end the program under the user's hands would cost him
+    /// more than the wait.
+    static constexpr std::chrono::milliseconds longestLockWait = std::chrono::seconds(90);
+    static void SetLockWait(std::chrono::milliseconds longest);
 
-private:
-    std::shared_ptr<Connection> connection_;
-    int unwinding_; ///< errors on their way when the batch began
+    /// Who is told when such a wait has become long enough to be felt, and when it is over.
+    static void SetWaitNotice(std::function<void(bool waiting)> notice);
 };
 
 } // namespace dao

@@ -1,6 +1,7 @@
 #include "platform/dao/file.h"
 
 #include "platform/dao/functions.h"
+#include "platform/dao/waiting.h"
 #include "platform/files/files.h"
 #include "platform/runtime/error.h"
 
@@ -20,7 +21,6 @@ namespace
 constexpr quint32 applicationId = 0x54564C44; // "TVLD"
 constexpr qsizetype headerSize = 100;
 constexpr qsizetype applicationIdAt = 68;
-constexpr int waitForLock = 1000; // milliseconds
 
 QString shownName(const QString &path)
 {
@@ -77,7 +77,7 @@ sqlite3 *openHandle(const QString &path, int flags)
         runtime::raise(3051, {shownName(path)});
     }
     sqlite3_extended_result_codes(handle, 1);
-    sqlite3_busy_timeout(handle, waitForLock);
+    installWaiting(handle);
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
@@ -105,6 +105,7 @@ void fill(const QString &path)
         {"PRAGMA application_id = " + QByteArray::number(applicationId),
          (u"CREATE TABLE "_s + quoted(countersTable) + u" (Tabela TEXT PRIMARY KEY, Ultimo INTEGER) WITHOUT ROWID"_s)
              .toUtf8()});
+    connection.commit();
 }
 
 } // namespace

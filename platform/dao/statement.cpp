@@ -1,6 +1,7 @@
 #include "platform/dao/statement.h"
 
 #include "platform/dao/functions.h"
+#include "platform/dao/waiting.h"
 #include "platform/runtime/error.h"
 
 #include <QDir>
@@ -66,6 +67,7 @@ Prepared::Prepared(sqlite3 *handle, const QByteArray &sql)
     sqlite3_stmt *statement = nullptr;
     const int result = sqlite3_prepare_v3(handle, sql.constData(), static_cast<int>(sql.size()) + 1,
                                           SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
+    endWaiting();
     statement_.reset(statement);
     if (result != SQLITE_OK) {
         raiseEngine(handle, result);
@@ -75,6 +77,7 @@ Prepared::Prepared(sqlite3 *handle, const QByteArray &sql)
 bool Prepared::step()
 {
     const int result = sqlite3_step(statement_.get());
+    endWaiting();
     if (result == SQLITE_ROW) {
         return true;
     }
@@ -85,6 +88,7 @@ bool Prepared::step()
 bool Prepared::stepUnlessTaken()
 {
     const int result = sqlite3_step(statement_.get());
+    endWaiting();
     if ((result & 0xFF) == SQLITE_CONSTRAINT) {
         sqlite3_reset(statement_.get());
         return false;

@@ -2,6 +2,7 @@
 
 #include "platform/dao/connection.h"
 #include "platform/dao/fields.h"
+#include "platform/dao/unit.h"
 #include "platform/runtime/error.h"
 
 #include <algorithm>
@@ -60,10 +61,11 @@ TableWriter::TableWriter(Connection &connection, std::shared_ptr<const Table> ta
 {
 }
 
-/// Reads the highest numbers anew: somebody else may have the file open. Inside a batch nobody else can write.
+/// Reads the highest numbers anew: somebody else may have the file open. While the lock for writing is held nobody else
+/// can write.
 void TableWriter::refresh()
 {
-    if (known_ && connection_.inBatch()) {
+    if (numbersAge_ == connection_.writingAge() && connection_.isWriting()) {
         return;
     }
     if (!numbers_) {
@@ -74,11 +76,15 @@ void TableWriter::refresh()
     given_->row = std::max(given_->row, numbers_.integer(0));
     given_->counter = std::max({given_->counter, numbers_.integer(1), numbers_.integer(2)});
     numbers_.reset();
-    known_ = true;
+    numbersAge_ = connection_.writingAge();
 }
 
+/// Inside a unit the number is taken under the lock for writing: no other workstation gets the same one.
 qint32 TableWriter::nextCounter()
 {
+    if (Unit::isOpen()) {
+        connection_.begin();
+    }
     refresh();
     if (given_->counter >= std::numeric_limits<qint32>::max()) {
         runtime::raise(6);
@@ -91,7 +97,8 @@ qint64 TableWriter::insert(std::vector<runtime::Value> values)
     for (size_t i = 0; i < values.size(); ++i) {
         checkForWriting(values[i], table_->fields[i]);
     }
-    if (!known_) {
+    Transaction transaction(connection_, Transaction::Holds::One);
+    if (numbersAge_ < 0) {
         refresh();
     }
     if (!insertRow(given_->row + 1, values)) {
@@ -107,7 +114,7 @@ qint64 TableWriter::insert(std::vector<runtime::Value> values)
         given_->counter = counter != nullptr ? std::max<qint64>(given_->counter, *counter) : given_->counter;
     }
     connection_.rowAdded(table_->name, given_->row);
-    connection_.countWrite();
+    transaction.commit();
     return given_->row;
 }
 
@@ -138,13 +145,14 @@ bool TableWriter::update(qint64 row, const std::vector<int> &places, const std::
         update_.bind(static_cast<int>(i) + 2, values[i]);
     }
     connection_.settle(table_->name);
+    Transaction transaction(connection_, Transaction::Holds::One);
     const auto change = [this] {
         update_.step();
         return sqlite3_changes(connection_.handle());
     };
     const bool counted = std::find(places.begin(), places.end(), table_->counter) != places.end();
     const int changed = counted ? keepingCounter(change) : change();
-    connection_.countWrite();
+    transaction.commit();
     return changed > 0;
 }
 
@@ -160,17 +168,18 @@ bool TableWriter::remove(qint64 row)
         remove_.step();
         return sqlite3_changes(connection_.handle());
     });
-    connection_.countWrite();
     return removed > 0;
 }
 
 int TableWriter::keepingCounter(const std::function<int()> &change)
 {
+    Transaction transaction(connection_, table_->counter < 0 ? Transaction::Holds::One : Transaction::Holds::Several);
     refresh();
     if (table_->counter < 0) {
-        return change();
+        const int changed = change();
+        transaction.commit();
+        return changed;
     }
-    Transaction transaction(connection_);
     const qint64 before = highestCounter();
     given_->counter = std::max(given_->counter, before);
     const int changed = change();

@@ -49,7 +49,7 @@ private:
     Connection &connection_;
     std::shared_ptr<const Table> table_;
     std::shared_ptr<GivenNumbers> given_;
-    bool known_ = false; ///< the numbers are read from the file
+    qint64 numbersAge_ = -1; ///< the connection's `writingAge` when the numbers were read from the file; -1: never
     Prepared numbers_;
     Prepared insert_;
     Prepared remove_;

@@ -1,5 +1,6 @@
 #include "tests/dao/golden.h"
 
+#include "platform/dao/unit.h"
 #include "platform/runtime/runtime.h"
 
 #include <QFile>
@@ -76,7 +77,7 @@ Golden::Golden() : database_(createDatabase(folder_, u"golden.mdb"_s))
     if (!file.open(QIODevice::ReadOnly)) {
         qFatal("golden.sql is missing");
     }
-    const dao::Batch batch(*database_);
+    const dao::Unit batch;
     const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n');
     for (const QString &line : lines) {
         if (!line.trimmed().isEmpty() && !line.startsWith(u"# "_s)) {

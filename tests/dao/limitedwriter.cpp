@@ -1,5 +1,6 @@
 // Adds rows to the table Caixa of a database until it can't. Prints how many it wrote and the number of the error.
 #include "platform/dao/database.h"
+#include "platform/dao/unit.h"
 #include "platform/runtime/error.h"
 
 #include <QString>
@@ -46,7 +47,7 @@ int main(int count, char **arguments)
     try {
         auto database = dao::DBEngine::OpenDatabase(QString::fromLocal8Bit(arguments[1]));
         if (QString::fromLocal8Bit(arguments[2]) == u"batch") {
-            const dao::Batch batch(*database);
+            const dao::Unit batch;
             fill(*database);
         } else {
             fill(*database);

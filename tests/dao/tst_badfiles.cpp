@@ -1,6 +1,7 @@
 // Files that are no database, that are damaged, locked, or can't grow. Whatever happens, the file on disk stays whole.
 #include "tests/dao/golden.h"
 
+#include "platform/dao/unit.h"
 #include "platform/runtime/runtime.h"
 
 #include <QDir>
@@ -80,6 +81,7 @@ private:
 void tst_badfiles::init()
 {
     folder_ = std::make_unique<QTemporaryDir>();
+    dao::DBEngine::SetLockWait(std::chrono::milliseconds(200));
 }
 void tst_badfiles::cleanup()
 {
@@ -90,7 +92,7 @@ void tst_badfiles::makeDatabase(int rows)
 {
     auto database = golden::createDatabase(*folder_);
     database->Execute(u"CREATE TABLE Caixa (Codigo COUNTER, Descricao TEXT(100), Saldo SINGLE)"_s);
-    const dao::Batch batch(*database);
+    const dao::Unit batch;
     for (int i = 0; i < rows; ++i) {
         database->Execute(
             u"INSERT INTO Caixa (Descricao, Saldo) VALUES ('%1', %2)"_s.arg(QString(80, u'X'), QString::number(i)));
@@ -184,7 +186,7 @@ void tst_badfiles::aNewDatabaseIsOpenToUserAndGroupAlone()
     const mode_t before = ::umask(mode_t(users));
     makeDatabase(10);
     auto database = dao::DBEngine::OpenDatabase(path());
-    const dao::Batch batch(*database);
+    const dao::Unit unit;
     database->Execute(u"UPDATE Caixa SET Saldo = 5"_s);
     ::umask(before);
     for (const QString &name : {path(), QString(path() + u"-journal"_s)}) {
@@ -238,7 +240,7 @@ void tst_badfiles::aLockedFileIsRefused()
     auto holder = dao::DBEngine::OpenDatabase(path());
     auto other = dao::DBEngine::OpenDatabase(path());
     {
-        const dao::Batch batch(*holder);
+        const dao::Unit batch;
         holder->Execute(u"UPDATE Caixa SET Saldo = 5 WHERE Codigo = 1"_s);
         QCOMPARE(errorOf([&] { other->Execute(u"UPDATE Caixa SET Saldo = 6 WHERE Codigo = 1"_s); }), 3051);
     }
@@ -288,7 +290,7 @@ void tst_badfiles::anInterruptedWriteIsTakenBack()
     makeDatabase(5000);
     auto database = dao::DBEngine::OpenDatabase(path());
     {
-        const dao::Batch batch(*database);
+        const dao::Unit batch;
         database->Execute(u"UPDATE Caixa SET Descricao = 'Y' WHERE Codigo > 10"_s);
         const QString journal = path() + u"-journal"_s;
         QVERIFY(QFile::exists(journal));

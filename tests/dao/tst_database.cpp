@@ -1,6 +1,7 @@
 // Opening, creating, tables and fields, batches.
 #include "tests/dao/golden.h"
 
+#include "platform/dao/unit.h"
 #include "platform/runtime/runtime.h"
 
 #include <QDir>
@@ -82,7 +83,7 @@ void tst_database::cleanup()
 
 void tst_database::fill(int count)
 {
-    const dao::Batch batch(*database_);
+    const dao::Unit batch;
     auto set = database_->OpenRecordset(u"Amostra"_s);
     for (int i = 0; i < count; ++i) {
         set.AddNew();
@@ -293,7 +294,7 @@ void tst_database::aFailingStatementWritesNothing()
     QCOMPARE(errorOf([&] { database_->Execute(u"UPDATE Amostra SET Nome = Left(Nome, 5 - Codigo)"_s); }), 3315);
     QCOMPARE(golden::rows(*database_, u"SELECT Nome FROM Amostra WHERE Codigo = 1"_s), QStringList{u"NOME 0"_s});
     QCOMPARE(errorOf([&] {
-                 const dao::Batch batch(*database_);
+                 const dao::Unit batch;
                  database_->Execute(u"UPDATE Amostra SET Valor = 7 WHERE Codigo = 2"_s);
                  database_->Execute(u"UPDATE Amostra SET Nome = Left(Nome, 5 - Codigo)"_s);
              }),
@@ -307,7 +308,7 @@ void tst_database::aBatchKeepsWhatWasWrittenBeforeAnError()
     database_->AppendTableDef(sampleTable());
     fill(5);
     QCOMPARE(errorOf([&] {
-                 const dao::Batch batch(*database_);
+                 const dao::Unit batch;
                  auto set = database_->OpenRecordset(u"SELECT * FROM Amostra ORDER BY Codigo"_s);
                  for (;; set.MoveNext()) {
                      set.Edit();
@@ -323,9 +324,9 @@ void tst_database::batchesNest()
 {
     database_->AppendTableDef(sampleTable());
     {
-        const dao::Batch outer(*database_);
+        const dao::Unit outer;
         {
-            const dao::Batch inner(*database_);
+            const dao::Unit inner;
             fill(2);
         }
         fill(3);

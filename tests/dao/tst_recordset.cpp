@@ -1,6 +1,7 @@
 // Walking, adding, changing and deleting rows.
 #include "tests/dao/golden.h"
 
+#include "platform/dao/unit.h"
 #include "platform/runtime/runtime.h"
 
 #include <QTest>
@@ -625,7 +626,7 @@ void tst_recordset::severalSetsOnOneTableDoNotDisturbEachOther()
 void tst_recordset::createList(int rows)
 {
     database().Execute(u"CREATE TABLE Lista (Codigo COUNTER, Nome TEXT(20))"_s);
-    const dao::Batch batch(database());
+    const dao::Unit batch;
     auto set = open(u"Lista"_s);
     for (int row = 0; row < rows; ++row) {
         set.AddNew();

@@ -5,6 +5,7 @@
 #include "core/funcoes.h"
 #include "core/modulo.h"
 #include "platform/dao/database.h"
+#include "platform/dao/unit.h"
 #include "platform/runtime/runtime.h"
 #include "shell/operadores.h"
 #include "tools/amostra/cadastros.h"
@@ -62,7 +63,7 @@ void semAviso(const QString &etapa, int feitos, int total)
 Resumo enche(Oficina &oficina, const Progresso &progresso)
 {
     Resumo resumo;
-    const dao::Batch lote(*core::DBDados);
+    const dao::Unit lote;
     runtime::setClock(runtime::Date{oficina.hoje.serial - diasDeCadastro});
     if (!shell::haOperadores()) {
         IncluiOperadores();

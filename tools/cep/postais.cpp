@@ -1,6 +1,7 @@
 #include "tools/cep/postais.h"
 
 #include "platform/dao/database.h"
+#include "platform/dao/unit.h"
 
 #include <QDir>
 #include <QFile>
@@ -176,7 +177,7 @@ qint64 preenche(const QString &arquivo, QFile &entrada, Codificacao codificacao,
     const auto banco = dao::DBEngine::CreateDatabase(arquivo, u";LANGID=0x0409;CP=1252;COUNTRY=0"_s);
     banco->AppendTableDef(tabela());
     LeitorCSV leitor(entrada, codificacao);
-    const dao::Batch juntas(*banco);
+    const dao::Unit juntas;
     Gravador gravador(*banco);
     gravaLinhas(leitor, gravador, andamento);
     if (gravador.gravados() == 0) {

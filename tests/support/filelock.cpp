@@ -1,0 +1,74 @@
+#include "tests/support/filelock.h"
+
+#include <QByteArray>
+
+#include <sqlite3.h>
+
+using namespace Qt::StringLiterals;
+
+namespace support
+{
+
+void OtherProgram::Closer::operator()(sqlite3 *handle) const
+{
+    sqlite3_close(handle);
+}
+
+OtherProgram::OtherProgram(const QString &path)
+{
+    sqlite3 *handle = nullptr;
+    if (sqlite3_open_v2(path.toUtf8().constData(), &handle, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
+        qFatal("%s can't be opened a second time", qPrintable(path));
+    }
+    handle_.reset(handle);
+}
+
+OtherProgram::~OtherProgram() = default;
+
+bool OtherProgram::run(const char *sql)
+{
+    return sqlite3_exec(handle_.get(), sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+bool OtherProgram::take()
+{
+    return run("BEGIN EXCLUSIVE");
+}
+
+bool OtherProgram::reserve()
+{
+    return run("BEGIN IMMEDIATE");
+}
+
+bool OtherProgram::read()
+{
+    return run("BEGIN; SELECT 1 FROM sqlite_schema");
+}
+
+int OtherProgram::count(const char *select)
+{
+    int found = -1;
+    const auto keep = [](void *place, int, char **texts, char **) {
+        *static_cast<int *>(place) = QByteArray(texts[0]).toInt();
+        return 0;
+    };
+    sqlite3_exec(handle_.get(), select, keep, &found, nullptr);
+    return found;
+}
+
+void OtherProgram::giveBack()
+{
+    run("ROLLBACK");
+}
+
+QString whatHolds(const QString &path)
+{
+    OtherProgram other(path);
+    if (other.take()) {
+        other.giveBack();
+        return {};
+    }
+    return u"the file is locked: "_s + path;
+}
+
+} // namespace support
