@@ -85,10 +85,11 @@ sqlite3 *openHandle(const QString &path, int flags)
     return handle;
 }
 
-/// Writes reach the disk before a statement counts as done, and nothing but the file itself lasts.
+/// Writes reach the disk before a statement counts as done, and so does the journal's removal: a journal that a power
+/// cut brought back would take the last write with it. Nothing but the file itself lasts.
 void configure(Connection &connection, bool readOnly)
 {
-    connection.run("PRAGMA synchronous = FULL");
+    connection.run("PRAGMA synchronous = EXTRA");
     connection.run("PRAGMA temp_store = MEMORY");
     connection.run("PRAGMA cache_size = -32000");
     if (!readOnly) {
