@@ -3,9 +3,13 @@
 #include "core/embaralha.h"
 #include "core/funcoes.h"
 #include "core/modulo.h"
+#include "platform/dao/database.h"
+#include "platform/dao/unit.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/boxes.h"
 #include "platform/ui/form.h"
+#include "platform/ui/units.h"
+#include "platform/ui/wait.h"
 
 #include <QAbstractSpinBox>
 #include <QApplication>
@@ -17,6 +21,7 @@
 #include <QRadioButton>
 
 #include <array>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -172,6 +177,15 @@ void LigaPerguntas()
     setPerguntaBase64(
         [](const QString &texto, const QString &titulo) { return ui::ConfirmOk(texto, ui::Icon::Exclamation, titulo); },
         [](const QString &texto, const QString &titulo) { ui::MsgBox(texto, ui::Icon::Exclamation, titulo); });
+}
+
+void LigaBanco()
+{
+    ui::setUnits({dao::Unit::enter, dao::Unit::leave, dao::Unit::pause, dao::Unit::resume});
+    dao::DBEngine::SetWaitNotice([](bool espera) {
+        static std::optional<ui::Hourglass> ampulheta;
+        espera ? static_cast<void>(ampulheta.emplace()) : ampulheta.reset();
+    });
 }
 
 void SelecionaTexto(QWidget *controle)

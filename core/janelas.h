@@ -20,6 +20,10 @@ inline constexpr auto propTextoAnterior = "textoAnterior";
 /// are read.
 void LigaPerguntas();
 
+/// Joins the databases to the windows: what one answer of the user sets off is one unit in the file, and while another
+/// program holds the file the pointer says that the program waits. Called once.
+void LigaBanco();
+
 /// Selects the control's whole text and gives it the focus; what can't take the focus is passed over.
 void SelecionaTexto(QWidget *controle);
 

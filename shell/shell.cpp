@@ -3,6 +3,7 @@
 #include "core/janelas.h"
 #include "core/modulo.h"
 #include "platform/printer/printer.h"
+#include "platform/ui/application.h"
 #include "platform/ui/forms.h"
 #include "shell/frmInfo.h"
 #include "shell/frmMDI.h"
@@ -41,11 +42,12 @@ void liga()
     QApplication::setWindowIcon(QIcon(u":/tarvelo.svg"_s));
     printer::printer().setOutputFolder(QDir(core::App::Path() + u"/impressos"_s));
     core::LigaPerguntas();
+    core::LigaBanco();
 }
 
 void comeca()
 {
-    QTimer::singleShot(0, qApp, [] { ui::Forms::instance().Load(u"frmSplash"_s); });
+    QTimer::singleShot(0, qApp, [] { ui::Application::run([] { ui::Forms::instance().Load(u"frmSplash"_s); }); });
 }
 
 void desmonta()

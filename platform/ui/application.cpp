@@ -4,6 +4,7 @@
 #include "platform/ui/boxes.h"
 #include "platform/ui/forms.h"
 #include "platform/ui/style.h"
+#include "platform/ui/units.h"
 
 #include <QLibraryInfo>
 #include <QLocale>
@@ -29,6 +30,15 @@ int programDepth = 0;
 QString errorBoxText(const runtime::RuntimeError &error)
 {
     return u"Erro em tempo de execução '%1':\n\n%2"_s.arg(error.number()).arg(error.description());
+}
+
+/// The pieces around the one that failed have written too. What they meet now is not told any more.
+void confirmUntold()
+{
+    try {
+        const UnitPause pause;
+    } catch (const runtime::RuntimeError &) { // NOLINT(bugprone-empty-catch): the first error hides it
+    }
 }
 
 void setReadableFont()
@@ -82,7 +92,7 @@ void Application::run(const std::function<void()> &action)
     }
     const QScopedValueRollback inside(programDepth, 1);
     try {
-        action();
+        runUnit(action);
     } catch (...) {
         deal(std::current_exception());
     }
@@ -113,6 +123,7 @@ void Application::fail(const QString &text)
         return;
     }
     programEnded = true;
+    confirmUntold();
     showBox(text, Icon::Critical, boxTitle());
     leave(EXIT_FAILURE);
 }

@@ -30,6 +30,7 @@ public:
     /// Runs a piece of the program that Qt calls, such as the event of a control; nothing when the program has ended.
     /// What it throws is dealt with here as in `notify`, before it passes through Qt's code, which is not made for
     /// that. Where the program itself is the caller (it sets a text, and the change is told), it passes to the caller.
+    /// What it writes is one unit up to its end, or up to the next box.
     static void run(const std::function<void()> &action);
 
     /// Runs an action that the program did not cause even when it stands in the middle of something: an activation.

@@ -2,6 +2,7 @@
 
 #include "platform/ui/application.h"
 #include "platform/ui/focus.h"
+#include "platform/ui/units.h"
 
 #include <QApplication>
 #include <QInputDialog>
@@ -58,9 +59,11 @@ QString captionOf(QMessageBox::StandardButton button)
     }
 }
 
-/// Runs a dialog above the active window and gives the activity back to that window afterwards.
+/// Runs a dialog above the active window and gives the activity back to that window afterwards. A box that tells of
+/// what was written comes after that is in the file.
 int run(const QPointer<QDialog> &dialog)
 {
+    const UnitPause pause;
     const QPointer<QWidget> caller = dialog->parentWidget();
     FocusTracker::instance().noteModal();
     dialog->setWindowModality(Qt::ApplicationModal);

@@ -4,6 +4,7 @@
 #include "platform/ui/application.h"
 #include "platform/ui/focus.h"
 #include "platform/ui/form.h"
+#include "platform/ui/units.h"
 
 #include <QApplication>
 #include <QEventLoop>
@@ -266,6 +267,7 @@ void Forms::ShowModal(const QString &name)
         QObject::connect(form, &Form::unloaded, &loop, &QEventLoop::quit);
         form->setWindowModality(Qt::ApplicationModal);
         showAlone(*form, caller);
+        const UnitPause unitPause;
         loop.exec();
     }
     checkEnded();

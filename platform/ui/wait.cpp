@@ -1,6 +1,7 @@
 #include "platform/ui/wait.h"
 
 #include "platform/ui/application.h"
+#include "platform/ui/units.h"
 
 #include <QEventLoop>
 #include <QGuiApplication>
@@ -28,13 +29,19 @@ void Espera(double seconds)
     const std::chrono::duration<double> length(seconds * waitFactor);
     QEventLoop loop;
     QTimer::singleShot(std::chrono::duration_cast<std::chrono::milliseconds>(length), &loop, &QEventLoop::quit);
-    loop.exec();
+    {
+        const UnitPause pause;
+        loop.exec();
+    }
     checkEnded();
 }
 
 void DoEvents()
 {
-    QCoreApplication::processEvents();
+    {
+        const UnitPause pause;
+        QCoreApplication::processEvents();
+    }
     checkEnded();
 }
 

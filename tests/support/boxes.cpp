@@ -38,6 +38,12 @@ void typeOver(const QInputDialog &dialog, const QString &text)
     }
 }
 
+std::function<QString()> &upCheck()
+{
+    static std::function<QString()> check;
+    return check;
+}
+
 void closeBox(QDialog &dialog)
 {
     QTest::keyClick(dialog.windowHandle(), Qt::Key_Escape);
@@ -47,6 +53,19 @@ void closeBox(QDialog &dialog)
 }
 
 } // namespace
+
+void Boxes::whileUp(std::function<QString()> check)
+{
+    upCheck() = std::move(check);
+}
+
+void Boxes::checkWhileUp(const QString &what)
+{
+    const QString wrong = upCheck() ? upCheck()() : QString();
+    if (!wrong.isEmpty()) {
+        failTest(u"while %1 was up: %2"_s.arg(what, wrong));
+    }
+}
 
 Boxes::Boxes() : report_(failTest)
 {
@@ -137,6 +156,7 @@ void Boxes::look()
         return;
     }
     answered_ = dialog;
+    checkWhileUp(u"the box \"%1\""_s.arg(dialog->windowTitle()));
     if (auto *box = qobject_cast<QMessageBox *>(dialog)) {
         answerMessage(*box);
     } else if (auto *input = qobject_cast<QInputDialog *>(dialog)) {

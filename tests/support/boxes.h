@@ -41,6 +41,13 @@ public:
     /// Where failures go: the running test, unless told otherwise. For the test of this class itself.
     void reportTo(std::function<void(const QString &)> report) { report_ = std::move(report); }
 
+    /// A check that is made while each box is up, whoever answers it: "", or what is wrong. The program folder of a
+    /// test (`Program`) sets one: another program must be able to write the database then.
+    static void whileUp(std::function<QString()> check);
+
+    /// Fails the test where that check finds something; for what is up besides boxes.
+    static void checkWhileUp(const QString &what);
+
     /// Checks that every expected box came.
     void finish();
 

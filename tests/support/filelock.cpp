@@ -1,6 +1,8 @@
 #include "tests/support/filelock.h"
 
 #include <QByteArray>
+#include <QFile>
+#include <QtEndian>
 
 #include <sqlite3.h>
 
@@ -59,6 +61,16 @@ int OtherProgram::count(const char *select)
 void OtherProgram::giveBack()
 {
     run("ROLLBACK");
+}
+
+quint32 writesOf(const QString &path)
+{
+    constexpr qint64 counterAt = 24;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || !file.seek(counterAt)) {
+        qFatal("%s can't be read", qPrintable(path));
+    }
+    return qFromBigEndian<quint32>(file.read(sizeof(quint32)).constData());
 }
 
 QString whatHolds(const QString &path)

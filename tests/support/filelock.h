@@ -37,6 +37,9 @@ private:
     std::unique_ptr<sqlite3, Closer> handle_;
 };
 
+/// How many writes of the engine the file has seen, by the counter that each of them moves. For a file at rest.
+quint32 writesOf(const QString &path);
+
 /// What keeps another program from writing the file: "" where nothing does.
 QString whatHolds(const QString &path);
 

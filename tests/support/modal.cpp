@@ -1,5 +1,7 @@
 #include "tests/support/modal.h"
 
+#include "tests/support/boxes.h"
+
 #include "platform/ui/form.h"
 #include "platform/ui/forms.h"
 
@@ -41,6 +43,7 @@ void whenShown(const QString &form, std::function<void()> action)
         timer->stop();
         timer->deleteLater();
         awaited().erase(form);
+        Boxes::checkWhileUp(form);
         action();
     });
     timer->start();

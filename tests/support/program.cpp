@@ -1,5 +1,8 @@
 #include "tests/support/program.h"
 
+#include "tests/support/boxes.h"
+#include "tests/support/filelock.h"
+
 #include "core/banco.h"
 #include "core/config.h"
 #include "core/embaralha.h"
@@ -7,6 +10,8 @@
 #include "core/janelas.h"
 #include "core/modulo.h"
 #include "core/razao.h"
+#include "platform/dao/database.h"
+#include "platform/dao/unit.h"
 #include "platform/printer/printer.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/boxes.h"
@@ -26,6 +31,9 @@ namespace support
 
 namespace
 {
+
+/// A test that locks the file to be refused would wait for the limit of the program.
+constexpr std::chrono::milliseconds lockWait{300};
 
 /// Without its fixture no case means anything: the whole program stops.
 [[noreturn]] void stop(const QString &reason)
@@ -100,6 +108,7 @@ void addOperator()
 
 void openDatabase()
 {
+    const dao::Unit unit; // one write, and not one a table
     core::AbreOuCriaBanco(critical);
     core::CriarDB(critical);
     addOperator();
@@ -128,14 +137,18 @@ Program::Program()
     printer::printer().setDevice(printer::devicePdf.toString());
     printer::printer().setOutputFolder(QDir(path(u"impressos"_s)));
     core::LigaPerguntas();
+    core::LigaBanco();
     readSettings();
     mustSucceed(openDatabase);
+    dao::DBEngine::SetLockWait(lockWait);
+    Boxes::whileUp([] { return core::DBDados ? whatHolds(core::DBDados->path()) : QString(); });
 }
 
 Program::~Program()
 {
     ui::Forms::instance().unloadAll();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    Boxes::whileUp({});
     close(core::DBDados);
     close(core::DBCEP);
     runtime::setClock(std::nullopt);
