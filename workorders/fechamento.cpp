@@ -7,6 +7,7 @@
 #include "platform/runtime/runtime.h"
 
 #include <array>
+#include <vector>
 
 namespace workorders
 {
@@ -157,13 +158,15 @@ void fechaFiado(const Fechamento &f)
     lancaContaFiado(f.codCliente, {u"ORDEM SERVIÇO Nº "_s + f.codigo, f.pagamento.valor});
 }
 
-void parcelaAVista(const Fechamento &f, const ParcelaOS &parcela)
+using DadosCheque = Fechamento::DadosCheque;
+
+void parcelaAVista(const Fechamento &f, const ParcelaOS &parcela, const DadosCheque & /*nenhum*/)
 {
     lancaCaixa({u"O.S. "_s + f.codigo + u" Parcela "_s + parcela.parcela, parcela.valor}, ultimoSaldoCaixa());
 }
 
 /// The only credit sale that stands among the accounts receivable too.
-void parcelaAPrazo(const Fechamento &f, const ParcelaOS &parcela)
+void parcelaAPrazo(const Fechamento &f, const ParcelaOS &parcela, const DadosCheque & /*nenhum*/)
 {
     lancaFiado(f, parcela.valor, parcela.vencimento);
     lancaContaFiado(f.codCliente,
@@ -173,9 +176,9 @@ void parcelaAPrazo(const Fechamento &f, const ParcelaOS &parcela)
     lancaContaReceber(descricao, parcela.valor, parcela.vencimento);
 }
 
-void parcelaEmCheque(const Fechamento &f, const ParcelaOS &parcela)
+void parcelaEmCheque(const Fechamento &f, const ParcelaOS &parcela, const DadosCheque &cheque)
 {
-    const qint32 numero = lancaCheque(f.codigo, f.pedeCheque(parcela), parcela.valor, parcela.vencimento);
+    const qint32 numero = lancaCheque(f.codigo, cheque, parcela.valor, parcela.vencimento);
     const QString descricao = u"CHEQUE: "_s + f.nomeCliente + u" - CÓD "_s + quatroDigitos(numero) + u'/' +
                               quatroDigitos(f.codigo) + u'-' + parcela.parcela;
     lancaContaReceber(descricao, parcela.valor, parcela.vencimento);
@@ -183,7 +186,7 @@ void parcelaEmCheque(const Fechamento &f, const ParcelaOS &parcela)
 
 struct Documento {
     QStringView nome;
-    void (*lanca)(const Fechamento &, const ParcelaOS &);
+    void (*lanca)(const Fechamento &, const ParcelaOS &, const DadosCheque &);
 };
 
 constexpr std::array<Documento, 3> documentos{{
@@ -192,20 +195,27 @@ constexpr std::array<Documento, 3> documentos{{
     {documentoCheque, parcelaEmCheque},
 }};
 
-void lancaParcela(const Fechamento &f, const ParcelaOS &parcela)
+void lancaParcela(const Fechamento &f, const ParcelaOS &parcela, const DadosCheque &cheque)
 {
     for (const Documento &documento : documentos) {
         if (documento.nome == parcela.documento) {
-            documento.lanca(f, parcela);
+            documento.lanca(f, parcela, cheque);
             return;
         }
     }
 }
 
+/// The user is asked for all cheques before the first row is written: a program that is killed while he is asked leaves
+/// no order half closed.
 void fechaPersonalizado(const Fechamento &f)
 {
+    std::vector<DadosCheque> cheques;
     for (const ParcelaOS &parcela : f.pagamento.parcelas) {
-        lancaParcela(f, parcela);
+        cheques.push_back(parcela.documento == documentoCheque ? f.pedeCheque(parcela) : DadosCheque{});
+    }
+    std::size_t i = 0;
+    for (const ParcelaOS &parcela : f.pagamento.parcelas) {
+        lancaParcela(f, parcela, cheques[i++]);
     }
 }
 

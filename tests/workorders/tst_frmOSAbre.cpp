@@ -2,6 +2,7 @@
 
 #include "platform/runtime/error.h"
 #include "platform/ui/application.h"
+#include "tests/support/filelock.h"
 #include "tests/support/modal.h"
 #include "tests/workorders/janelaos.h"
 
@@ -81,6 +82,7 @@ private slots:
     void refusesAnOrderWithoutCustomer();
     void nothingIsWrittenOnNo();
     void writesTheOrder();
+    void openingIsOneWriteOfTheFile();
     void anOrderWithoutItemsCanBeOpened();
     void writesItemsByListInTheFullLayout();
     void writesPartsAloneInTheCompactLayout();
@@ -419,6 +421,19 @@ void TstFrmOSAbre::writesTheOrder()
                       u"1234.5"_s, u"True"_s, u"False"_s, u"<Null>"_s, u"<Null>"_s, u"REVISAO"_s, u"JOAO"_s}};
     QCOMPARE(orders(), order);
     QCOMPARE(items(), (Rows{{u"1"_s, u"0"_s, u"1"_s, u"LAVAGEM"_s, u"1234.5"_s, u"A"_s}}));
+}
+
+/// A kill or a power cut leaves the whole order or none.
+void TstFrmOSAbre::openingIsOneWriteOfTheFile()
+{
+    openWithVehicle();
+    for (const auto &name : {u"LAVAGEM"_s, u"ESTOPA"_s, u"REVISÃO"_s}) {
+        add(u"1"_s, name, u"10"_s);
+    }
+    const quint32 before = support::writesOf(core::DBDados->path());
+    include();
+    QCOMPARE(support::writesOf(core::DBDados->path()) - before, 1U);
+    QCOMPARE(items().size(), 3U);
 }
 
 void TstFrmOSAbre::anOrderWithoutItemsCanBeOpened()

@@ -1,7 +1,9 @@
 #include "tests/workorders/janelapagto.h"
 
+#include "tests/support/filelock.h"
 #include "tests/support/modal.h"
 
+#include "core/modulo.h"
 #include "platform/printer/printer.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/form.h"
@@ -11,6 +13,8 @@
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using namespace pagto;
@@ -76,6 +80,9 @@ private slots:
     void theCustomPlanClosesWithAnyBalance();
     void eachFormMarksTheOrderAndTakesTheStock_data();
     void eachFormMarksTheOrderAndTakesTheStock();
+    void eachFormIsOneWriteOfTheFile_data();
+    void eachFormIsOneWriteOfTheFile();
+    void nothingIsWrittenWhileTheChequesAreAskedFor();
     void anOrderThatIsGoneIsPassedOver();
 
     void theQueryShowsTheMomentOfClosing();
@@ -404,6 +411,61 @@ void tst_frmOSFormaPagto_fechar::eachFormMarksTheOrderAndTakesTheStock()
         });
     QTEST(order(), "state");
     QCOMPARE(table(u"Estoque"_s).last(), u"2|1|15/05/2024|VENDA O.S. 0001|<Null>|2|-2"_s);
+}
+
+void tst_frmOSFormaPagto_fechar::eachFormIsOneWriteOfTheFile_data()
+{
+    eachFormMarksTheOrderAndTakesTheStock_data();
+}
+
+/// A kill or a power cut leaves the order open without a trace, or closed with everything.
+void tst_frmOSFormaPagto_fechar::eachFormIsOneWriteOfTheFile()
+{
+    QFETCH(int, tab);
+    const QString file = core::DBDados->path();
+    const quint32 before = support::writesOf(file);
+    close(
+        tab, [&] { fillForm(tab); },
+        [&] {
+            if (tab == 3) {
+                boxes_->input(u"Digite o Número do Cheque da 01ª Parcela"_s, u"1"_s);
+            }
+        });
+    QTEST(order(), "state");
+    QCOMPARE(support::writesOf(file) - before, 1U);
+}
+
+void tst_frmOSFormaPagto_fechar::nothingIsWrittenWhileTheChequesAreAskedFor()
+{
+    const QString file = core::DBDados->path();
+    const quint32 before = support::writesOf(file);
+    quint32 meanwhile = 0;
+    QTimer look;
+    connect(&look, &QTimer::timeout, this, [&] {
+        if (qobject_cast<QInputDialog *>(QApplication::activeModalWidget()) != nullptr) {
+            meanwhile = std::max(meanwhile, support::writesOf(file) - before + 1);
+        }
+    });
+    look.start(1);
+    close(
+        5,
+        [] {
+            enter(u"txtValor_5"_s, u"40"_s);
+            press(u"btnItemAdd"_s);
+            enter(u"txtData_5"_s, u"20072024"_s);
+            enter(u"txtValor_5"_s, u"60"_s);
+            press(u"optDocumento_2"_s);
+            press(u"btnItemAdd"_s);
+        },
+        [&] {
+            boxes_->input(u"Digite o nome do Banco da parcela 02"_s, u"ITAÚ"_s)
+                .input(u"Digite o Nº da conta do cheque da parcela 02"_s, u"1"_s)
+                .input(u"Digite o Nº do cheque da parcela 02"_s, u"2"_s);
+        });
+    QCOMPARE(meanwhile, 1U); // seen, and no write in it
+    QCOMPARE(support::writesOf(file) - before, 1U);
+    QCOMPARE(table(u"Caixa"_s).size(), 1);
+    QCOMPARE(table(u"Cheques"_s).size(), 1);
 }
 
 void tst_frmOSFormaPagto_fechar::anOrderThatIsGoneIsPassedOver()
