@@ -1,11 +1,13 @@
-// Opens and closes orders without end on the program folder given as argument, and tells each finished operation on
-// its standard output: "ABERTA code" and "FECHADA code form". The crash test kills it while it works.
+// Opens and closes orders without end on the program folder given as argument, each operation as one unit, as the
+// windows do it. Tells each finished one on its standard output: "ABERTA code" and "FECHADA code form". The crash test
+// kills it while it works.
 #include "workorders/abertura.h"
 #include "workorders/fechamento.h"
 
 #include "core/config.h"
 #include "core/esquema.h"
 #include "core/modulo.h"
+#include "platform/dao/unit.h"
 #include "platform/runtime/runtime.h"
 
 #include <QCoreApplication>
@@ -57,6 +59,18 @@ Fechamento closing(qint32 code, FormaPagamento form)
     return closing;
 }
 
+qint32 open()
+{
+    const dao::Unit unit;
+    return AbreOrdem(newOrder());
+}
+
+void close(qint32 code, FormaPagamento form)
+{
+    const dao::Unit unit;
+    FechaOrdem(closing(code, form));
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -71,10 +85,10 @@ int main(int argc, char **argv)
     tell(u"PRONTO"_s);
 
     for (int turn = 0;; ++turn) {
-        const auto code = AbreOrdem(newOrder());
+        const auto code = open();
         tell(u"ABERTA %1"_s.arg(code));
         const auto form = static_cast<FormaPagamento>(turn % 6);
-        FechaOrdem(closing(code, form));
+        close(code, form);
         tell(u"FECHADA %1 %2"_s.arg(code).arg(turn % 6));
     }
 }

@@ -1,5 +1,5 @@
 // Kills the program at random moments while it opens and closes orders. Whatever the moment, the file opens again,
-// is whole, and holds every row that a finished operation wrote.
+// is whole, holds every row that a finished operation wrote, and of the one that was cut all rows or none.
 #include "tests/support/program.h"
 
 #include "core/caminhos.h"
@@ -46,6 +46,36 @@ const std::array<std::vector<Trace>, allForms> &tracesOfForms()
     return traces;
 }
 
+/// Everything that closing an order %1 may leave, and how many rows of it each payment form does.
+struct Posting {
+    QString count;
+    std::array<int, allForms> rows;
+};
+
+const std::vector<Posting> &postings()
+{
+    static const std::vector<Posting> all = {
+        {u"SELECT count(Codigo) FROM Caixa WHERE Descricao = 'O.S. %1'"_s, {1, 0, 0, 0, 0, 0}},
+        {u"SELECT count(Codigo) FROM Caixa WHERE Descricao LIKE 'O.S. %1 Parcela *'"_s, {0, 0, 0, 0, 0, 1}},
+        {u"SELECT count(Codigo) FROM Cheques WHERE CodOs = %1"_s, {0, 1, 0, 2, 0, 1}},
+        {u"SELECT count(Codigo) FROM ContasReceber WHERE Descricao LIKE 'CHEQUE CÓD */%1-*'"_s, {0, 1, 0, 2, 0, 0}},
+        {u"SELECT count(Codigo) FROM ContasReceber WHERE Descricao LIKE 'CARNÊ Nº %1-*'"_s, {0, 0, 2, 0, 0, 0}},
+        {u"SELECT count(Codigo) FROM ContasReceber WHERE Descricao LIKE 'CHEQUE: *CÓD */%1-*'"_s, {0, 0, 0, 0, 0, 1}},
+        {u"SELECT count(Codigo) FROM Fiados WHERE CodOs = %1"_s, {0, 0, 0, 0, 1, 0}},
+        {u"SELECT count(Codigo) FROM ContaFiado WHERE Descricao = 'ORDEM SERVIÇO Nº %1'"_s, {0, 0, 0, 0, 1, 0}},
+        {u"SELECT count(Codigo) FROM Estoque WHERE Descricao = 'VENDA O.S. %1'"_s, {1, 1, 1, 1, 1, 1}},
+    };
+    return all;
+}
+
+/// Which form an order was closed with, by what the order says of it: nothing is store credit.
+int formOf(const QString &name)
+{
+    static const QStringList names{u"À VISTA"_s,          u"CHEQUE-PRÉ"_s, u"PARCELADO CARNÊ"_s,
+                                   u"PARCELADO CHEQUE"_s, u"<Null>"_s,     u"PAGAMENTO PERSONALIZADO"_s};
+    return static_cast<int>(names.indexOf(name));
+}
+
 class tst_crash : public QObject
 {
     Q_OBJECT
@@ -59,6 +89,8 @@ private:
     void workUntilKilled();
     void readFinished(const QByteArray &output);
     void checkFile();
+    void checkWhole();
+    void checkOrder(const QStringList &order);
     void checkOpened(int code);
     void checkClosed(int code, int form);
     int count(const QString &select) const;
@@ -68,6 +100,7 @@ private:
     std::vector<int> opened_;
     std::map<int, int> closed_;
     std::size_t checkedOpened_ = 0;
+    QString checkedWhole_ = u"0"_s; ///< up to which order
 };
 
 void tst_crash::init()
@@ -134,6 +167,36 @@ void tst_crash::checkClosed(int code, int form)
     QCOMPARE(count(u"SELECT count(Codigo) FROM Estoque WHERE Descricao = 'VENDA O.S. %1'"_s.arg(shown)), 1);
 }
 
+/// An order that stands is there with all its items; one that is closed with all its postings, one that is open with
+/// none. Whether its operation was told to be finished makes no difference.
+void tst_crash::checkOrder(const QStringList &order)
+{
+    const auto &code = order[0];
+    const bool open = order[1] == u"True";
+    checkOpened(code.toInt());
+    const auto shown = runtime::Format(code.toInt(), u"0000");
+    const auto form = static_cast<std::size_t>(formOf(order[2]));
+    for (const auto &posting : postings()) {
+        const int found = count(posting.count.arg(shown));
+        const int due = open ? 0 : posting.rows.at(form);
+        QVERIFY2(found == due,
+                 qPrintable(u"order %1: %2 rows and not %3: %4"_s.arg(shown).arg(found).arg(due).arg(posting.count)));
+    }
+}
+
+void tst_crash::checkWhole()
+{
+    const auto orders =
+        program_->rows(u"SELECT Codigo, EmAberto, FormaPagto FROM OrdemServico WHERE Codigo > %1 ORDER BY Codigo"_s.arg(
+            checkedWhole_));
+    for (const auto &order : orders) {
+        checkOrder(order);
+        checkedWhole_ = order[0];
+    }
+    const int items = count(u"SELECT count(Codigo) FROM OSPecas"_s);
+    QCOMPARE(items, 3 * count(u"SELECT count(Codigo) FROM OrdemServico"_s));
+}
+
 void tst_crash::checkFile()
 {
     core::DBDados = dao::DBEngine::OpenDatabase(core::caminho(core::ArquivoDB));
@@ -145,6 +208,7 @@ void tst_crash::checkFile()
             checkClosed(closed->first, closed->second);
         }
     }
+    checkWhole();
 }
 
 void tst_crash::everyFinishedOperationSurvivesAKill()
