@@ -8,8 +8,8 @@
 #include "platform/ui/form.h"
 #include "platform/ui/wait.h"
 #include "tests/support/boxes.h"
-#include "tests/support/filelock.h"
 #include "tests/support/modal.h"
+#include "tests/support/otherprogram.h"
 #include "tests/support/program.h"
 
 #include <QDir>

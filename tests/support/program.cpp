@@ -1,7 +1,7 @@
 #include "tests/support/program.h"
 
 #include "tests/support/boxes.h"
-#include "tests/support/filelock.h"
+#include "tests/support/otherprogram.h"
 
 #include "core/banco.h"
 #include "core/config.h"

@@ -1,4 +1,4 @@
-#include "tests/support/filelock.h"
+#include "tests/support/otherprogram.h"
 
 #include <QByteArray>
 #include <QFile>
