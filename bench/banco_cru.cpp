@@ -61,7 +61,7 @@ BancoCru::BancoCru(const QString &path)
     sqlite3_collation_needed(handle, nullptr, supplyCollation);
     sqlite3_create_function(handle, "CONTEM", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, contains, nullptr,
                             nullptr);
-    execute("PRAGMA synchronous=FULL");
+    execute("PRAGMA synchronous=EXTRA");
 }
 
 void BancoCru::execute(const char *statement)

@@ -2,6 +2,7 @@
 #include "bench/oficina.h"
 #include "bench/relator.h"
 
+#include "platform/dao/unit.h"
 #include "platform/runtime/runtime.h"
 #include "workorders/abertura.h"
 #include "workorders/fechamento.h"
@@ -35,12 +36,16 @@ void openAndClose(benchmark::State &state)
     closing.codCliente = u"1"_s;
     closing.total = u"200,00"_s;
     for (auto turn : state) {
-        closing.codigo = runtime::Format(AbreOrdem(order), u"0000");
+        {
+            const dao::Unit unit;
+            closing.codigo = runtime::Format(AbreOrdem(order), u"0000");
+        }
+        const dao::Unit unit;
         FechaOrdem(closing);
     }
 }
 
-/// The same rows with prepared statements, each its own commit.
+/// The same rows with prepared statements, opening and closing each one commit.
 class BareOrders
 {
 public:
@@ -50,11 +55,15 @@ public:
     {
         const auto now = runtime::Now().serial;
         const auto code = nextCode_++;
+        database_.execute("BEGIN");
         open(code, now);
         for (int item = 0; item < items; ++item) {
             addItem(code);
         }
+        database_.execute("COMMIT");
+        database_.execute("BEGIN");
         close(code, now);
+        database_.execute("COMMIT");
     }
 
 private:
