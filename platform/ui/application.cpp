@@ -2,15 +2,20 @@
 
 #include "platform/runtime/error.h"
 #include "platform/ui/boxes.h"
+#include "platform/ui/focus.h"
 #include "platform/ui/forms.h"
 #include "platform/ui/style.h"
 #include "platform/ui/units.h"
 
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QPointer>
 #include <QScopedValueRollback>
+#include <QThread>
 #include <QTimer>
 #include <QTranslator>
+
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +31,34 @@ bool programEnded = false;
 
 /// More than 0 while the program's own code runs, up to the next event that is delivered inside of it.
 int programDepth = 0;
+
+/// A window that was closed, and the level of the event loop that may delete it.
+struct Closed {
+    QPointer<QWidget> window;
+    int loopLevel;
+};
+
+std::vector<Closed> &closedWindows()
+{
+    static std::vector<Closed> windows;
+    return windows;
+}
+
+void discardDue()
+{
+    auto &windows = closedWindows();
+    if (windows.empty()) {
+        return;
+    }
+    const int level = QThread::currentThread()->loopLevel();
+    std::erase_if(windows, [level](const Closed &closed) {
+        const bool due = closed.loopLevel >= level;
+        if (due && closed.window) {
+            closed.window->deleteLater();
+        }
+        return due;
+    });
+}
 
 QString errorBoxText(const runtime::RuntimeError &error)
 {
@@ -65,6 +98,9 @@ Application::Application(int &argc, char **argv) : QApplication(argc, argv)
 Application::~Application()
 {
     Forms::instance().unloadAll();
+    for (const auto &closed : std::exchange(closedWindows(), {})) {
+        delete closed.window;
+    }
     sendPostedEvents(nullptr, QEvent::DeferredDelete);
     programEnded = false;
 }
@@ -72,12 +108,29 @@ Application::~Application()
 bool Application::notify(QObject *receiver, QEvent *event)
 {
     const QScopedValueRollback outside(programDepth, 0);
+    bool taken = true;
     try {
-        return QApplication::notify(receiver, event);
+        taken = deliver(receiver, event);
     } catch (...) {
         deal(std::current_exception());
     }
-    return true;
+    discardDue();
+    return taken;
+}
+
+/// What the focus is due to tell comes ahead of what the user does next, and behind what moved it; the receiver and the
+/// event may be gone by then.
+bool Application::deliver(QObject *receiver, QEvent *event)
+{
+    if (!FocusTracker::settlesAfter(receiver, event)) {
+        return QApplication::notify(receiver, event);
+    }
+    auto &tracker = FocusTracker::instance();
+    const bool lost = (event->type() == QEvent::MouseButtonPress && !tracker.settleForClick()) ||
+                      (event->type() == QEvent::KeyPress && !tracker.settle());
+    const bool taken = lost || QApplication::notify(receiver, event);
+    tracker.settle();
+    return taken;
 }
 
 void Application::run(const std::function<void()> &action)
@@ -98,10 +151,10 @@ void Application::run(const std::function<void()> &action)
     }
 }
 
-void Application::runApart(const std::function<void()> &action)
+void Application::discard(QWidget *window, int loopLevel)
 {
-    const QScopedValueRollback outside(programDepth, 0);
-    action();
+    closedWindows().push_back({window, loopLevel});
+    discardDue();
 }
 
 void Application::deal(const std::exception_ptr &thrown)

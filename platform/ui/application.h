@@ -33,8 +33,9 @@ public:
     /// What it writes is one unit up to its end, or up to the next box.
     static void run(const std::function<void()> &action);
 
-    /// Runs an action that the program did not cause even when it stands in the middle of something: an activation.
-    static void runApart(const std::function<void()> &action);
+    /// Deletes a closed window as soon as the event loop of this level is back in charge. The handlers that wait below
+    /// a modal window may still stand in it.
+    static void discard(QWidget *window, int loopLevel);
 
     /// True from the call of `End` on.
     static bool ended();
@@ -46,6 +47,8 @@ private:
     static void deal(const std::exception_ptr &thrown);
     static void fail(const QString &text);
     static void leave(int code);
+
+    bool deliver(QObject *receiver, QEvent *event);
 };
 
 /// Ends the program at once: nothing is saved, no question is asked. Does not return.

@@ -1,8 +1,8 @@
 #include "platform/ui/focus.h"
 
-#include "platform/ui/application.h"
 #include "platform/ui/form.h"
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QScopedValueRollback>
 
@@ -102,7 +102,19 @@ FocusTracker &FocusTracker::instance()
 
 FocusTracker::FocusTracker(QObject *parent) : QObject(parent)
 {
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { focusChanged(now); });
+    connect(qApp, &QApplication::focusChanged, this, &FocusTracker::focusChanged);
+}
+
+bool FocusTracker::settlesAfter(const QObject *receiver, const QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MetaCall:
+    case QEvent::Timer:
+    case QEvent::Shortcut:
+        return true;
+    default:
+        return receiver->isWindowType() && event->isInputEvent();
+    }
 }
 
 void FocusTracker::forget(Form *form)
@@ -112,72 +124,65 @@ void FocusTracker::forget(Form *form)
     }
 }
 
-void FocusTracker::leave()
+/// A change inside an event that is being told is found when that event is done.
+void FocusTracker::focusChanged()
 {
-    if (telling_) {
-        return;
-    }
-    const QPointer<QWidget> left = std::exchange(current_, nullptr);
-    const QScopedValueRollback guard(telling_, true);
-    if (auto *form = formOf(left)) {
-        form->tellLostFocus(left);
+    if (!telling_ && !isPassing(reason_)) {
+        note();
     }
 }
 
-void FocusTracker::focusChanged(QWidget *now)
+void FocusTracker::note()
 {
-    if (telling_ || isPassing(reason_)) {
-        return;
-    }
-    auto *control = controlAt(now);
-    if (!control || control == current_) {
-        return;
-    }
-    // A child window hides for a moment while it is maximized or restored: the focus wanders inside before it rests.
-    if (!control->isVisible()) {
-        lookAgain();
-        return;
-    }
-    // An activation comes straight from the window system: nobody there takes an exception.
-    if (reason_ == Qt::ActiveWindowFocusReason) {
-        Application::runApart([this, now, control] { change(formOf(now), control); });
-    } else {
-        change(formOf(now), control);
+    due_ = true;
+    if (!std::exchange(posted_, true)) {
+        const auto settleNow = [this] {
+            posted_ = false;
+            settle();
+        };
+        QMetaObject::invokeMethod(this, settleNow, Qt::QueuedConnection);
     }
 }
 
-/// Once: a focus that stays hidden is nobody's.
-void FocusTracker::lookAgain()
+bool FocusTracker::settle()
 {
-    if (std::exchange(lookingAgain_, true)) {
-        return;
+    if (telling_ || !std::exchange(due_, false)) {
+        return true;
     }
-    const auto look = [this] {
-        focusChanged(QApplication::focusWidget());
-        lookingAgain_ = false;
-    };
-    QMetaObject::invokeMethod(this, look, Qt::QueuedConnection);
+    auto *control = controlAt(QApplication::focusWidget());
+    // A child window hides for a moment while it is maximized or restored: a focus that stays hidden is nobody's.
+    if (!control || control == current_ || !control->isVisible()) {
+        return true;
+    }
+    return change(formOf(control), control);
 }
 
-void FocusTracker::change(const QPointer<Form> &form, QWidget *control)
+bool FocusTracker::settleForClick()
 {
-    const auto reason = reason_;
+    const QPointer<QWidget> before = current_;
+    const bool byMouse = reason_ == Qt::MouseFocusReason;
+    const bool undisturbed = settle();
+    const bool selected = byMouse && current_ != before && isSelected(current_);
+    clickLost_ = !undisturbed || selected;
+    return !clickLost_;
+}
+
+bool FocusTracker::change(const QPointer<Form> &form, QWidget *control)
+{
     const auto modalsBefore = modals_;
-    const QPointer<QWidget> left = std::exchange(current_, control);
     {
         const QScopedValueRollback guard(telling_, true);
-        if (auto *old = formOf(left)) {
+        const QPointer<QWidget> left = std::exchange(current_, control);
+        const bool knows = std::exchange(knows_, false);
+        if (auto *old = formOf(left); old && !knows) {
             old->tellLostFocus(left);
         }
-        settle(form);
+        enter(form);
     }
-    const bool disturbed = modals_ != modalsBefore || current_ != control;
-    if (reason == Qt::MouseFocusReason && (disturbed || isSelected(control))) {
-        loseClick(control);
-    }
+    return modals_ == modalsBefore && current_ == control;
 }
 
-void FocusTracker::settle(const QPointer<Form> &form)
+void FocusTracker::enter(const QPointer<Form> &form)
 {
     for (int moves = 0; moves < mostMoves; ++moves) {
         current_ = resting(form);
@@ -191,39 +196,48 @@ void FocusTracker::settle(const QPointer<Form> &form)
     }
 }
 
-void FocusTracker::loseClick(QWidget *control)
+void FocusTracker::noteModal()
 {
-    lostClick_ = control;
-    pressDue_ = true;
-    // The press follows in the same turn of the event loop, or it went elsewhere.
-    QMetaObject::invokeMethod(
-        this, [this] { pressDue_ = false; }, Qt::QueuedConnection);
+    settle();
+    ++modals_;
 }
 
-bool FocusTracker::swallows(QWidget *control, QEvent::Type type)
+void FocusTracker::leave()
 {
-    const bool hit = lostClick_ && control == lostClick_;
-    if (type == QEvent::MouseButtonPress) {
-        swallowing_ = hit && std::exchange(pressDue_, false);
-        return swallowing_;
+    settle();
+    auto *form = formOf(current_);
+    if (telling_ || knows_ || !form) {
+        return;
     }
-    return hit && swallowing_ && (type == QEvent::MouseButtonRelease || type == QEvent::MouseButtonDblClick);
+    {
+        const QScopedValueRollback guard(telling_, true);
+        knows_ = true;
+        form->tellLostFocus(current_);
+    }
+    note(); // where no other window comes up after all, the focus rests where this left it
 }
 
-FocusTracker::Pause::Pause()
-    : telling_(std::exchange(FocusTracker::instance().telling_, false)), current_(FocusTracker::instance().current_)
+void FocusTracker::touched(const QWidget *control)
+{
+    if (control == current_) {
+        knows_ = false;
+    }
+}
+
+FocusTracker::Pause::Pause() : tracker_(FocusTracker::instance()), telling_(std::exchange(tracker_.telling_, false))
 {
     if (telling_) {
-        FocusTracker::instance().current_ = nullptr;
+        current_ = std::exchange(tracker_.current_, nullptr);
+        knows_ = std::exchange(tracker_.knows_, false);
     }
 }
 
 FocusTracker::Pause::~Pause()
 {
-    auto &tracker = FocusTracker::instance();
     if (telling_) {
-        tracker.telling_ = true;
-        tracker.current_ = current_;
+        tracker_.telling_ = true;
+        tracker_.current_ = current_;
+        tracker_.knows_ = knows_;
     }
 }
 

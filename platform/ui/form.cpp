@@ -19,6 +19,7 @@
 #include <QSpinBox>
 #include <QTabBar>
 #include <QTextEdit>
+#include <QThread>
 #include <QToolButton>
 
 namespace ui
@@ -88,7 +89,7 @@ void plainCombo(QComboBox *combo)
 
 } // namespace
 
-Form::Form(const QString &name)
+Form::Form(const QString &name) : loopLevel_(QThread::currentThread()->loopLevel())
 {
     setObjectName(name);
     FocusTracker::instance();
@@ -114,7 +115,7 @@ void Form::Unload()
     auto *frame = qobject_cast<QMdiSubWindow *>(parentWidget());
     auto *window = frame ? static_cast<QWidget *>(frame) : this;
     window->close();
-    window->deleteLater();
+    Application::discard(window, loopLevel_);
 }
 
 void Form::closeEvent(QCloseEvent *event)
@@ -175,6 +176,10 @@ bool Form::eventFilter(QObject *object, QEvent *event)
 {
     auto *widget = static_cast<QWidget *>(object);
     if (unloading_) {
+        // The frame would be deleted with the next turn of whatever event loop runs: it goes when the window goes.
+        if (event->type() == QEvent::Hide) {
+            widget->setAttribute(Qt::WA_DeleteOnClose, false);
+        }
         return isInput(event->type());
     }
     if (replaying_ || formOf(widget) != this) {
@@ -196,28 +201,43 @@ bool Form::eventFilter(QObject *object, QEvent *event)
     case QEvent::FocusOut:
         FocusTracker::instance().setReason(static_cast<QFocusEvent *>(event)->reason());
         return false;
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-        return FocusTracker::instance().swallows(control, event->type());
-    case QEvent::MouseButtonDblClick:
-        return FocusTracker::instance().swallows(control, event->type()) || doubleClicked(control);
-    case QEvent::Shortcut:
-        return !shortcutActs(widget);
     case QEvent::ShortcutOverride:
         if (handles(control, static_cast<QKeyEvent *>(event))) {
             event->accept();
             return true;
         }
         return false;
+    default:
+        return isInput(event->type()) && userActs(control, widget, event);
+    }
+}
+
+/// True where the event goes no further: what it did to the focus comes first, and may have shown a box or closed this
+/// window.
+bool Form::userActs(QWidget *control, QWidget *widget, QEvent *event)
+{
+    auto &tracker = FocusTracker::instance();
+    loopLevel_ = std::min(loopLevel_, QThread::currentThread()->loopLevel());
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        tracker.touched(control);
+        return !tracker.settleForClick() || unloading_;
+    case QEvent::MouseButtonRelease:
+        return tracker.swallows();
+    case QEvent::MouseButtonDblClick:
+        return tracker.swallows() || !tracker.settleForClick() || unloading_ || doubleClicked(control);
+    case QEvent::Shortcut:
+        return !shortcutActs(widget);
+    case QEvent::InputMethod:
+        return committed(control, widget, static_cast<QInputMethodEvent *>(event));
     case QEvent::KeyPress:
         // The list of an open combo, a calendar: their keys are their own.
         if (widget->window() != window()) {
             return false;
         }
-        return keyPressed(control, static_cast<QKeyEvent *>(event)) ||
+        tracker.touched(control);
+        return !tracker.settle() || keyPressed(control, static_cast<QKeyEvent *>(event)) ||
                typed(control, widget, static_cast<QKeyEvent *>(event));
-    case QEvent::InputMethod:
-        return committed(control, widget, static_cast<QInputMethodEvent *>(event));
     default:
         return false;
     }
@@ -244,11 +264,9 @@ bool Form::doubleClicked(QWidget *control)
 /// A button that its mnemonic presses takes the focus first, as a click does; else the field would be left behind it.
 bool Form::shortcutActs(QWidget *widget)
 {
-    auto &tracker = FocusTracker::instance();
-    const int boxes = tracker.modals();
     if (qobject_cast<QAbstractButton *>(widget) && (widget->focusPolicy() & Qt::ClickFocus) != 0) {
         widget->setFocus(Qt::ShortcutFocusReason);
-        return tracker.modals() == boxes && widget->hasFocus();
+        return FocusTracker::instance().settle() && widget->hasFocus();
     }
     return true;
 }

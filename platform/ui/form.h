@@ -38,6 +38,9 @@ public:
     void Unload();
     bool unloading() const { return unloading_; }
 
+    /// The outermost event loop that the window has worked in: the one that may delete it.
+    int loopLevel() const { return loopLevel_; }
+
     /// The control that a widget is part of: the combo of its line edit, the list of its viewport; the widget itself
     /// otherwise.
     QWidget *controlOf(QWidget *widget) const;
@@ -145,6 +148,7 @@ private:
     bool enterPressed(QWidget *control, const QKeyEvent *event);
     bool typed(QWidget *control, QWidget *widget, QKeyEvent *event);
     bool committed(QWidget *control, QWidget *widget, QInputMethodEvent *event);
+    bool userActs(QWidget *control, QWidget *widget, QEvent *event);
     bool doubleClicked(QWidget *control);
     bool shortcutActs(QWidget *widget);
     bool handles(QWidget *control, const QKeyEvent *event) const;
@@ -161,6 +165,7 @@ private:
     QHash<QWidget *, QHash<int, Handler>> keys_;
     QHash<QWidget *, std::function<QChar(QChar)>> filters_;
     Centre centre_ = Centre::No;
+    int loopLevel_;
     bool escapeUnloads_ = false;
     bool replaying_ = false;
     bool unloading_ = false;

@@ -180,9 +180,10 @@ void Forms::bringUp(Form &form)
 void Forms::takeFromArea(Form &form)
 {
     if (auto *frame = frameOf(form)) {
-        frame->mdiArea()->removeSubWindow(&form);
-        frame->close();
-        frame->deleteLater();
+        auto *area = frame->mdiArea();
+        area->removeSubWindow(&form);
+        area->removeSubWindow(frame);
+        Application::discard(frame, form.loopLevel());
     }
 }
 
@@ -209,6 +210,7 @@ void Forms::showInArea(Form &form)
 {
     const auto wanted = wantedSize(form);
     auto *frame = area_->addSubWindow(&form);
+    frame->installEventFilter(&form);
     frame->setWindowIcon(form.windowIcon());
     frame->ensurePolished();
     const auto border = frame->sizeHint() - form.sizeHint();
@@ -259,8 +261,7 @@ void Forms::ShowModal(const QString &name)
         return;
     }
     const QPointer<QWidget> caller = frontWindow();
-    auto &tracker = FocusTracker::instance();
-    tracker.noteModal();
+    FocusTracker::instance().noteModal();
     {
         const FocusTracker::Pause pause;
         QEventLoop loop;

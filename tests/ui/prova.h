@@ -181,6 +181,13 @@ inline void key(const QWidget *control, Qt::Key code, Qt::KeyboardModifiers modi
     QTest::keyClick(windowOf(control), code, modifiers);
 }
 
+/// The program moves the focus from outside of any event, and the windows hear of it.
+inline void moveTo(QWidget *control)
+{
+    control->setFocus();
+    QCoreApplication::processEvents();
+}
+
 inline void typeText(const QWidget *control, const QString &text)
 {
     for (const auto letter : text) {

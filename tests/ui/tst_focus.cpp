@@ -102,9 +102,9 @@ void tst_focus::leavingIsToldBeforeTheClick()
 
 void tst_focus::setFocusByTheProgramIsTold()
 {
-    form_->txtDois->setFocus();
+    moveTo(form_->txtDois);
     QCOMPARE(told, (QStringList{u"txtUm LostFocus"_s, u"txtDois GotFocus"_s}));
-    form_->txtDois->setFocus();
+    moveTo(form_->txtDois);
     QCOMPARE(told.size(), 2);
 }
 
@@ -115,12 +115,12 @@ void tst_focus::innerPartsBelongToTheirControl()
     click(form_->spnQuatro);
     QCOMPARE(told.last(), u"cboTres LostFocus"_s);
     clickRow(form_->Lista, 1);
-    QCOMPARE(told.mid(3), (QStringList{u"spnQuatro LostFocus"_s, u"Lista GotFocus"_s, u"Lista Click 1"_s}));
+    QTRY_COMPARE(told.mid(3), (QStringList{u"spnQuatro LostFocus"_s, u"Lista GotFocus"_s, u"Lista Click 1"_s}));
 }
 
 void tst_focus::openListOfAComboIsNotLeaving()
 {
-    form_->cboFixo->setFocus();
+    moveTo(form_->cboFixo);
     told.clear();
     form_->cboFixo->showPopup();
     auto *view = form_->cboFixo->view();
@@ -194,14 +194,14 @@ void tst_focus::anotherChildWindowIsLeaving()
     main.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&main));
     area->setActiveSubWindow(static_cast<QMdiSubWindow *>(one->parentWidget()));
-    one->txtUm->setFocus();
+    moveTo(one->txtUm);
     told.clear();
     area->setActiveSubWindow(static_cast<QMdiSubWindow *>(two->parentWidget()));
     QVERIFY(two->txtUm->hasFocus());
-    QCOMPARE(told, (QStringList{u"txtUm LostFocus"_s, u"txtUm GotFocus"_s}));
+    QTRY_COMPARE(told, (QStringList{u"txtUm LostFocus"_s, u"txtUm GotFocus"_s}));
     told.clear();
     area->setActiveSubWindow(static_cast<QMdiSubWindow *>(one->parentWidget()));
-    QCOMPARE(told, (QStringList{u"txtUm LostFocus"_s, u"txtUm GotFocus"_s}));
+    QTRY_COMPARE(told, (QStringList{u"txtUm LostFocus"_s, u"txtUm GotFocus"_s}));
 }
 
 /// The window hides for a moment, and the focus wanders: no field that it passes is left.
@@ -261,7 +261,7 @@ void tst_focus::mnemonicOfAButtonLeavesTheFieldFirst()
 {
     key(form_, Qt::Key_F, Qt::AltModifier);
     QTRY_COMPARE(told, (QStringList{u"txtUm LostFocus"_s, u"btnFazer GotFocus"_s, u"btnFazer Click"_s}));
-    form_->txtUm->setFocus();
+    moveTo(form_->txtUm);
     told.clear();
     support::Boxes boxes;
     boxes.exclamation(u"Inválido"_s);
@@ -278,7 +278,7 @@ void tst_focus::controlAddedLaterIsWatched()
     page->setParent(form_);
     page->show();
     form_->watchLate(late);
-    late->setFocus();
+    moveTo(late);
     QCOMPARE(told, (QStringList{u"txtUm LostFocus"_s, u"late GotFocus"_s}));
     typeText(form_, u"abc"_s);
     QCOMPARE(late->text(), u"ABC"_s);
@@ -372,7 +372,7 @@ void tst_focus::toolButtonAndTabLeaveTheFieldFirst()
     QTRY_VERIFY(tool->isVisible() && tabs->isVisible());
     click(tool);
     QCOMPARE(told, (QStringList{u"txtUm LostFocus"_s, u"btnFerramenta Click"_s}));
-    form_->txtUm->setFocus();
+    moveTo(form_->txtUm);
     told.clear();
     const auto *bar = tabs->tabBar();
     QTest::mouseClick(windowOf(bar), Qt::LeftButton, {}, placeOf(bar, bar->tabRect(1).center()));
@@ -458,10 +458,10 @@ void tst_focus::gotFocusThatMovesTheFocusOn()
     QCOMPARE(told, (QStringList{u"txtUm LostFocus"_s, u"txtDois GotFocus"_s, u"cboTres GotFocus"_s}));
     // Two that send it to each other come to rest.
     actions[u"cboTres GotFocus"_s] = [this] { form_->txtDois->setFocus(); };
-    form_->txtUm->setFocus();
+    moveTo(form_->txtUm);
     told.clear();
-    form_->txtDois->setFocus();
-    QVERIFY(told.size() < 8);
+    moveTo(form_->txtDois);
+    QVERIFY(told.size() > 1 && told.size() < 8);
 }
 
 void tst_focus::fieldOfAModalWindowInsideAnEventIsTold()
@@ -495,7 +495,7 @@ void tst_focus::boxInAClickThenAnotherField()
     click(form_->btnFazer);
     QVERIFY(QTest::qWaitForWindowActive(form_));
     QVERIFY(form_->txtDois->hasFocus());
-    QCOMPARE(told.mid(3), (QStringList{u"btnFazer LostFocus"_s, u"txtDois GotFocus"_s}));
+    QTRY_COMPARE(told.mid(3), (QStringList{u"btnFazer LostFocus"_s, u"txtDois GotFocus"_s}));
 }
 
 int main(int argc, char **argv)

@@ -84,7 +84,7 @@ void tst_form::shiftEnterGoesBack()
 
 void tst_form::enterPressesTheFocusedButton()
 {
-    form_->btnFazer->setFocus();
+    moveTo(form_->btnFazer);
     told.clear();
     key(form_, Qt::Key_Return);
     QCOMPARE(told, QStringList{u"btnFazer Click"_s});
@@ -93,7 +93,7 @@ void tst_form::enterPressesTheFocusedButton()
 
 void tst_form::enterOnAListIsADoubleClickOnce()
 {
-    form_->Lista->setFocus();
+    moveTo(form_->Lista);
     form_->Lista->selectRow(1);
     told.clear();
     key(form_, Qt::Key_Return);
@@ -214,7 +214,7 @@ void tst_form::functionKeyGoesToItsControlOnly()
 {
     key(form_, Qt::Key_F1);
     QCOMPARE(told, QStringList{u"txtUm F1"_s});
-    form_->txtDois->setFocus();
+    moveTo(form_->txtDois);
     told.clear();
     key(form_, Qt::Key_F1);
     QVERIFY(told.isEmpty());
@@ -222,7 +222,7 @@ void tst_form::functionKeyGoesToItsControlOnly()
 
 void tst_form::keysOfAList()
 {
-    form_->Lista->setFocus();
+    moveTo(form_->Lista);
     form_->Lista->selectRow(0);
     told.clear();
     key(form_, Qt::Key_Delete);
