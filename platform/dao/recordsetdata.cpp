@@ -18,7 +18,7 @@ RecordsetData::RecordsetData(std::shared_ptr<Connection> connection, std::shared
       width_(plan_->keyset ? plan_->tables.size() : 0), newest_(width_, std::numeric_limits<qint64>::max())
 {
     connection_->handle();
-    if (width_ != 0 && plan_->sorted) {
+    if (width_ != 0 && (plan_->sorted || looksElsewhere())) {
         drain();
         holdFile();
     } else {
@@ -33,6 +33,13 @@ RecordsetData::RecordsetData(std::shared_ptr<Connection> connection, std::shared
 RecordsetData::~RecordsetData()
 {
     close();
+}
+
+/// Whether the rows depend on a table whose row numbers are not theirs: in a query inside the condition a new row can't
+/// be told from those that were there at opening.
+bool RecordsetData::looksElsewhere() const
+{
+    return plan_->reads.size() > plan_->rowNumbers();
 }
 
 void RecordsetData::copyRows()

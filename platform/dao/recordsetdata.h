@@ -57,6 +57,7 @@ private:
     bool empty() const { return drained_ && rows() == deleted_; }
     size_t rows() const { return width_ == 0 ? copied_ : keys_.size() / width_; }
     bool isDeleted(size_t row) const { return width_ == 1 && keys_[row] == 0; }
+    bool looksElsewhere() const;
     void copyRows();
     bool fetch();
     bool fetchKey(Prepared &statement);

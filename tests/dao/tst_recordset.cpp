@@ -49,6 +49,7 @@ private slots:
     void rowsAddedAtTheLastRowAreWalkedBothWays();
     void newRowsStandAtTheEndOfTheSet();
     void rowsAddedElsewhereAreNotMet();
+    void rowsAddedToAQueriedTableBringNoRows();
     void aMoveGivesUpTheRowBeingWritten();
     void editingWritesOnlyTheChangedFields();
     void everyRowIsMetOnceWhileTheOrderingFieldChanges();
@@ -392,6 +393,17 @@ void tst_recordset::rowsAddedElsewhereAreNotMet()
     database().Execute(u"INSERT INTO Caixa (Descricao) VALUES ('AINDA')"_s);
     late.MoveLast();
     QCOMPARE(late.value(0), Value(qint32{10}));
+}
+
+void tst_recordset::rowsAddedToAQueriedTableBringNoRows()
+{
+    const QString source = u"SELECT Codigo FROM Caixa WHERE Entrada IN (SELECT Valor FROM OrdemServico)"_s;
+    const QStringList before = rows(source);
+    auto set = open(source);
+    database().Execute(u"INSERT INTO OrdemServico (Valor) VALUES (100)"_s);
+    database().Execute(u"UPDATE Caixa SET Saldo = 0"_s);
+    QCOMPARE(walk(set), before);
+    QCOMPARE(rows(source), QStringList{u"1"_s} + before);
 }
 
 void tst_recordset::aMoveGivesUpTheRowBeingWritten()
