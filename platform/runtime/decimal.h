@@ -23,7 +23,8 @@ struct Decimal {
 inline constexpr int singleDigits = 7;
 inline constexpr int doubleDigits = 15;
 
-/// The decimal text of a finite number in `digits` significant digits, trailing zeros dropped.
+/// The decimal text of a finite number in `digits` significant digits, trailing zeros dropped. The last digit is
+/// rounded half away from zero on the number's exact value.
 Decimal decimalOf(double value, int digits);
 
 /// Rounds to `decimals` places behind the point, half away from zero.

@@ -244,6 +244,13 @@ void tst_numbers::textOfValues_data()
     QTest::newRow("money Single") << Value(1234.56F) << u"1234,56"_s;
     QTest::newRow("seven digits of a Single") << Value(123456.78F) << u"123456,8"_s;
     QTest::newRow("eight digits of a Single") << Value(12345678.0F) << u"1,234568E+07"_s;
+    QTest::newRow("half behind a Single's digits") << Value(654322.25F) << u"654322,3"_s;
+    QTest::newRow("half below zero") << Value(-654322.25F) << u"-654322,3"_s;
+    QTest::newRow("half in a Single's units") << Value(1000000.5F) << u"1000001"_s;
+    QTest::newRow("half above a Single's digits") << Value(16777205.0F) << u"1,677721E+07"_s;
+    QTest::newRow("half of a small Single") << Value(0.00048828125F) << u"4,882813E-04"_s;
+    QTest::newRow("just below the half") << Value(654322.1875F) << u"654322,2"_s;
+    QTest::newRow("half behind a Double's digits") << Value(1234567890123.125) << u"1234567890123,13"_s;
     QTest::newRow("small Single") << Value(1.0F / 30) << u"3,333334E-02"_s;
     QTest::newRow("date") << Value(Date{45443}) << u"31/05/2024"_s;
     QTest::newRow("date and time") << Value(Date{45443.5}) << u"31/05/2024 12:00:00"_s;
