@@ -78,6 +78,14 @@ QByteArrayView withoutQuotes(QByteArrayView value)
     return quoted ? value.sliced(1, value.size() - 2) : value;
 }
 
+QString withoutBlanksBehind(QString text)
+{
+    while (text.endsWith(u' ')) {
+        text.chop(1);
+    }
+    return text;
+}
+
 std::optional<QByteArrayView> findValue(const QString &section, const QString &key, QByteArrayView contents)
 {
     bool inside = false;
@@ -221,7 +229,7 @@ QString readProfileText(const QString &section, const QString &key, const QStrin
                         QByteArrayView contents)
 {
     const auto value = findValue(section, key, contents);
-    return (value ? fromWestern(*value) : defaultText).left(std::max(size - 1, 0));
+    return (value ? fromWestern(*value) : withoutBlanksBehind(defaultText)).left(std::max(size - 1, 0));
 }
 
 QString readProfile(const QString &section, const QString &key, const QString &defaultText, int size,

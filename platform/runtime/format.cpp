@@ -85,7 +85,7 @@ Mask readMask(QStringView text)
 QString Format(const Value &value, QStringView mask)
 {
     if (IsNull(value)) {
-        return u""_s;
+        return formatNull(readMask(mask));
     }
     if (mask.isEmpty()) {
         return CStr(value);

@@ -2,6 +2,8 @@
 #include "platform/runtime/masks.h"
 
 #include <algorithm>
+#include <array>
+#include <span>
 
 namespace runtime
 {
@@ -9,7 +11,9 @@ namespace runtime
 namespace
 {
 
-// What a number mask asks for: places it has, and how many of them are written even when empty.
+using Section = std::span<const MaskItem>;
+
+// What a section of a number mask asks for: places it has, and how many of them are written even when empty.
 struct Places {
     int integer = 0;
     int integerShown = 0;
@@ -36,10 +40,10 @@ void countPlace(Places &places, bool shown)
     places.integerShown += shown || places.integerShown > 0 ? 1 : 0;
 }
 
-Places placesOf(const Mask &mask)
+Places placesOf(Section section)
 {
     Places places;
-    for (const auto item : mask) {
+    for (const auto item : section) {
         if (isPlace(item)) {
             countPlace(places, item.character == u'0');
         } else if (!item.plain) {
@@ -143,20 +147,69 @@ void NumberWriter::write(MaskItem item)
     }
 }
 
-} // namespace
+// The sections of a mask, between semicolons: positive, negative, zero, Null. One that is missing or empty is that of
+// the positive numbers; that of Null stays empty.
+struct Sections {
+    std::array<Section, 4> all;
 
-QString formatNumber(Decimal number, const Mask &mask)
+    Section positive() const { return all[0]; }
+    Section negative() const { return hasNegative() ? all[1] : all[0]; }
+    Section zero() const { return all[2].empty() ? all[0] : all[2]; }
+    bool hasNegative() const { return !all[1].empty(); }
+};
+
+Sections sectionsOf(const Mask &mask)
 {
-    const auto places = placesOf(mask);
+    Sections sections;
+    const auto isEnd = [](MaskItem item) { return !item.plain && item.character == u';'; };
+    const auto *begin = mask.begin();
+    for (auto &section : sections.all) {
+        const auto *const end = std::find_if(begin, mask.end(), isEnd);
+        section = {begin, end};
+        begin = end == mask.end() ? end : end + 1;
+    }
+    return sections;
+}
+
+// A number as a section shows it, rounded to its decimals.
+Decimal roundedFor(Decimal number, const Places &places)
+{
     if (places.percent && number.count > 0) {
         number.point += 2;
     }
     roundDecimal(number, places.decimals);
-    NumberWriter writer(number, places);
-    for (const auto item : mask) {
+    return number;
+}
+
+QString writeSection(const Decimal &rounded, Section section, const Places &places)
+{
+    NumberWriter writer(rounded, places);
+    for (const auto item : section) {
         writer.write(item);
     }
     return writer.text();
+}
+
+} // namespace
+
+// A number that its own section rounds to zero is none of that section's any more.
+QString formatNumber(const Decimal &number, const Mask &mask)
+{
+    const auto sections = sectionsOf(mask);
+    const auto section = number.negative ? sections.negative() : sections.positive();
+    const auto places = placesOf(section);
+    auto rounded = roundedFor(number, places);
+    if (rounded.count == 0) {
+        return writeSection(rounded, sections.zero(), placesOf(sections.zero()));
+    }
+    rounded.negative = rounded.negative && !sections.hasNegative();
+    return writeSection(rounded, section, places);
+}
+
+QString formatNull(const Mask &mask)
+{
+    const auto section = sectionsOf(mask).all[3];
+    return writeSection({}, section, placesOf(section));
 }
 
 } // namespace runtime

@@ -50,6 +50,7 @@ public:
     void beginDecimals() { decimals_ = true; }
     void setExponent(int exponent) { exponent_ = exponent; }
     bool isEmpty() const { return text_.isEmpty(); }
+    bool hasDecimals() const { return decimals_; }
     double value();
 
 private:
@@ -372,7 +373,11 @@ double Val(QStringView text)
     if (digits.isEmpty()) {
         return 0;
     }
-    digits.setExponent(exponentValue(QStringView(packed).mid(at, exponentEnd(packed, at) - at)));
+    const auto end = exponentEnd(packed, at);
+    digits.setExponent(exponentValue(QStringView(packed).mid(at, end - at)));
+    if (digits.hasDecimals() && QStringView(packed).mid(end).startsWith(u'%')) {
+        raise(13);
+    }
     const auto value = digits.value();
     if (std::isinf(value)) {
         raise(6);
