@@ -314,6 +314,7 @@ void tst_unit::aWriteWaitsForALock_data()
         QTest::addRow("another's reading, %d ms, a set open here", time) << &OtherProgram::read << time << true;
         QTest::addRow("the whole file, %d ms", time) << &OtherProgram::take << time << false;
     }
+    QTest::newRow("a slow copy, a minute") << &OtherProgram::read << 60'000 << true;
 }
 
 void tst_unit::aWriteWaitsForALock()
