@@ -1,5 +1,7 @@
 #include "shell/areafundo.h"
 
+#include "core/figuras.h"
+
 #include <QPaintEvent>
 #include <QPainter>
 
@@ -28,7 +30,7 @@ AreaFundo::AreaFundo(QWidget *parent) : QMdiArea(parent)
 
 void AreaFundo::setFundo(const QString &arquivo)
 {
-    fundo_ = QPixmap(arquivo);
+    fundo_ = QPixmap::fromImage(core::LeFigura(arquivo));
     viewport()->update();
 }
 

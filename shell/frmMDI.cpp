@@ -1,6 +1,5 @@
 #include "shell/frmMDI.h"
 
-#include "core/caminhos.h"
 #include "core/config.h"
 #include "core/esquema.h"
 #include "core/modulo.h"
@@ -101,7 +100,7 @@ void frmMDI::mostraTitulos()
 void frmMDI::carregaFundo()
 {
     if (core::Config(u"DesativarGraficos"_s) == u"N") {
-        ui_->MDIArea->setFundo(core::caminho(core::App::Path() + core::ArquivoFundo));
+        ui_->MDIArea->setFundo(core::App::Path() + core::ArquivoFundo);
     }
 }
 

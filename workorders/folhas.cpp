@@ -1,7 +1,7 @@
 #include "workorders/folhas.h"
 
-#include "core/caminhos.h"
 #include "core/config.h"
+#include "core/figuras.h"
 #include "core/funcoes.h"
 #include "core/modulo.h"
 
@@ -25,7 +25,7 @@ Folhas::Folhas(printer::Surface &saida, QString titulo, Cabecalho cabecalho, int
 
 void Folhas::imprimeLogo()
 {
-    saida_.PaintPicture(QImage(caminho(ArquivoLogo)), 0, 0, 12, 3.5);
+    saida_.PaintPicture(LeFigura(ArquivoLogo), 0, 0, 12, 3.5);
 }
 
 void Folhas::imprimeTitulo()

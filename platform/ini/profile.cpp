@@ -1,5 +1,6 @@
 #include "platform/ini/profile.h"
 
+#include "platform/files/files.h"
 #include "platform/runtime/text.h"
 
 #include <QFile>
@@ -202,7 +203,7 @@ std::optional<QByteArray> fileContents(const QString &path)
     if (!file.exists()) {
         return QByteArray();
     }
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!files::isOrdinary(path) || !file.open(QIODevice::ReadOnly)) {
         return std::nullopt;
     }
     const auto contents = file.readAll();

@@ -7,6 +7,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
 using namespace Qt::StringLiterals;
 using ini::readProfile;
 using ini::readProfileText;
@@ -44,10 +48,16 @@ private slots:
     void readOnlyFileIsLeftAlone();
     void folderThatIsNotThere();
     void folderInPlaceOfTheFile();
+#ifdef Q_OS_UNIX
+    void pipeInPlaceOfTheFile();
+#endif
     void nothingButTheFileIsLeftBehind();
 
 private:
-    QString path() const { return folder_->filePath(u"config.ini"_s); }
+    QString path() const
+    {
+        return folder_->filePath(u"config.ini"_s);
+    }
     void put(const QByteArray &contents) const;
     QByteArray stored() const;
     void checkRead(const support::TsvRow &row) const;
@@ -227,6 +237,19 @@ void tst_profile::folderInPlaceOfTheFile()
     QVERIFY(!writeProfile(u"s"_s, u"k"_s, u"2"_s, folder_->path()));
     QVERIFY(QDir(folder_->path()).exists());
 }
+
+#ifdef Q_OS_UNIX
+
+/// Nobody is at its other end: to open it would be to wait for ever.
+void tst_profile::pipeInPlaceOfTheFile()
+{
+    QCOMPARE(::mkfifo(QFile::encodeName(path()).constData(), 0600), 0);
+    QCOMPARE(readProfile(u"s"_s, u"k"_s, u"padrao"_s, 255, path()), u"padrao"_s);
+    QVERIFY(!writeProfile(u"s"_s, u"k"_s, u"2"_s, path()));
+    QVERIFY(QFileInfo::exists(path()) && !QFileInfo(path()).isFile());
+}
+
+#endif
 
 void tst_profile::nothingButTheFileIsLeftBehind()
 {
