@@ -205,9 +205,20 @@ void ListModel::dropAll()
     announced_ = 0;
 }
 
+QStringView ListModel::cell(int row, int column) const
+{
+    return column < stride_ ? view(cells_[size_t(order_[row]) * stride_ + column]) : QStringView();
+}
+
 QString ListModel::text(int row, int column) const
 {
-    return column < stride_ ? view(cells_[size_t(order_[row]) * stride_ + column]).toString() : QString();
+    return cell(row, column).toString();
+}
+
+QString ListModel::shownText(int row, int column) const
+{
+    const auto whole = cell(row, column);
+    return whole.size() > longestShown ? whole.first(longestShown) + u'…' : whole.toString();
 }
 
 void ListModel::setText(int row, int column, const QString &text)
@@ -337,7 +348,7 @@ QVariant ListModel::data(const QModelIndex &index, int role) const
     const int column = index.column();
     switch (role) {
     case Qt::DisplayRole:
-        return text(row, column);
+        return shownText(row, column);
     case Qt::TextAlignmentRole:
         return QVariant::fromValue(columns_.at(column).alignment);
     case Qt::DecorationRole:

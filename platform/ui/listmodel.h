@@ -30,6 +30,10 @@ public:
     void removeOne(int row);
     void clear();
 
+    /// What the view paints of a cell: no more than anybody reads. A text of a megabyte takes the view a pause a cell.
+    static constexpr qsizetype longestShown = 1000;
+    QString shownText(int row, int column) const;
+
     /// Memory that the rows take, in bytes.
     qsizetype bytesHeld() const;
 
@@ -74,6 +78,7 @@ private:
 
     Piece store(const QString &text);
     QStringView view(Piece piece) const;
+    QStringView cell(int row, int column) const;
     void put(Piece &piece, const QString &text);
     void compact();
     void widen(int columns);

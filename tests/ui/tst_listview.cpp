@@ -139,6 +139,7 @@ private slots:
     void manyRowsSortAsFastAsAPlainVector();
     void manyRowsTakeLittleMemory();
     void changedTextsDoNotPileUp();
+    void longTextsAreCutForShowing();
 };
 
 void tst_listview::rowsKeepTheirTexts()
@@ -660,6 +661,38 @@ void tst_listview::changedTextsDoNotPileUp()
     QCOMPARE(model.text(row, 0), u"VALOR NÚMERO 199999"_s);
     QCOMPARE(model.tag(row), u"199999"_s);
     QVERIFY2(model.bytesHeld() < 1000000, qPrintable(QString::number(model.bytesHeld())));
+}
+
+/// A list of such texts is painted as quickly as one of texts that just fill the bound; what is kept is the whole.
+void tst_listview::longTextsAreCutForShowing()
+{
+    constexpr qsizetype megabyte = 1000000;
+    constexpr int rows = 30;
+    const auto paintTime = [](qsizetype length) {
+        ui::ListView list;
+        list.resize(400, 600);
+        list.addColumn(u"Um"_s, 3000);
+        for (int row = 0; row < rows; ++row) {
+            list.addItem(QString(length, u'M'));
+        }
+        list.grab(); // the first one makes fonts ready
+        QElapsedTimer clock;
+        clock.start();
+        list.grab();
+        return clock.elapsed();
+    };
+    ui::ListView list;
+    list.addColumn(u"Um"_s, 3000);
+    list.addItem(QString(ui::ListModel::longestShown, u'M'));
+    list.addItem(QString(megabyte, u'M'));
+    list.selectRow(1);
+    const auto shown = [&list](int row) { return list.model()->index(row, 0).data().toString(); };
+    QCOMPARE(shown(0), QString(ui::ListModel::longestShown, u'M'));
+    QCOMPARE(shown(1), QString(ui::ListModel::longestShown, u'M') + u'…');
+    QCOMPARE(list.item(1).text().size(), megabyte);
+    const auto usual = paintTime(ui::ListModel::longestShown);
+    const auto huge = paintTime(megabyte);
+    QVERIFY2(huge <= 3 * usual + 50, qPrintable(u"%1 ms against %2 ms"_s.arg(huge).arg(usual)));
 }
 
 int main(int argc, char **argv)
