@@ -177,7 +177,7 @@ void Application::fail(const QString &text)
     }
     programEnded = true;
     confirmUntold();
-    showBox(text, Icon::Critical, boxTitle());
+    ClosingBox(text);
     leave(EXIT_FAILURE);
 }
 

@@ -83,7 +83,8 @@ void addButtons(QMessageBox &box, QMessageBox::StandardButtons buttons)
 
 /// Without a check for the program's end, which the callers make.
 QMessageBox::StandardButton show(const QString &text, Icon icon, const QString &caption,
-                                 QMessageBox::StandardButton accept, QMessageBox::StandardButton refuse)
+                                 QMessageBox::StandardButton accept, QMessageBox::StandardButton refuse,
+                                 const QString &note = {})
 {
     // On the heap: a parent that goes while the box is up takes the box along.
     const QPointer<QMessageBox> box = new QMessageBox(frontWindow());
@@ -91,6 +92,7 @@ QMessageBox::StandardButton show(const QString &text, Icon icon, const QString &
     box->setWindowTitle(caption);
     box->setTextFormat(Qt::PlainText);
     box->setText(text);
+    box->setInformativeText(note);
     addButtons(*box, accept | refuse);
     box->setDefaultButton(accept);
     box->setEscapeButton(refuse);
@@ -126,14 +128,15 @@ QString boxTitle()
     return title();
 }
 
-void showBox(const QString &text, Icon icon, const QString &caption)
+void ClosingBox(const QString &text, const QString &caption)
 {
-    show(text, icon, caption, QMessageBox::Ok, QMessageBox::Ok);
+    show(text, Icon::Critical, caption, QMessageBox::Ok, QMessageBox::Ok,
+         u"O programa será fechado. O que já foi gravado continua gravado."_s);
 }
 
 void MsgBox(const QString &text, Icon icon, const QString &caption)
 {
-    showBox(text, icon, caption);
+    show(text, icon, caption, QMessageBox::Ok, QMessageBox::Ok);
     checkEnded();
 }
 

@@ -27,7 +27,8 @@ bool ConfirmOk(const QString &text, Icon icon, const QString &title = boxTitle()
 /// A real QInputDialog. Cancel and an empty answer are both "".
 QString InputBox(const QString &prompt, const QString &title = boxTitle(), const QString &defaultText = {});
 
-/// The box of `MsgBox` for the program's end: it returns even when the program has ended.
-void showBox(const QString &text, Icon icon, const QString &title);
+/// A critical box behind which the program closes, and says so below its text. It returns even when the program has
+/// ended.
+void ClosingBox(const QString &text, const QString &title = boxTitle());
 
 } // namespace ui

@@ -86,6 +86,7 @@ private slots:
 
     void settingsAreBrazilian();
     void runtimeErrorShowsNumberAndTextAndEnds();
+    void theBoxSaysThatTheProgramCloses();
     void anyExceptionEndsTheProgramWithItsText();
     void nothingRunsBehindAnError();
     void errorInALoadEnds();
@@ -137,6 +138,25 @@ void tst_application::runtimeErrorShowsNumberAndTextAndEnds()
         runProgram([] { throw runtime::RuntimeError(3061, u"Parâmetros insuficientes. Eram esperados 1."_s); });
     QCOMPARE(code, 1);
     QVERIFY(ui::Application::ended());
+}
+
+/// Below the error's own text, which stays as it is.
+void tst_application::theBoxSaysThatTheProgramCloses()
+{
+    QString text;
+    QString note;
+    QTimer looking;
+    connect(&looking, &QTimer::timeout, qApp, [&] {
+        if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
+            text = box->text();
+            note = box->informativeText();
+            box->button(QMessageBox::Ok)->click();
+        }
+    });
+    looking.start(5);
+    QCOMPARE(runProgram([] { throw runtime::RuntimeError(53, u"x"_s); }), 1);
+    QCOMPARE(text, u"Erro em tempo de execução '53':\n\nx"_s);
+    QCOMPARE(note, u"O programa será fechado. O que já foi gravado continua gravado."_s);
 }
 
 void tst_application::anyExceptionEndsTheProgramWithItsText()
