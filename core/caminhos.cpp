@@ -1,7 +1,11 @@
 #include "core/caminhos.h"
 
+#include "platform/files/files.h"
+#include "platform/ini/profile.h"
+
 #include <QDir>
 #include <QFileInfo>
+#include <QStorageInfo>
 #include <QStringList>
 #include <QTemporaryFile>
 
@@ -42,9 +46,80 @@ bool gravavel(const QString &pasta)
 void copiaArquivos(const QString &origem, const QStringList &filtros, const QString &destino)
 {
     for (const QFileInfo &arquivo : QDir(origem).entryInfoList(filtros, QDir::Files)) {
-        // An existing file is the user's own: `copy` refuses and leaves it.
-        QFile::copy(arquivo.filePath(), destino + u'/' + arquivo.fileName());
+        const QString copia = destino + u'/' + arquivo.fileName();
+        // An existing file is the user's own, whatever the case of its name.
+        if (!QFileInfo::exists(caminho(copia)) && QFile::copy(arquivo.filePath(), copia)) {
+            files::restrictToGroup(copia);
+        }
     }
+}
+
+/// The settings give back a path as it is when it has up to 254 characters of the Western code page on one line. The
+/// longest path below the program folder is the database's.
+constexpr auto bancoNaPasta = u"\\DADOS\\DADOS.MDB";
+constexpr int maiorCaminho = 254;
+const qsizetype maiorPasta = maiorCaminho - QStringView(bancoNaPasta).size();
+
+bool voltaDasConfiguracoes(const QString &texto)
+{
+    const QString secao = u"Config"_s;
+    const QString chave = u"FileDB"_s;
+    const QByteArray gravado = ini::writeProfileText(secao, chave, texto, {});
+    return ini::readProfileText(secao, chave, {}, maiorCaminho + 1, gravado) == texto;
+}
+
+/// Both kinds of slash part folders in the program's texts.
+bool temBarraNoNome(const QString &pasta)
+{
+#ifdef Q_OS_WIN
+    return false;
+#else
+    return pasta.contains(u'\\');
+#endif
+}
+
+/// A folder of data that can't be looked into may hold one.
+bool temBanco(const QString &pasta)
+{
+    const QFileInfo dados(caminho(pasta + u'/' + pastaDados));
+    const QString escolhido =
+        ini::readProfile(u"Config"_s, u"FileDB"_s, {}, maiorCaminho + 1, caminho(pasta + u"/config.ini"_s));
+    return QFileInfo::exists(caminho(pasta + bancoNaPasta)) ||
+           (!escolhido.isEmpty() && QFileInfo::exists(caminho(escolhido))) || (dados.isDir() && !dados.isExecutable());
+}
+
+QString porQueNaoGrava(const QString &pasta)
+{
+    if (!QFileInfo(pasta).isDir()) {
+        return u"A pasta não existe."_s;
+    }
+    if (QStorageInfo(pasta).isReadOnly()) {
+        return u"O disco está protegido contra gravação."_s;
+    }
+    if (!QFileInfo(pasta).isWritable()) {
+        return u"Seu usuário não tem permissão para gravar nesta pasta."_s;
+    }
+    return u"O sistema não deixa criar arquivos nesta pasta."_s;
+}
+
+/// What is wrong and what to do about it; "" where nothing is.
+QString problemaDaPasta(const QString &pasta)
+{
+    if (pasta.size() > maiorPasta) {
+        return u"O caminho da pasta tem %1 caracteres e pode ter no máximo %2.\n\nMude o programa para uma pasta de "
+               "caminho mais curto."_s.arg(pasta.size())
+                   .arg(maiorPasta);
+    }
+    if (temBarraNoNome(pasta) || !voltaDasConfiguracoes(pasta + bancoNaPasta)) {
+        return u"O caminho da pasta tem letras ou sinais que as configurações não guardam.\n\nMude o programa para uma "
+               "pasta cujo nome tenha somente letras, números e espaços."_s;
+    }
+    if (!gravavel(pasta)) {
+        return porQueNaoGrava(pasta) +
+               (temBanco(pasta) ? u"\n\nO banco de dados desta pasta não foi aberto e nenhum outro foi criado."_s
+                                : QString());
+    }
+    return {};
 }
 
 } // namespace
@@ -78,13 +153,22 @@ void preenchePasta(const QString &instalacao, const QString &destino)
 
 QString pastaDoPrograma(const QString &instalacao, const QString &dadosDoUsuario)
 {
-    if (gravavel(instalacao)) {
+    // Where a database stands, that one is meant, and never an empty one elsewhere.
+    if (temBanco(instalacao) || gravavel(instalacao)) {
         return instalacao;
     }
     if (!QFileInfo::exists(dadosDoUsuario + u'/' + pastaDados)) {
         preenchePasta(instalacao, dadosDoUsuario);
     }
     return dadosDoUsuario;
+}
+
+QString defeitoDaPasta(const QString &pasta)
+{
+    const QString problema = problemaDaPasta(pasta);
+    return problema.isEmpty()
+               ? QString()
+               : u"A pasta do programa não pode ser usada:\n"_s + QDir::toNativeSeparators(pasta) + u"\n\n" + problema;
 }
 
 } // namespace core

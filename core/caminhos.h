@@ -9,9 +9,13 @@ namespace core
 /// part that exists under another case is taken as it stands on disk, so `\DADOS` and `\dados` are one folder.
 QString caminho(const QString &texto);
 
-/// The program folder of an installation: `instalacao`, where the executable stands, when files can be written there;
-/// else `dadosDoUsuario`, filled from the installation on its first use.
+/// The program folder of an installation: `instalacao`, where the executable stands, when files can be written there or
+/// a database stands there; else `dadosDoUsuario`, filled from the installation on its first use.
 QString pastaDoPrograma(const QString &instalacao, const QString &dadosDoUsuario);
+
+/// Why the program can't work in a folder, in words for the user and with the folder's name; "" where it can. It has to
+/// be written, and its path has to go through the settings unchanged. Nothing is created but for a moment, to try.
+QString defeitoDaPasta(const QString &pasta);
 
 /// Copies what an installation ships (pictures, batch files, postal codes) to `destino`; files that stand there are
 /// kept.

@@ -36,8 +36,8 @@ inline constexpr int Revision = TARVELO_VERSION_REVISION;
 /// "2.1.34"
 QString version();
 
-/// The program folder, without a slash at its end: the executable's folder when it can be written, else
-/// `tarvelo` below the user's data folder, filled from the installation's data at the first start.
+/// The program folder, without a slash at its end: the executable's folder when it can be written or holds a database,
+/// else `tarvelo` below the user's data folder, filled from the installation's data at the first start.
 QString Path();
 void setPath(const QString &path);
 } // namespace App

@@ -3,6 +3,7 @@
 #include "core/caminhos.h"
 #include "core/config.h"
 #include "core/esquema.h"
+#include "core/figuras.h"
 #include "core/modulo.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
@@ -62,6 +63,7 @@ frmSplash::~frmSplash() = default;
 
 void frmSplash::Form_Load()
 {
+    recusaPasta();
     recusaSegundaInstancia();
     carregaFigura();
     core::ArquivoINI = naPasta(u"\\config.ini"_s);
@@ -76,6 +78,16 @@ void frmSplash::Form_Load()
     ui::Forms::instance().ShowModal(u"frmSenha"_s);
 }
 
+/// Ahead of all else: whatever is done in such a folder, or in another in its place, would be done to the wrong data.
+void frmSplash::recusaPasta()
+{
+    const QString defeito = core::defeitoDaPasta(core::App::Path());
+    if (!defeito.isEmpty()) {
+        ui::ClosingBox(defeito, QString::fromUtf16(core::App::Title));
+        ui::End();
+    }
+}
+
 void frmSplash::recusaSegundaInstancia()
 {
     if (OutraInstancia()) {
@@ -87,7 +99,7 @@ void frmSplash::recusaSegundaInstancia()
 
 void frmSplash::carregaFigura()
 {
-    const QPixmap figura(core::caminho(naPasta(u"\\dados\\splash.bmp"_s)));
+    const auto figura = QPixmap::fromImage(core::LeFigura(naPasta(u"\\dados\\splash.bmp"_s)));
     ui_->imgFundo->setPixmap(figura);
     ui_->imgFundo->setVisible(!figura.isNull());
 }
@@ -177,7 +189,7 @@ void frmSplash::iniciaBanco()
 void frmSplash::falhaDoBanco(const QString &descricao)
 {
     acrescenta(u" - "_s + descricao + u'\n');
-    ui::MsgBox(u"Não foi possível abrir o banco de dados do sistema.\r\n"_s + descricao, ui::Icon::Critical);
+    ui::ClosingBox(u"Não foi possível abrir o banco de dados do sistema.\r\n"_s + descricao);
     ui::End();
 }
 

@@ -13,7 +13,8 @@ namespace shell
 {
 
 /// Prepares settings and databases, tells each step in a growing list, and hands over to the login. A failing step is
-/// passed over; only a second instance and a database that can't be opened end the program.
+/// passed over; only a folder that can't be used, a second instance and a database that can't be opened
+/// end the program.
 class frmSplash : public ui::Form
 {
     Q_OBJECT
@@ -28,6 +29,7 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    void recusaPasta();
     void recusaSegundaInstancia();
     void carregaFigura();
     void mostraJanela();

@@ -1,5 +1,7 @@
 #include "core/caminhos.h"
+#include "core/config.h"
 #include "core/modulo.h"
+#include "tests/support/ordinaryuser.h"
 
 #include <QDir>
 #include <QFile>
@@ -23,8 +25,20 @@ private slots:
     void usesAFolderThatCanBeWritten();
     void fillsTheUsersFolderOnceWhereTheProgramsCanNotBeWritten();
     void keepsThePathWithoutItsLastSlash();
+    void aSecondFillingKeepsWhatTheUserChanged();
+#ifdef Q_OS_UNIX
+    void staysWithTheDatabaseThatCanNotBeWritten_data();
+    void staysWithTheDatabaseThatCanNotBeWritten();
+    void aPackageWithoutADatabaseGoesToTheUsersFolder();
+    void tellsWhyAFolderCanNotBeWritten();
+#endif
+    void tellsWhatAPathMayNotHave_data();
+    void tellsWhatAPathMayNotHave();
+    void takesThePathsThatItsSettingsTake_data();
+    void takesThePathsThatItsSettingsTake();
 
 private:
+    void protege(const QString &nome) const;
     void cria(const QString &nome) const;
 
     std::unique_ptr<QTemporaryDir> pasta_;
@@ -129,6 +143,150 @@ void TestCaminhos::keepsThePathWithoutItsLastSlash()
     core::App::setPath(u"/algum/lugar/"_s);
     QCOMPARE(core::App::Path(), u"/algum/lugar"_s);
     QCOMPARE(core::App::version(), u"2.1.34"_s);
+}
+
+void TestCaminhos::aSecondFillingKeepsWhatTheUserChanged()
+{
+    cria(u"instalada/DADOS/logo.bmp"_s);
+    cria(u"instalada/BACKUPDA.BAT"_s);
+    cria(u"instalada/RESTORDA.BAT"_s);
+    cria(u"usuario/DADOS/LOGO.BMP"_s);
+    cria(u"usuario/BackupDa.bat"_s);
+    const QString usuario = pasta_->filePath(u"usuario"_s);
+    core::preenchePasta(pasta_->filePath(u"instalada"_s), usuario);
+
+    QCOMPARE(QDir(usuario).entryList(QDir::Files), (QStringList{u"BackupDa.bat"_s, u"RESTORDA.BAT"_s}));
+    QCOMPARE(QDir(usuario + u"/DADOS"_s).entryList(QDir::Files), QStringList{u"LOGO.BMP"_s});
+    QFile script(usuario + u"/BackupDa.bat"_s);
+    QVERIFY(script.open(QIODevice::ReadOnly));
+    QCOMPARE(script.readAll(), QByteArray("usuario/BackupDa.bat"));
+}
+
+#ifdef Q_OS_UNIX
+
+/// Nobody writes there any more, and everybody may look.
+void TestCaminhos::protege(const QString &nome) const
+{
+    const auto olhar =
+        QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
+    QVERIFY(QFile::setPermissions(pasta_->path(), olhar | QFile::WriteOwner));
+    QVERIFY(QFile::setPermissions(pasta_->filePath(nome), olhar));
+}
+
+void TestCaminhos::staysWithTheDatabaseThatCanNotBeWritten_data()
+{
+    QTest::addColumn<QString>("banco");
+    QTest::newRow("in its place") << u"instalada/DADOS/DADOS.MDB"_s;
+    QTest::newRow("in small letters") << u"instalada/dados/dados.mdb"_s;
+    QTest::newRow("where the settings say") << u"outra/OFICINA.MDB"_s;
+}
+
+void TestCaminhos::staysWithTheDatabaseThatCanNotBeWritten()
+{
+    QFETCH(const QString, banco);
+    cria(banco);
+    cria(u"instalada/config.ini"_s);
+    QFile ini(pasta_->filePath(u"instalada/config.ini"_s));
+    QVERIFY(ini.open(QIODevice::WriteOnly));
+    QVERIFY(ini.write("[Config]\r\nFileDB=" + pasta_->path().toLatin1() + "\\outra\\oficina.mdb\r\n") > 0);
+    ini.close();
+    protege(u"instalada"_s);
+    const QString instalada = pasta_->filePath(u"instalada"_s);
+    const QString usuario = pasta_->filePath(u"usuario/tarvelo"_s);
+
+    const support::OrdinaryUser user;
+    QCOMPARE(core::pastaDoPrograma(instalada, usuario), instalada);
+    QVERIFY(!QFileInfo::exists(usuario));
+    QCOMPARE(core::defeitoDaPasta(instalada),
+             u"A pasta do programa não pode ser usada:\n"_s + instalada +
+                 u"\n\nSeu usuário não tem permissão para gravar nesta pasta.\n\n"
+                 "O banco de dados desta pasta não foi aberto e nenhum outro foi criado."_s);
+}
+
+void TestCaminhos::aPackageWithoutADatabaseGoesToTheUsersFolder()
+{
+    cria(u"instalada/DADOS/logo.bmp"_s);
+    cria(u"usuario/x"_s);
+    QVERIFY(QFile::setPermissions(pasta_->filePath(u"usuario"_s), QFile::Permissions(0x7777)));
+    protege(u"instalada"_s);
+    const QString usuario = pasta_->filePath(u"usuario/tarvelo"_s);
+
+    const support::OrdinaryUser user;
+    QCOMPARE(core::pastaDoPrograma(pasta_->filePath(u"instalada"_s), usuario), usuario);
+    QVERIFY(QFileInfo::exists(usuario + u"/DADOS/logo.bmp"_s));
+    QCOMPARE(core::defeitoDaPasta(usuario), QString());
+}
+
+void TestCaminhos::tellsWhyAFolderCanNotBeWritten()
+{
+    const QString ausente = pasta_->filePath(u"ausente"_s);
+    QCOMPARE(core::defeitoDaPasta(ausente),
+             u"A pasta do programa não pode ser usada:\n"_s + ausente + u"\n\nA pasta não existe."_s);
+    cria(u"vazia/x"_s);
+    protege(u"vazia"_s);
+    const support::OrdinaryUser user;
+    QCOMPARE(core::defeitoDaPasta(pasta_->filePath(u"vazia"_s)),
+             u"A pasta do programa não pode ser usada:\n"_s + pasta_->filePath(u"vazia"_s) +
+                 u"\n\nSeu usuário não tem permissão para gravar nesta pasta."_s);
+}
+
+#endif
+
+void TestCaminhos::tellsWhatAPathMayNotHave_data()
+{
+    QTest::addColumn<QString>("nome");
+    QTest::addColumn<QString>("problema");
+    const QString letras =
+        u"O caminho da pasta tem letras ou sinais que as configurações não guardam.\n\nMude o programa "
+        "para uma pasta cujo nome tenha somente letras, números e espaços."_s;
+    QTest::newRow("Greek") << u"Οφιτσίνα"_s << letras;
+    QTest::newRow("Japanese") << u"工場"_s << letras;
+    QTest::newRow("a letter and its mark apart") << u"orc\u0327amento"_s << letras;
+    QTest::newRow("a picture") << u"oficina\U0001F527"_s << letras;
+    QTest::newRow("two lines") << u"oficina\nnova"_s << letras;
+#ifdef Q_OS_UNIX
+    QTest::newRow("a backslash") << u"oficina\\nova"_s << letras;
+#endif
+    QTest::newRow("239 characters")
+        << QString(239, u'x')
+        << u"O caminho da pasta tem 239 caracteres e pode ter no máximo 238.\n\nMude o programa para uma pasta de "
+           "caminho mais curto."_s;
+}
+
+void TestCaminhos::tellsWhatAPathMayNotHave()
+{
+    QFETCH(const QString, nome);
+    QFETCH(const QString, problema);
+    const bool longo = nome.size() > 200;
+    const QString pasta =
+        longo ? pasta_->path() + u'/' + nome.chopped(pasta_->path().size() + 1) : pasta_->filePath(nome);
+    QVERIFY(QDir().mkpath(pasta));
+    QCOMPARE(core::defeitoDaPasta(pasta),
+             u"A pasta do programa não pode ser usada:\n"_s + pasta + u"\n\n"_s + problema);
+    QVERIFY(QDir(pasta).isEmpty());
+}
+
+void TestCaminhos::takesThePathsThatItsSettingsTake_data()
+{
+    QTest::addColumn<QString>("nome");
+    QTest::newRow("accents") << u"Oficina São João ção"_s;
+    QTest::newRow("signs of the code page") << u"R$ 5,00 € “Zé” – nº 1;[x]=y"_s;
+    QTest::newRow("238 characters") << QString(238, u'x');
+}
+
+/// To the file and back: the database of such a folder is found again.
+void TestCaminhos::takesThePathsThatItsSettingsTake()
+{
+    QFETCH(const QString, nome);
+    const bool longo = nome.size() > 200;
+    const QString pasta =
+        longo ? pasta_->path() + u'/' + nome.chopped(pasta_->path().size() + 1) : pasta_->filePath(nome);
+    QVERIFY(QDir().mkpath(pasta));
+    QCOMPARE(core::defeitoDaPasta(pasta), QString());
+    core::App::setPath(pasta);
+    core::ArquivoINI = pasta + u"\\config.ini"_s;
+    core::CarregaConfig();
+    QCOMPARE(core::LeINI(u"Config"_s, u"FileDB"_s, false), pasta + u"\\DADOS\\DADOS.MDB"_s);
 }
 
 QTEST_GUILESS_MAIN(TestCaminhos)

@@ -1,3 +1,4 @@
+#include "core/caminhos.h"
 #include "core/config.h"
 #include "core/modulo.h"
 #include "platform/dao/database.h"
@@ -10,6 +11,7 @@
 #include "shell/shell.h"
 #include "tests/support/boxes.h"
 #include "tests/support/modal.h"
+#include "tests/support/ordinaryuser.h"
 #include "tests/support/program.h"
 
 #include <QApplication>
@@ -19,6 +21,10 @@
 #include <QProgressBar>
 #include <QScreen>
 #include <QTest>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
 
 using namespace Qt::StringLiterals;
 
@@ -248,6 +254,66 @@ private slots:
         QVERIFY(!QFile::exists(folder_->filePath(u"config.ini"_s)));
     }
 
+    /// A folder that can't be used is told in one box, and nothing is made in it or elsewhere.
+    void folderWithLettersThatTheSettingsDoNotKeepIsRefused()
+    {
+        refusedIn(
+            u"Οφιτσίνα"_s,
+            u"O caminho da pasta tem letras ou sinais que as configurações não guardam.\n\nMude o programa para uma "
+            "pasta cujo nome tenha somente letras, números e espaços."_s);
+    }
+
+    void folderWithALongPathIsRefused()
+    {
+        const qsizetype missing = 239 - folder_->path().size() - 1;
+        refusedIn(QString(missing, u'x'), u"O caminho da pasta tem 239 caracteres e pode ter no máximo 238.\n\nMude o "
+                                          "programa para uma pasta de caminho mais curto."_s);
+    }
+
+#ifdef Q_OS_UNIX
+    void databaseInAFolderThatCanNotBeWrittenIsRefused()
+    {
+        start(); // makes it
+        shell::desmonta();
+        const QString wanted = folder_->path();
+        const auto onlyLook = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther;
+        QVERIFY(QFile::setPermissions(wanted, onlyLook));
+        const QStringList before = QDir(wanted).entryList(QDir::AllEntries);
+        const QTemporaryDir users;
+        {
+            const support::OrdinaryUser user;
+            const QString elsewhere = users.filePath(u"tarvelo"_s);
+            core::App::setPath(core::pastaDoPrograma(wanted, elsewhere));
+            support::Boxes boxes;
+            boxes.title(u"Tarvelo"_s)
+                .critical(u"A pasta do programa não pode ser usada:\n"_s + wanted +
+                          u"\n\nSeu usuário não tem permissão para gravar nesta pasta.\n\nO banco de dados desta pasta "
+                          u"não foi "
+                          "aberto e nenhum outro foi criado."_s);
+            QVERIFY_EXCEPTION_THROWN(ui::Forms::instance().Load(u"frmSplash"_s), ui::ProgramEnded);
+            boxes.finish();
+        }
+        QVERIFY(QDir(users.path()).isEmpty());
+        QCOMPARE(QDir(wanted).entryList(QDir::AllEntries), before);
+        QVERIFY(QFile::setPermissions(wanted, onlyLook | QFile::WriteOwner));
+    }
+
+    /// Nobody is at their other ends: to open one would be to wait for ever.
+    void pipesInThePlaceOfPictureAndSettingsArePassedOver()
+    {
+        for (const QString &name :
+             {u"DADOS/splash.bmp"_s, u"DADOS/bg800.bmp"_s, u"DADOS/logo.bmp"_s, u"config.ini"_s}) {
+            QCOMPARE(::mkfifo(QFile::encodeName(folder_->filePath(name)).constData(), 0600), 0);
+        }
+        support::Boxes boxes;
+        boxes.critical(u"Erro na Criação da Tabela Senha\r\nObjeto não definido"_s);
+        const Seen seen = start();
+        boxes.finish();
+        QVERIFY(seen.visible);
+        QVERIFY(!seen.picture);
+    }
+#endif
+
     void eachProgramFolderHasItsOwnInstance()
     {
         QVERIFY(!shell::OutraInstancia());
@@ -318,6 +384,20 @@ private slots:
     }
 
 private:
+    void refusedIn(const QString &name, const QString &problem)
+    {
+        const QString path = folder_->filePath(name);
+        QVERIFY(QDir().mkpath(path + u"/DADOS"_s));
+        core::App::setPath(path);
+        support::Boxes boxes;
+        boxes.title(u"Tarvelo"_s).critical(u"A pasta do programa não pode ser usada:\n"_s + path + u"\n\n"_s + problem);
+        QVERIFY_EXCEPTION_THROWN(ui::Forms::instance().Load(u"frmSplash"_s), ui::ProgramEnded);
+        boxes.finish();
+        QVERIFY(!core::DBDados);
+        QCOMPARE(QDir(path).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList{u"DADOS"_s});
+        QVERIFY(QDir(path + u"/DADOS"_s).isEmpty());
+    }
+
     std::unique_ptr<QTemporaryDir> folder_;
 };
 
