@@ -210,6 +210,7 @@ void frmSenha::abreManutencao()
     tmrAnima_->stop();
     ui::Forms::instance().ShowModal(u"frmSenhaManut"_s);
     atualizaAviso();
+    core::SelecionaTexto(ui_->txtCodigo);
 }
 
 void frmSenha::closeEvent(QCloseEvent *event)

@@ -334,6 +334,68 @@ private slots:
         QTRY_VERIFY(notice->isVisible() && here->isVisible() && button->isVisible());
     }
 
+    void backFromTheOperatorsTheFocusIsOnTheCode()
+    {
+        restartWithoutOperators();
+        support::whenShown(u"frmSenhaManut"_s,
+                           [] { support::click(ui::Forms::instance().find(u"frmSenhaManut"_s), u"btnCancelar"_s); });
+        support::click(login(), u"btnManutencao"_s);
+        QVERIFY(hasFocus(u"txtCodigo"_s));
+
+        shell::incluiOperador({.codigo = u"20"_s, .nome = u"CHEFE"_s, .senha = u"XYZ"_s, .admin = true});
+        typeCode(u"20"_s);
+        typePassword(u"XYZ"_s);
+        support::whenShown(u"frmSenhaManut"_s,
+                           [] { support::click(ui::Forms::instance().find(u"frmSenhaManut"_s), u"btnCancelar"_s); });
+        support::click(login(), u"btnManutencao"_s);
+        QVERIFY(hasFocus(u"txtCodigo"_s));
+        QCOMPARE(support::control<QLineEdit>(login(), u"txtCodigo"_s)->selectedText(), u"20"_s);
+    }
+
+    void blinkingButtonKeepsTheFocus()
+    {
+        restartWithoutOperators();
+        auto *button = support::controlOf(login(), u"btnManutencao"_s);
+        button->setFocus();
+        QStringList wandered;
+        const auto watch = connect(qApp, &QApplication::focusChanged, this, [&](QWidget *, const QWidget *now) {
+            wandered << (now == nullptr ? u"nowhere"_s : now->objectName());
+        });
+        for (int beat = 0; beat < 2; ++beat) {
+            QTRY_VERIFY(!button->isVisible());
+            QVERIFY(hasFocus(u"btnManutencao"_s));
+            QTRY_VERIFY(button->isVisible());
+            QVERIFY(hasFocus(u"btnManutencao"_s));
+        }
+        disconnect(watch);
+        QCOMPARE(wandered, QStringList());
+    }
+
+    void blinkingButtonIsPressedWhileItIsHidden()
+    {
+        restartWithoutOperators();
+        auto *button = support::controlOf(login(), u"btnManutencao"_s);
+        button->setFocus();
+        QTRY_VERIFY(!button->isVisible());
+        bool shown = false;
+        support::whenShown(u"frmSenhaManut"_s, [&shown] {
+            shown = true;
+            ui::Forms::instance().Unload(u"frmSenhaManut"_s);
+        });
+        QTest::keyClick(login()->window()->windowHandle(), Qt::Key_Space);
+        QVERIFY(shown);
+    }
+
+    void blinkingButtonIsLeftByTab()
+    {
+        restartWithoutOperators();
+        auto *button = support::controlOf(login(), u"btnManutencao"_s);
+        button->setFocus();
+        QTRY_VERIFY(!button->isVisible());
+        QTest::keyClick(login()->window()->windowHandle(), Qt::Key_Tab);
+        QVERIFY(hasFocus(u"txtCodigo"_s));
+    }
+
     void firstOperatorIsMadeWithoutAPassword()
     {
         restartWithoutOperators();
