@@ -1,3 +1,4 @@
+#include "platform/files/files.h"
 #include "platform/ui/application.h"
 #include "registers/registers.h"
 #include "reports/reports.h"
@@ -7,6 +8,7 @@
 
 int main(int argc, char **argv)
 {
+    files::keepToGroup();
     const ui::Application application(argc, argv);
     shell::registerForms();
     registers::registerForms();
