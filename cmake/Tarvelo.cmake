@@ -36,6 +36,31 @@ if(TARVELO_SANITIZE)
   add_link_options(-fsanitize=${_sanitizers})
 endif()
 
+# What is handed out is built against the usual attacks. Only where it is optimised: the checks of library calls need that,
+# and sanitizers have better ones.
+set(_hardened FALSE)
+if(CMAKE_BUILD_TYPE MATCHES "^(Release|RelWithDebInfo|MinSizeRel)$" AND CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang"
+   AND NOT TARVELO_SANITIZE)
+  set(_hardened TRUE)
+  set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+  include(CheckPIESupported)
+  check_pie_supported(LANGUAGES CXX)
+  target_compile_options(tarvelo_settings INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -fstack-protector-strong)
+  if(UNIX AND NOT APPLE)
+    target_link_options(tarvelo_settings INTERFACE -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
+  endif()
+endif()
+
+# tarvelo_check_hardening(TARGET)
+# Looks into a program that is handed out: the build fails where one lacks the hardening.
+function(tarvelo_check_hardening target)
+  if(_hardened AND UNIX AND NOT APPLE AND CMAKE_READELF)
+    add_custom_command(TARGET ${target} POST_BUILD
+      COMMAND ${CMAKE_COMMAND} -DREADELF=${CMAKE_READELF} -DPROGRAM=$<TARGET_FILE:${target}> -P "${CMAKE_SOURCE_DIR}/cmake/Hardening.cmake"
+      VERBATIM)
+  endif()
+endfunction()
+
 # tarvelo_library(NAME SOURCES file... LINK target...)
 # One static library a folder. What it may use is what it links.
 function(tarvelo_library name)
