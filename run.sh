@@ -25,8 +25,17 @@ if [ ! -x "$programa/tarvelo" ] || [ ! -e "$programa/DADOS/splash.bmp" ] || [ ! 
     touch "$instalado"
 fi
 
-if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then
-    echo "There is no display here, so the program can't show its windows: the demonstration runs off screen instead."
+# Asks the windowing library itself, which ends a program that reaches no display; its own words are kept back.
+responde() {
+    (ulimit -c 0 && timeout 20 "$construcao/tools/tela/tela") >/dev/null 2>&1
+}
+
+demonstra() {
+    echo "$1, so the program can't show its windows: the demonstration runs off screen instead."
     exec "$construcao/tools/demonstracao/demonstracao" demonstracao
-fi
+}
+
+tela="${DISPLAY:-${WAYLAND_DISPLAY:-}}"
+[ -n "$tela" ] || demonstra "There is no display here"
+responde 2>/dev/null || demonstra "The display '$tela' does not answer"
 exec "$programa/tarvelo"

@@ -2,19 +2,44 @@
 
 # to build and run the program
 pacotes_programa=(
-    g++ cmake ninja-build          # compiler and build
-    qt6-base-dev qt6-svg-dev       # windows, printing, vector icons
-    libgl-dev                      # what the Qt development files ask for
-    libsqlite3-dev                 # the database
-    qt6-translations-l10n          # Qt's own buttons in Portuguese
-    qt6-wayland                    # windows on a Wayland desktop
-    breeze-icon-theme              # icons
-    fonts-liberation fonts-dejavu-core  # the fixed-pitch font of the prints, the font of the windows
+    g++ cmake ninja-build
+    qt6-base-dev qt6-svg-dev
+    libgl-dev
+    libsqlite3-dev
+    qt6-translations-l10n
+    qt6-wayland
+    breeze-icon-theme
+    fonts-liberation fonts-dejavu-core
 )
-# to test it: reads the printed PDFs
+# to test it
 pacotes_testes=(poppler-utils)
 # to measure it
 pacotes_medidas=(libbenchmark-dev)
+
+declare -A para_que=(
+    [g++]="compiler"
+    [cmake]="build"
+    [ninja-build]="build"
+    [qt6-base-dev]="windows, printing"
+    [qt6-svg-dev]="vector icons"
+    [libgl-dev]="what the Qt development files ask for"
+    [libsqlite3-dev]="the database"
+    [qt6-translations-l10n]="Qt's own buttons in Portuguese"
+    [qt6-wayland]="windows on a Wayland desktop"
+    [breeze-icon-theme]="icons"
+    [fonts-liberation]="the fixed-pitch font of the prints"
+    [fonts-dejavu-core]="the font of the windows"
+    [poppler-utils]="the tests read the printed PDFs by it"
+    [libbenchmark-dev]="the speed measurements"
+)
+
+# lista_pacotes PACKAGE...: one a line, with what it is for
+lista_pacotes() {
+    local pacote
+    for pacote in "$@"; do
+        printf '  %-22s %s\n' "$pacote" "${para_que[$pacote]}"
+    done
+}
 
 # instala_faltantes PACKAGE...
 instala_faltantes() {
@@ -27,12 +52,14 @@ instala_faltantes() {
     local como=()
     if [ "$(id -u)" -ne 0 ]; then
         command -v sudo >/dev/null || {
-            echo "Missing packages: ${faltam[*]}. Install them as root (apt-get install ...), or install sudo." >&2
+            echo "These packages are missing; install them as root (apt-get install ...), or install sudo:" >&2
+            lista_pacotes "${faltam[@]}" >&2
             exit 1
         }
         como=(sudo)
     fi
-    echo "Installing what the build needs (compiler, Qt 6, SQLite, icons, fonts): ${faltam[*]}"
+    echo "These packages are missing and are installed now:"
+    lista_pacotes "${faltam[@]}"
     "${como[@]}" apt-get update -q
     "${como[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends "${faltam[@]}"
 }
