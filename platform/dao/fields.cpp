@@ -1,5 +1,6 @@
 #include "platform/dao/fields.h"
 
+#include "platform/dao/types.h"
 #include "platform/runtime/runtime.h"
 
 #include <cmath>
@@ -30,14 +31,16 @@ double numberOf(const Value &value)
     return std::isfinite(number) ? number : (refuse(), 0.0);
 }
 
+double within(double number, double least, double most)
+{
+    return number >= least && number <= most ? number : (refuse(), 0.0);
+}
+
 template<class Whole>
 Whole wholeOf(const Value &value)
 {
-    const double number = std::nearbyint(numberOf(value));
-    if (number < std::numeric_limits<Whole>::min() || number > std::numeric_limits<Whole>::max()) {
-        refuse();
-    }
-    return static_cast<Whole>(number);
+    using Limits = std::numeric_limits<Whole>;
+    return static_cast<Whole>(within(std::nearbyint(numberOf(value)), Limits::min(), Limits::max()));
 }
 
 float singleOf(const Value &value)
@@ -72,10 +75,14 @@ Value convert(const Value &value, FieldType type)
     switch (type) {
     case FieldType::Boolean:
         return runtime::CBool(value);
+    case FieldType::Byte:
+        return static_cast<qint16>(within(std::nearbyint(numberOf(value)), 0, 255));
     case FieldType::Integer:
         return wholeOf<qint16>(value);
     case FieldType::Long:
         return wholeOf<qint32>(value);
+    case FieldType::Currency:
+        return asCurrency(within(numberOf(value), -mostCurrency, mostCurrency));
     case FieldType::Single:
         return singleOf(value);
     case FieldType::Double:
@@ -83,6 +90,7 @@ Value convert(const Value &value, FieldType type)
     case FieldType::Date:
         return dateOf(value);
     case FieldType::Text:
+    case FieldType::Memo:
         break;
     }
     return textOf(value);
@@ -111,7 +119,7 @@ void checkForWriting(const Value &value, const Field &field)
     if (text->isEmpty()) {
         runtime::raise(3315, {field.name});
     }
-    if (text->size() > field.size) {
+    if (field.type == FieldType::Text && text->size() > field.size) {
         runtime::raise(3163, {field.name});
     }
 }

@@ -1,6 +1,7 @@
 #include "platform/dao/statement.h"
 
 #include "platform/dao/functions.h"
+#include "platform/dao/types.h"
 #include "platform/dao/waiting.h"
 #include "platform/runtime/error.h"
 
@@ -41,6 +42,14 @@ int numberOf(int result)
     }
 }
 
+/// The engine names its limits (columns, tables, terms, depth) in its messages only.
+bool isTooMuch(int result, QByteArrayView message)
+{
+    return result == SQLITE_TOOBIG || message.startsWith("too many ") || message.startsWith("at most ") ||
+           message.startsWith("parser stack overflow") || message.startsWith("Expression tree is too large") ||
+           message.startsWith("variable number must be");
+}
+
 template<class... Kinds>
 struct Overloaded : Kinds... {
     using Kinds::operator()...;
@@ -56,6 +65,9 @@ void raiseEngine(sqlite3 *handle, int result)
     const int extended = sqlite3_extended_errcode(handle);
     const int number = numberOf(extended != SQLITE_OK ? extended : result);
     if (number == 3075) {
+        if (isTooMuch(result, sqlite3_errmsg(handle))) {
+            runtime::raise(3360);
+        }
         runtime::raise(number, {u"Erro de sintaxe"_s, {}});
     }
     const char *const path = handle != nullptr ? sqlite3_db_filename(handle, "main") : nullptr;
@@ -166,11 +178,15 @@ runtime::Value Prepared::value(int column, FieldType type) const
         const bool fits = number == static_cast<qint32>(number);
         return fits ? runtime::Value(static_cast<qint32>(number)) : runtime::Value(static_cast<double>(number));
     }
+    case FieldType::Byte:
     case FieldType::Integer:
         return static_cast<qint16>(sqlite3_column_int(statement, column));
+    case FieldType::Currency:
+        return asCurrency(sqlite3_column_double(statement, column));
     case FieldType::Boolean:
         return sqlite3_column_int(statement, column) != 0;
     case FieldType::Text:
+    case FieldType::Memo:
         break;
     }
     return text(column);

@@ -10,12 +10,15 @@ namespace dao
 /// The field types with the codes that the platform gives them.
 enum class FieldType {
     Boolean = 1,
-    Integer = 3, ///< 16 bits
-    Long = 4,    ///< 32 bits
+    Byte = 2,     ///< 0 to 255; read as an Integer
+    Integer = 3,  ///< 16 bits
+    Long = 4,     ///< 32 bits
+    Currency = 5, ///< four decimal places; read as a Double
     Single = 6,
     Double = 7,
     Date = 8,
     Text = 10,
+    Memo = 12, ///< a text of any length
 };
 
 /// `Field::attributes` of a counter: fixed width and numbered by the engine.

@@ -56,6 +56,12 @@ QString nomeDoTipo(const dao::Field &campo)
         return u"Date"_s;
     case FieldType::Text:
         return u"Text"_s;
+    case FieldType::Byte:
+        return u"Byte"_s;
+    case FieldType::Currency:
+        return u"Currency"_s;
+    case FieldType::Memo:
+        return u"Memo"_s;
     }
     return {};
 }
