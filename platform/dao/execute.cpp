@@ -5,6 +5,7 @@
 
 #include <QSet>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -33,15 +34,15 @@ public:
 
     Prepared *operator->() { return &statement_; }
 
-    /// The values of the present row behind `skipped` columns, as fields take them.
-    Row values(int skipped) const
+    /// The values of the present row as fields take them.
+    Row values() const
     {
         Row row;
         for (size_t i = 0; i < plan_.columns.size(); ++i) {
             const auto &type = plan_.columns[i].type;
-            const int column = static_cast<int>(i) + skipped;
+            const int column = static_cast<int>(i) + plan_.hidden;
             const Value value = type ? statement_.value(column, *type) : statement_.value(column);
-            row.push_back(convertForField(value, plan_.target->fields[static_cast<size_t>(plan_.targetPlaces[i])]));
+            row.push_back(convertForField(value, plan_.takers[i]));
         }
         return row;
     }
@@ -61,20 +62,58 @@ int remove(Connection &connection, Plan &plan, const std::vector<Value> &literal
     });
 }
 
+/// A row of an UPDATE: the row numbers of its tables, 0 where an outer join has no row, and the new values.
+struct ChangedRow {
+    std::vector<qint64> numbers;
+    Row values;
+};
+
+std::vector<ChangedRow> changedRows(Connection &connection, Plan &plan, const std::vector<Value> &literals)
+{
+    std::vector<ChangedRow> rows;
+    Borrowed statement(connection, plan, literals);
+    while (statement->step()) {
+        ChangedRow row;
+        for (const RowChange &change : plan.changes) {
+            row.numbers.push_back(statement->integer(change.rowNumber));
+        }
+        if (std::any_of(row.numbers.begin(), row.numbers.end(), [](qint64 number) { return number != 0; })) {
+            row.values = statement.values();
+            rows.push_back(std::move(row));
+        }
+    }
+    return rows;
+}
+
 /// All new values are worked out before the first row is written.
 int update(Connection &connection, Plan &plan, const std::vector<Value> &literals)
 {
-    std::vector<std::pair<qint64, Row>> rows;
-    Borrowed statement(connection, plan, literals);
-    while (statement->step()) {
-        rows.emplace_back(statement->integer(0), statement.values(1));
-    }
+    const std::vector<ChangedRow> rows = changedRows(connection, plan, literals);
     Transaction transaction(connection);
-    for (const auto &[row, values] : rows) {
-        connection.writer(plan.target)->update(row, plan.targetPlaces, values);
+    for (size_t i = 0; i < plan.changes.size(); ++i) {
+        const RowChange &change = plan.changes[i];
+        Row values(change.columns.size());
+        for (const ChangedRow &row : rows) {
+            for (size_t place = 0; place < values.size(); ++place) {
+                values[place] = row.values[change.columns[place]];
+            }
+            if (row.numbers[i] != 0) {
+                connection.writer(change.table)->update(row.numbers[i], change.places, values);
+            }
+        }
     }
     transaction.commit();
     return static_cast<int>(rows.size());
+}
+
+std::vector<Row> readRows(Connection &connection, Plan &plan, const std::vector<Value> &literals)
+{
+    std::vector<Row> rows;
+    Borrowed statement(connection, plan, literals);
+    while (statement->step()) {
+        rows.push_back(statement.values());
+    }
+    return rows;
 }
 
 Row newRow(Connection &connection, const Plan &plan, const Row &given)
@@ -95,13 +134,7 @@ Row newRow(Connection &connection, const Plan &plan, const Row &given)
 
 int insert(Connection &connection, Plan &plan, const std::vector<Value> &literals)
 {
-    std::vector<Row> rows;
-    {
-        Borrowed statement(connection, plan, literals);
-        while (statement->step()) {
-            rows.push_back(statement.values(0));
-        }
-    }
+    const std::vector<Row> rows = readRows(connection, plan, literals);
     Transaction transaction(connection);
     for (const Row &row : rows) {
         connection.writer(plan.target)->insert(newRow(connection, plan, row));
@@ -122,10 +155,21 @@ void change(Connection &connection, const QByteArrayList &statements)
     runtime::raise(3380, {field, table});
 }
 
+void refuseTable(Connection &connection, const QString &name)
+{
+    if (connection.schema().find(name)) {
+        runtime::raise(3010, {name});
+    }
+}
+
 void checkDefinition(const TableDef &table)
 {
     QSet<QString> names;
+    bool counter = false;
     for (const Field &field : table.fields()) {
+        if (field.isCounter() && std::exchange(counter, true)) {
+            runtime::raise(3091, {table.name()});
+        }
         if (names.contains(field.name.toLower())) {
             refuseField(field.name, table.name());
         }
@@ -133,8 +177,18 @@ void checkDefinition(const TableDef &table)
     }
     const bool reserved = table.name().startsWith(u'~') || table.name().startsWith("sqlite_"_L1, Qt::CaseInsensitive);
     if (reserved || table.name().isEmpty() || names.isEmpty() || names.contains(QString()) || names.contains(rowName)) {
-        throw runtime::RuntimeError(3125, u"'%1' não é um nome válido."_s.arg(table.name()));
+        runtime::raise(3125, {table.name()});
     }
+}
+
+std::optional<Index> findIndex(const Connection &connection, const Table &table, const QString &name)
+{
+    for (Index &index : readIndexes(connection.handle(), table.name)) {
+        if (index.name.compare(name, Qt::CaseInsensitive) == 0) {
+            return std::move(index);
+        }
+    }
+    return std::nullopt;
 }
 
 QByteArrayList dropIndexesSql(const Table &table)
@@ -151,20 +205,19 @@ void addField(Connection &connection, const Table &table, const Field &field)
     if (table.place(field.name) >= 0) {
         refuseField(field.name, table.name);
     }
-    checkDefinition([&] {
-        TableDef added(table.name);
-        added.append(field);
-        return added;
-    }());
+    TableDef grown(table.name);
+    for (const Field &present : table.fields) {
+        grown.append(present);
+    }
+    grown.append(field);
+    checkDefinition(grown);
     const QString start = u"ALTER TABLE "_s + quoted(table.name) + u" ADD COLUMN "_s;
     QByteArrayList statements = {(start + columnDefinition(field)).toUtf8()};
     if (field.isCounter()) {
         const QString name = quoted(field.name);
         statements.append((u"UPDATE "_s + quoted(table.name) + u" SET "_s + name + u" = "_s + rowName).toUtf8());
     }
-    auto fields = table.fields;
-    fields.push_back(field);
-    const QByteArrayList indexes = createIndexesSql(table.name, fields);
+    const QByteArrayList indexes = createIndexesSql(table.name, grown.fields());
     if (indexes != createIndexesSql(table.name, table.fields)) {
         statements = dropIndexesSql(table) + statements + indexes;
     }
@@ -175,9 +228,14 @@ void dropField(Connection &connection, const Table &table, const QString &name)
 {
     const int place = table.place(name);
     if (place < 0 || table.fields.size() == 1) {
-        throw runtime::RuntimeError(3381, u"O campo '%1' não existe na tabela '%2'."_s.arg(name, table.name));
+        runtime::raise(3381, {name, table.name});
     }
     const QString field = table.fields[static_cast<size_t>(place)].name;
+    for (const Index &index : readIndexes(connection.handle(), table.name)) {
+        if (index.columns.contains(field, Qt::CaseInsensitive)) {
+            runtime::raise(3280, {field, index.name});
+        }
+    }
     auto left = table.fields;
     left.erase(left.begin() + place);
     QByteArrayList statements = dropIndexesSql(table);
@@ -192,6 +250,60 @@ void dropTable(Connection &connection, const Table &table)
     change(connection, {(u"DROP TABLE "_s + quoted(table.name)).toUtf8(),
                         (u"DELETE FROM "_s + quoted(countersTable) + u" WHERE Tabela = '"_s + name + u'\'').toUtf8()});
     connection.forgetNumbers(table.name);
+}
+
+/// An index of the user's own. It makes searches quicker and changes no answer.
+void createIndex(Connection &connection, const Table &table, const Statement &definition)
+{
+    QStringList columns;
+    for (const IndexColumn &column : definition.indexColumns) {
+        const int place = table.place(column.name);
+        if (place < 0) {
+            runtime::raise(3409, {column.name, table.name});
+        }
+        columns.append(quoted(table.fields[static_cast<size_t>(place)].name) +
+                       (column.descending ? u" DESC"_s : QString()));
+    }
+    if (findIndex(connection, table, definition.index)) {
+        runtime::raise(3375, {table.name, definition.index});
+    }
+    change(connection, {(u"CREATE INDEX "_s + userIndexName(table.name, definition.index) + u" ON "_s +
+                         quoted(table.name) + u" ("_s + columns.join(u", "_s) + u')')
+                            .toUtf8()});
+}
+
+void dropIndex(Connection &connection, const Table &table, const QString &name)
+{
+    const auto index = findIndex(connection, table, name);
+    if (!index) {
+        runtime::raise(3372, {name, table.name});
+    }
+    change(connection, {(u"DROP INDEX "_s + userIndexName(table.name, index->name)).toUtf8()});
+}
+
+/// Table and rows are one change of the file; what fails leaves neither, nor a number that counts as given.
+int selectInto(Connection &connection, Plan &plan, const std::vector<Value> &literals)
+{
+    TableDef made(plan.definition.table);
+    for (const Field &field : plan.takers) {
+        made.append(field);
+    }
+    refuseTable(connection, made.name());
+    const std::vector<Row> rows = readRows(connection, plan, literals);
+    try {
+        Transaction transaction(connection);
+        createTable(connection, made);
+        const auto table = connection.schema().find(made.name());
+        for (const Row &row : rows) {
+            connection.writer(table)->insert(row);
+        }
+        transaction.commit();
+    } catch (const runtime::RuntimeError &) {
+        connection.forgetSchema();
+        connection.forgetNumbers(made.name());
+        throw;
+    }
+    return static_cast<int>(rows.size());
 }
 
 TableDef definedTable(const Statement &definition)
@@ -225,8 +337,16 @@ int run(Connection &connection, const std::shared_ptr<Plan> &plan, const std::ve
     case StatementKind::DropTable:
         dropTable(connection, *plan->target);
         break;
+    case StatementKind::CreateIndex:
+        createIndex(connection, *plan->target, plan->definition);
+        break;
+    case StatementKind::DropIndex:
+        dropIndex(connection, *plan->target, plan->definition.index);
+        break;
+    case StatementKind::SelectInto:
+        return selectInto(connection, *plan, literals);
     case StatementKind::Select:
-        throw runtime::RuntimeError(3065, u"Não é possível executar uma consulta seleção."_s);
+        runtime::raise(3065);
     }
     return 0;
 }
@@ -242,9 +362,7 @@ int execute(Connection &connection, const QString &statement)
 void createTable(Connection &connection, const TableDef &table)
 {
     checkDefinition(table);
-    if (connection.schema().find(table.name())) {
-        runtime::raise(3010, {table.name()});
-    }
+    refuseTable(connection, table.name());
     change(connection, QByteArrayList{createTableSql(table)} + createIndexesSql(table.name(), table.fields()));
 }
 

@@ -40,7 +40,21 @@ std::optional<FieldType> typeOf(const runtime::Value &value)
     return std::holds_alternative<qint32>(value) ? FieldType::Long : FieldType::Double;
 }
 
-/// Integers stay Long and Singles Single; all else is Double, but a date with a number stays a date.
+/// The type of several values of which one counts: that of them all, none where they differ.
+std::optional<FieldType> typeOfChoice(const std::vector<Term> &choices)
+{
+    std::optional<FieldType> type;
+    for (const Term &choice : choices) {
+        if (type && choice.type && *type != *choice.type) {
+            return std::nullopt;
+        }
+        type = type ? type : choice.type;
+    }
+    return type;
+}
+
+/// Integers stay Long, Singles Single and amounts of money Currency; all else is Double, but a date with a number stays
+/// a date. Only a product of Currency and Double is a Double.
 FieldType arithmeticType(const QString &text, const Term &left, const Term &right)
 {
     const FieldType a = left.type.value_or(FieldType::Double);
@@ -53,6 +67,10 @@ FieldType arithmeticType(const QString &text, const Term &left, const Term &righ
     };
     if (text == u"\\" || text == u"MOD" || (whole(a) && whole(b) && text != u"/" && text != u"^")) {
         return FieldType::Long;
+    }
+    if ((a == FieldType::Currency || b == FieldType::Currency) && text != u"/" && text != u"^") {
+        const bool wide = a == FieldType::Double || b == FieldType::Double;
+        return text == u"*" && wide ? FieldType::Double : FieldType::Currency;
     }
     const auto narrow = [](FieldType type) { return type == FieldType::Single || type == FieldType::Integer; };
     const bool single = (a == FieldType::Single || b == FieldType::Single) && narrow(a) && narrow(b) && text != u"^";
@@ -83,9 +101,28 @@ QString ExpressionWriter::asValue(const Term &term)
     return term.condition ? u"(-"_s + term.sql + u')' : term.sql;
 }
 
+QString ExpressionWriter::asKey(const Term &term)
+{
+    return isText(term) ? asValue(term) + collate : asValue(term);
+}
+
+const runtime::Value &ExpressionWriter::literalAt(int place) const
+{
+    return literals_[static_cast<size_t>(place)];
+}
+
 QString ExpressionWriter::writeCondition(const Expression &expression)
 {
-    return write(expression).sql;
+    return asCondition(write(expression));
+}
+
+/// The engine takes any text for untrue. Where only the rows tell whether a text stands there, the rows are asked.
+QString ExpressionWriter::asCondition(const Term &term)
+{
+    if (isText(term)) {
+        runtime::raise(3464);
+    }
+    return term.type || term.condition ? term.sql : u"TV_TRUTH("_s + term.sql + u')';
 }
 
 Term ExpressionWriter::write(const Expression &expression)
@@ -103,7 +140,7 @@ Term ExpressionWriter::write(const Expression &expression)
     case Kind::Negate:
         return writeNegate(expression);
     case Kind::Not:
-        return condition(u"(NOT "_s + write(expression.parts[0]).sql + u')');
+        return condition(u"(NOT "_s + writeCondition(expression.parts[0]) + u')');
     case Kind::And:
     case Kind::Or:
         return writeLogic(expression);
@@ -134,9 +171,8 @@ Term ExpressionWriter::write(const Expression &expression)
 
 Term ExpressionWriter::writeLiteral(const Expression &expression) const
 {
-    const auto place = static_cast<size_t>(expression.literal);
-    return {
-        u'?' + QString::number(expression.literal + 1), typeOf(literals_[place]), expression.literal, false, -1, -1};
+    const QString sql = u'?' + QString::number(expression.literal + 1);
+    return {sql, typeOf(literalAt(expression.literal)), expression.literal, false, -1, -1};
 }
 
 Term ExpressionWriter::writeConstant(const Expression &expression)
@@ -144,7 +180,8 @@ Term ExpressionWriter::writeConstant(const Expression &expression)
     if (expression.text == u"NULL") {
         return typed(u"NULL"_s, std::nullopt);
     }
-    return typed(expression.text == u"TRUE" ? u"(-1)"_s : u"0"_s, FieldType::Boolean);
+    // A sum, as the engine takes a number alone in GROUP BY and ORDER BY for the place of a column.
+    return typed(expression.text == u"TRUE" ? u"(0 - 1)"_s : u"(0 + 0)"_s, FieldType::Boolean);
 }
 
 Term ExpressionWriter::writeName(const Expression &expression)
@@ -159,7 +196,6 @@ Term ExpressionWriter::writeName(const Expression &expression)
     return typed(u"NULL"_s, std::nullopt);
 }
 
-/// The column that a name means among the tables of one scope; a Term without text where it means none.
 Term ExpressionWriter::find(const Scope &scope, const Expression &name, bool inner)
 {
     Term found;
@@ -173,12 +209,14 @@ Term ExpressionWriter::find(const Scope &scope, const Expression &name, bool inn
             continue;
         }
         if (!found.sql.isEmpty()) {
-            throw runtime::RuntimeError(
-                3079, u"O campo '%1' pode se referir a mais de uma tabela da instrução SQL."_s.arg(name.text));
+            runtime::raise(3079, {name.text});
+        }
+        if (i < scope.firstJoined || i >= scope.endJoined) {
+            runtime::raise(3082, {source.name + u'.' + name.text});
         }
         const Field &field = source.table->fields[static_cast<size_t>(place)];
-        found = {source.alias + u'.' + quoted(field.name), field.type, -1, false,
-                 inner ? static_cast<int>(i) : -1,         place};
+        const QString sql = source.alias + u'.' + quoted(field.name);
+        found = {sql, valueType(field.type), -1, false, inner ? static_cast<int>(i) : -1, place};
         lastAlias_ = source.alias;
         sawBareColumn_ = sawBareColumn_ || (inner && insideAggregate_ == 0);
     }
@@ -189,20 +227,31 @@ Term ExpressionWriter::writeCall(const Expression &expression)
 {
     const Function *const function = findFunction(expression.text);
     if (function == nullptr) {
-        throw runtime::RuntimeError(3085, u"Função '%1' indefinida na expressão."_s.arg(expression.text));
+        runtime::raise(3085, {expression.text});
     }
     const auto count = static_cast<int>(expression.parts.size());
     const bool star = count == 1 && expression.parts[0].kind == Expression::Kind::Star;
     if (count < function->fewest || count > function->most || (star && function->name != "COUNT"_L1)) {
         fail(u"Número incorreto de argumentos"_s);
     }
-    if (function->name == "IIF"_L1) {
+    return callFunction(*function, expression);
+}
+
+Term ExpressionWriter::callFunction(const Function &function, const Expression &expression)
+{
+    if (isAggregate(function)) {
+        return writeAggregate(expression);
+    }
+    if (function.name == "IIF"_L1) {
         return writeChoice(expression);
     }
-    if (function->name == "ISNULL"_L1) {
+    if (function.name == "SWITCH"_L1) {
+        return writeSwitch(expression);
+    }
+    if (function.name == "ISNULL"_L1) {
         return condition(u'(' + asValue(write(expression.parts[0])) + u" IS NULL)"_s);
     }
-    return isAggregate(*function) ? writeAggregate(expression) : writeFunction(expression, *function->type);
+    return writeFunction(expression, *function.type);
 }
 
 Term ExpressionWriter::writeAggregate(const Expression &expression)
@@ -223,20 +272,42 @@ Term ExpressionWriter::writeAggregate(const Expression &expression)
         const QString row = lastAlias_.isEmpty() ? u"0"_s : lastAlias_ + u'.' + rowName;
         return typed(u"TV_"_s + expression.text + u'(' + asValue(argument) + u", "_s + row + u')', argument.type);
     }
-    const FieldType result = name == u"count" ? FieldType::Long : FieldType::Double;
-    const bool extreme = name == u"min" || name == u"max";
-    const QString order = extreme && isText(argument) ? QString(collate) : QString();
-    return typed(name + u'(' + asValue(argument) + order + u')', extreme ? argument.type : std::optional(result));
+    if (name == u"min" || name == u"max") {
+        return typed(name + u'(' + asKey(argument) + u')', argument.type);
+    }
+    if (name == u"count") {
+        return typed(u"count("_s + asValue(argument) + u')', FieldType::Long);
+    }
+    if (isText(argument)) {
+        runtime::raise(3464);
+    }
+    const bool money = argument.type == FieldType::Currency;
+    return typed(name + u'(' + asValue(argument) + u')', money ? FieldType::Currency : FieldType::Double);
 }
 
 Term ExpressionWriter::writeChoice(const Expression &expression)
 {
     const Term yes = write(expression.parts[1]);
     const Term no = write(expression.parts[2]);
-    const QString sql = u"(CASE WHEN "_s + write(expression.parts[0]).sql + u" THEN "_s + asValue(yes) + u" ELSE "_s +
-                        asValue(no) + u" END)"_s;
-    const bool same = yes.type == no.type || !no.type;
-    return typed(sql, same ? yes.type : !yes.type ? no.type : std::nullopt);
+    const QString sql = u"(CASE WHEN "_s + writeCondition(expression.parts[0]) + u" THEN "_s + asValue(yes) +
+                        u" ELSE "_s + asValue(no) + u" END)"_s;
+    return typed(sql, typeOfChoice({yes, no}));
+}
+
+/// Conditions and values by turns: the value behind the first condition that holds.
+Term ExpressionWriter::writeSwitch(const Expression &expression)
+{
+    if (expression.parts.size() % 2 != 0) {
+        fail(u"Número incorreto de argumentos"_s);
+    }
+    QString sql = u"(CASE"_s;
+    std::vector<Term> choices;
+    for (size_t i = 0; i < expression.parts.size(); i += 2) {
+        sql += u" WHEN "_s + writeCondition(expression.parts[i]);
+        choices.push_back(write(expression.parts[i + 1]));
+        sql += u" THEN "_s + asValue(choices.back());
+    }
+    return typed(sql + u" END)"_s, typeOfChoice(choices));
 }
 
 Term ExpressionWriter::writeFunction(const Expression &expression, FieldType type)
@@ -306,6 +377,7 @@ Term ExpressionWriter::writeLike(const Expression &expression)
     return condition(u'(' + negation + u"TV_LIKE("_s + text + u", "_s + pattern + u"))"_s);
 }
 
+/// The bounds may stand in either order.
 Term ExpressionWriter::writeBetween(const Expression &expression)
 {
     const Term value = write(expression.parts[0]);
@@ -313,16 +385,16 @@ Term ExpressionWriter::writeBetween(const Expression &expression)
     const Term high = write(expression.parts[2]);
     align(value, low);
     align(value, high);
-    const QString order = isText(value) ? QString(collate) : QString();
     const QString word = expression.negated ? u" NOT BETWEEN "_s : u" BETWEEN "_s;
-    return condition(u'(' + asValue(value) + order + word + asValue(low) + u" AND "_s + asValue(high) + u')');
+    const QString order = isText(value) ? QString(collate) : QString();
+    const QString bounds = u'(' + asValue(low) + order + u", "_s + asValue(high) + u')';
+    return condition(u'(' + asKey(value) + word + u"min"_s + bounds + u" AND max"_s + bounds + u')');
 }
 
 Term ExpressionWriter::writeIn(const Expression &expression)
 {
     const Term value = write(expression.parts[0]);
-    const QString start = u'(' + asValue(value) + (isText(value) ? QString(collate) : QString()) +
-                          (expression.negated ? u" NOT IN "_s : u" IN "_s);
+    const QString start = u'(' + asKey(value) + (expression.negated ? u" NOT IN "_s : u" IN "_s);
     if (expression.select) {
         const Term found = writeSubselect(*expression.select, false);
         align(value, found);
@@ -339,8 +411,8 @@ Term ExpressionWriter::writeIn(const Expression &expression)
 
 Term ExpressionWriter::writeLogic(const Expression &expression)
 {
-    const QString left = write(expression.parts[0]).sql;
-    const QString right = write(expression.parts[1]).sql;
+    const QString left = writeCondition(expression.parts[0]);
+    const QString right = writeCondition(expression.parts[1]);
     return condition(u'(' + left + u' ' + expression.text + u' ' + right + u')');
 }
 
@@ -380,7 +452,7 @@ void ExpressionWriter::align(const Term &left, const Term &right)
         return;
     }
     if (!(isText(left) ? adapt(left, *right.type) : adapt(right, *left.type))) {
-        throw runtime::RuntimeError(3464, u"Tipo de dados incompatível na expressão de critério."_s);
+        runtime::raise(3464);
     }
 }
 

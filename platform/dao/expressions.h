@@ -5,8 +5,12 @@
 
 #include <QSet>
 
+#include <limits>
+
 namespace dao
 {
+
+struct Function;
 
 /// A table of a FROM clause, under the name by which the statement knows it and the one that the engine gets.
 struct Source {
@@ -19,6 +23,8 @@ struct Source {
 struct Scope {
     std::vector<Source> sources;
     const Scope *outer = nullptr;
+    size_t firstJoined = 0; ///< the condition of a join sees the tables from here
+    size_t endJoined = std::numeric_limits<size_t>::max();
 };
 
 /// An expression in the engine's words. A condition is 1, 0 or Null there, and turns into -1, 0 or Null where its value
@@ -34,7 +40,8 @@ struct Term {
 
 /// Writes expressions of the dialect in the engine's words: resolves names, compares texts by the collation, numbers
 /// with quoted numbers as numbers. Error 3061 for names that are no column (raised at the end, by `finish`), 3079 for a
-/// name that two tables have, 3464 for a comparison of text with number, 3085 for an unknown function.
+/// name that two tables have, 3082 for one of a table that a join does not see, 3464 for a comparison of text with
+/// number and for a text that stands as a condition, 3085 for an unknown function.
 class ExpressionWriter
 {
 public:
@@ -43,10 +50,20 @@ public:
     ExpressionWriter(const ExpressionWriter &) = delete;
     ExpressionWriter &operator=(const ExpressionWriter &) = delete;
 
+    static QString asValue(const Term &term);
+
+    /// A value with the collation that texts are compared by.
+    static QString asKey(const Term &term);
+
 protected:
     Term write(const Expression &expression);
     QString writeCondition(const Expression &expression);
-    static QString asValue(const Term &term);
+    QString asText(const Term &term);
+
+    /// The column that a name means among the tables of one scope; a Term without text where it means none.
+    Term find(const Scope &scope, const Expression &name, bool inner);
+
+    const runtime::Value &literalAt(int place) const;
 
     /// A SELECT inside an expression: its text and the type of its only column.
     virtual Term writeSubselect(const Select &select, bool anyColumns) = 0;
@@ -64,10 +81,11 @@ private:
     Term writeLiteral(const Expression &expression) const;
     static Term writeConstant(const Expression &expression);
     Term writeName(const Expression &expression);
-    Term find(const Scope &scope, const Expression &name, bool inner);
     Term writeCall(const Expression &expression);
     Term writeAggregate(const Expression &expression);
     Term writeChoice(const Expression &expression);
+    Term writeSwitch(const Expression &expression);
+    Term callFunction(const Function &function, const Expression &expression);
     Term writeFunction(const Expression &expression, FieldType type);
     Term writeNegate(const Expression &expression);
     Term writeArithmetic(const Expression &expression);
@@ -77,7 +95,7 @@ private:
     Term writeBetween(const Expression &expression);
     Term writeIn(const Expression &expression);
     Term writeLogic(const Expression &expression);
-    QString asText(const Term &term);
+    static QString asCondition(const Term &term);
     QString asNumber(const Term &term);
     void align(const Term &left, const Term &right);
     bool adapt(const Term &term, FieldType other);

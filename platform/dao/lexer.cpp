@@ -3,6 +3,9 @@
 #include "platform/dao/dateliteral.h"
 #include "platform/runtime/error.h"
 
+#include <algorithm>
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace dao
@@ -10,6 +13,9 @@ namespace dao
 
 namespace
 {
+
+/// Behind these words a number is more than a value.
+constexpr std::array countedWords = {"ORDER"_L1, "TOP"_L1, "CREATE"_L1, "ALTER"_L1};
 
 bool startsName(QChar character)
 {
@@ -51,6 +57,9 @@ public:
             next();
         }
         add(TokenKind::End, at_);
+        if (grouped_) {
+            extendKeyByLiterals();
+        }
         return std::move(tokens_);
     }
 
@@ -97,7 +106,9 @@ private:
         }
         add(TokenKind::Name, from);
         const QStringView word = tokens_.list.back().text;
-        positional_ = positional_ || isWord(word, "ORDER"_L1) || isWord(word, "TOP"_L1);
+        positional_ = positional_ || std::any_of(countedWords.begin(), countedWords.end(),
+                                                 [word](QLatin1StringView counted) { return isWord(word, counted); });
+        grouped_ = grouped_ || isWord(word, "GROUP"_L1);
         extendKey(word);
     }
 
@@ -203,8 +214,8 @@ private:
         literal(from, *moment, u'd');
     }
 
-    /// Behind ORDER BY and TOP a number says which column or how many rows, so there it belongs to the statement's
-    /// shape.
+    /// Behind ORDER BY and TOP a number says which column or how many rows, in a definition how long a text may be, so
+    /// there it belongs to the statement's shape.
     void literal(qsizetype from, runtime::Value value, QChar kind)
     {
         add(TokenKind::Literal, from, static_cast<int>(tokens_.literals.size()));
@@ -213,6 +224,16 @@ private:
         tokens_.key += kind;
         if (positional_) {
             extendKey(tokens_.list.back().text);
+        }
+    }
+
+    /// Whether an item is one of GROUP BY depends on the literals of both.
+    void extendKeyByLiterals()
+    {
+        for (const Token &token : tokens_.list) {
+            if (token.kind == TokenKind::Literal) {
+                extendKey(token.text);
+            }
         }
     }
 
@@ -225,6 +246,7 @@ private:
     QStringView text_;
     qsizetype at_ = 0;
     bool positional_ = false;
+    bool grouped_ = false;
     Tokens tokens_;
 };
 

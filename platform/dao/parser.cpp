@@ -24,7 +24,7 @@ public:
         const bool ended = take(u";");
         if (peek().kind != TokenKind::End) {
             if (ended) {
-                throw runtime::RuntimeError(3142, u"Foram encontrados caracteres após o fim da instrução SQL."_s);
+                runtime::raise(3142);
             }
             fail(u"Erro de sintaxe (operador faltando)"_s);
         }
@@ -32,7 +32,11 @@ public:
     }
 
 protected:
-    Select readSelect() override
+    Select readSelect() override { return readSelect(nullptr); }
+
+private:
+    /// `into` takes the name behind INTO; null where none may stand.
+    Select readSelect(QString *into)
     {
         Select select;
         expect(u"SELECT");
@@ -42,10 +46,15 @@ protected:
         }
         if (takeWord(u"TOP")) {
             select.topLiteral = wholeLiteral();
+            select.percent = takeWord(u"PERCENT");
         }
         do {
             select.items.push_back(readItem());
         } while (take(u","));
+        if (into != nullptr && takeWord(u"INTO")) {
+            *into = name();
+            refuseOtherFile();
+        }
         if (takeWord(u"FROM")) {
             readFrom(select);
         }
@@ -53,12 +62,32 @@ protected:
         return select;
     }
 
-private:
+    /// A SELECT with those that UNION adds to it. The ORDER BY behind the last one is that of the whole.
+    Select readQuery(QString *into)
+    {
+        Select query = readSelect(into);
+        for (Select *last = &query; takeWord(u"UNION"); last = &query.unions.back()) {
+            if (!last->orderBy.empty()) {
+                fail(u"Erro de sintaxe (ORDER BY antes de UNION)"_s);
+            }
+            const bool all = takeWord(u"ALL");
+            query.unions.push_back(readSelect());
+            query.unions.back().unionAll = all;
+        }
+        if (!query.unions.empty()) {
+            query.unionOrder = std::exchange(query.unions.back().orderBy, {});
+        }
+        return query;
+    }
+
     Statement readStatement()
     {
         const Token first = peek();
         if (isWord(first, u"SELECT")) {
-            return {StatementKind::Select, readSelect(), {}, {}, {}};
+            Statement statement;
+            statement.select = readQuery(&statement.table);
+            statement.kind = statement.table.isEmpty() ? StatementKind::Select : StatementKind::SelectInto;
+            return statement;
         }
         next();
         if (isWord(first, u"DELETE")) {
@@ -78,6 +107,12 @@ private:
         }
         if (isWord(first, u"DROP")) {
             return readDrop();
+        }
+        if (first.kind == TokenKind::Name) {
+            unsupported(first.text.toString());
+        }
+        if (first.kind == TokenKind::End) {
+            throw runtime::RuntimeError(3075, u"A instrução SQL está vazia."_s);
         }
         fail(u"Instrução SQL inválida; esperava-se 'DELETE', 'INSERT', 'SELECT' ou 'UPDATE'"_s);
     }
@@ -115,21 +150,32 @@ private:
     {
         beginClause();
         do {
-            readJoins(select);
+            add(readJoins(), {}, select.from);
         } while (take(u","));
     }
 
-    void readJoins(Select &select)
+    std::vector<FromTable> readJoins()
     {
-        readTable(select, {});
-        for (;;) {
-            const QString kind = joinKind();
-            if (kind.isEmpty()) {
-                return;
-            }
-            readTable(select, kind);
+        std::vector<FromTable> joined;
+        add(readTable(), {}, joined);
+        for (QString kind = joinKind(); !kind.isEmpty(); kind = joinKind()) {
+            add(readTable(), kind, joined);
             expect(u"ON");
-            select.from.back().on = readExpression();
+            joined.back().on = readExpression();
+        }
+        return joined;
+    }
+
+    /// Joins that begin a clause need no brackets: they are read from the left in any case.
+    static void add(std::vector<FromTable> tables, const QString &join, std::vector<FromTable> &clause)
+    {
+        if (clause.empty()) {
+            clause = std::move(tables);
+        } else if (tables.size() == 1) {
+            clause.push_back(std::move(tables.front()));
+            clause.back().join = join;
+        } else {
+            clause.push_back({{}, {}, join, {}, std::move(tables)});
         }
     }
 
@@ -145,20 +191,32 @@ private:
         return takeWord(u"JOIN") ? u"INNER"_s : QString();
     }
 
-    /// Joins in parentheses on the left only: there they are read as if the parentheses were not there.
-    void readTable(Select &select, const QString &join)
+    /// One table, or in brackets several that are joined.
+    std::vector<FromTable> readTable()
     {
-        if (join.isEmpty() && take(u"(")) {
+        if (take(u"(")) {
+            if (isWord(peek(), u"SELECT")) {
+                unsupported(u"FROM (SELECT)"_s);
+            }
             const Nesting nesting(*this);
-            readJoins(select);
+            std::vector<FromTable> group = readJoins();
             expectSymbol(u")");
-            return;
+            return group;
         }
-        FromTable from{name(), {}, join, {}};
+        FromTable from;
+        from.table = name();
+        refuseOtherFile();
         if (takeWord(u"AS") || isName(peek())) {
             from.alias = name();
         }
-        select.from.push_back(std::move(from));
+        return {std::move(from)};
+    }
+
+    void refuseOtherFile() const
+    {
+        if (isWord(peek(), u"IN")) {
+            unsupported(u"IN"_s);
+        }
     }
 
     void readConditions(Select &select)
@@ -204,11 +262,15 @@ private:
 
     Statement readDelete()
     {
-        Statement statement{StatementKind::Delete, {}, {}, {}, {}};
+        Statement statement;
+        statement.kind = StatementKind::Delete;
         if (!isWord(peek(), u"FROM") && !take(u"*")) {
             statement.table = name();
             expectSymbol(u".");
             expectSymbol(u"*");
+            if (isSymbol(peek(), u",")) {
+                runtime::raise(3086);
+            }
         }
         expect(u"FROM");
         readFrom(statement.select);
@@ -218,7 +280,8 @@ private:
 
     Statement readUpdate()
     {
-        Statement statement{StatementKind::Update, {}, {}, {}, {}};
+        Statement statement;
+        statement.kind = StatementKind::Update;
         readFrom(statement.select);
         expect(u"SET");
         beginClause();
@@ -231,18 +294,21 @@ private:
 
     void readAssignment(Statement &statement)
     {
-        QString column = name();
-        if (take(u".")) {
-            column = name();
+        Expression target;
+        target.kind = Expression::Kind::Name;
+        target.text = name();
+        if (take(u".") || take(u"!")) {
+            target.table = std::exchange(target.text, name());
         }
         expectSymbol(u"=");
-        statement.columns.append(column);
+        statement.targets.push_back(std::move(target));
         statement.select.items.push_back({readExpression(), {}, false, {}});
     }
 
     Statement readInsert()
     {
-        Statement statement{StatementKind::Insert, {}, {}, {}, {}};
+        Statement statement;
+        statement.kind = StatementKind::Insert;
         expect(u"INTO");
         statement.table = name();
         if (take(u"(")) {
@@ -259,15 +325,21 @@ private:
             } while (take(u","));
             expectSymbol(u")");
         } else {
-            statement.select = readSelect();
+            statement.select = readQuery(nullptr);
+            statement.byName = true;
         }
         return statement;
     }
 
     Statement readCreate()
     {
-        Statement statement{StatementKind::CreateTable, {}, {}, {}, {}};
-        expect(u"TABLE");
+        Statement statement;
+        if (takeWord(u"INDEX")) {
+            readIndex(statement);
+            return statement;
+        }
+        statement.kind = StatementKind::CreateTable;
+        expectTable(u"CREATE");
         statement.table = name();
         expectSymbol(u"(");
         do {
@@ -277,16 +349,47 @@ private:
         return statement;
     }
 
+    void expectTable(QStringView verb)
+    {
+        if (!takeWord(u"TABLE")) {
+            if (peek().kind == TokenKind::Name) {
+                unsupported(verb + u' ' + peek().text);
+            }
+            expect(u"TABLE");
+        }
+    }
+
+    void readIndex(Statement &statement)
+    {
+        statement.kind = StatementKind::CreateIndex;
+        statement.index = name();
+        expect(u"ON");
+        statement.table = name();
+        expectSymbol(u"(");
+        do {
+            IndexColumn column{name(), takeWord(u"DESC")};
+            if (!column.descending) {
+                takeWord(u"ASC");
+            }
+            statement.indexColumns.push_back(std::move(column));
+        } while (take(u","));
+        expectSymbol(u")");
+        refuseWords();
+    }
+
     Statement readAlter()
     {
-        Statement statement{StatementKind::AlterAdd, {}, {}, {}, {}};
+        Statement statement;
+        statement.kind = StatementKind::AlterAdd;
         expect(u"TABLE");
         statement.table = name();
         const bool drop = takeWord(u"DROP");
-        if (!drop) {
+        if (!drop && !takeWord(u"ADD")) {
+            refuseWords();
             expect(u"ADD");
         }
         takeWord(u"COLUMN");
+        refuseConstraint();
         if (drop) {
             statement.kind = StatementKind::AlterDrop;
             statement.columns.append(name());
@@ -298,31 +401,52 @@ private:
 
     Statement readDrop()
     {
-        Statement statement{StatementKind::DropTable, {}, {}, {}, {}};
-        expect(u"TABLE");
+        Statement statement;
+        if (takeWord(u"INDEX")) {
+            statement.kind = StatementKind::DropIndex;
+            statement.index = name();
+            expect(u"ON");
+            statement.table = name();
+            return statement;
+        }
+        statement.kind = StatementKind::DropTable;
+        expectTable(u"DROP");
         statement.table = name();
         return statement;
     }
 
+    void refuseConstraint() const
+    {
+        for (const QStringView word :
+             {QStringView(u"CONSTRAINT"), QStringView(u"PRIMARY"), QStringView(u"UNIQUE"), QStringView(u"FOREIGN")}) {
+            if (isWord(peek(), word)) {
+                refuseWords();
+            }
+        }
+    }
+
     Field readField()
     {
+        refuseConstraint();
         Field field;
         field.name = name();
         const QString type = name();
         const auto found = typeOfDefinition(type);
         if (!found) {
-            throw runtime::RuntimeError(3292, u"Erro de sintaxe na definição de campo."_s);
+            throw runtime::RuntimeError(3292, u"Tipo de campo '%1' desconhecido."_s.arg(type));
         }
         field.type = found->type;
         field.attributes = found->counter ? counterAttributes : 0;
         field.size = field.type == FieldType::Text ? 255 : 0;
         if (take(u"(")) {
-            field.size = std::get<qint32>(literal(wholeLiteral()));
+            const int size = std::get<qint32>(literal(wholeLiteral()));
+            field.size = field.type == FieldType::Text ? size : 0;
             expectSymbol(u")");
         }
         if (field.type == FieldType::Text && (field.size < 1 || field.size > 255)) {
-            throw runtime::RuntimeError(3292, u"Erro de sintaxe na definição de campo."_s);
+            runtime::raise(3292);
         }
+        refuseWords();
         return field;
     }
 };

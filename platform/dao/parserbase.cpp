@@ -40,17 +40,12 @@ constexpr std::array operators = {
 constexpr std::array comparisons = {QStringView(u"="), QStringView(u"<>"), QStringView(u"<"),
                                     QStringView(u">"), QStringView(u"<="), QStringView(u">=")};
 
-[[noreturn]] void tooComplex()
-{
-    throw runtime::RuntimeError(3360, u"A consulta é complexa demais."_s);
-}
-
 } // namespace
 
 ExpressionParser::Nesting::Nesting(ExpressionParser &parser) : depth_(parser.depth_)
 {
     if (depth_ >= deepest) {
-        tooComplex();
+        runtime::raise(3360);
     }
     ++depth_;
 }
@@ -123,6 +118,22 @@ QString ExpressionParser::name()
     return next().text.toString();
 }
 
+void ExpressionParser::unsupported(const QString &command)
+{
+    throw runtime::RuntimeError(3075, u"Comando não suportado: %1."_s.arg(command.toUpper()));
+}
+
+void ExpressionParser::refuseWords() const
+{
+    QStringList words;
+    for (size_t ahead = 0; peek(ahead).kind == TokenKind::Name; ++ahead) {
+        words.append(peek(ahead).text.toString());
+    }
+    if (!words.isEmpty()) {
+        unsupported(words.join(u' '));
+    }
+}
+
 void ExpressionParser::fail(const QString &reason) const
 {
     const qsizetype from = clause_.isNull() ? 0 : clause_.utf16() - statement_.utf16();
@@ -133,7 +144,7 @@ void ExpressionParser::fail(const QString &reason) const
 Expression ExpressionParser::combine(Expression::Kind kind, QStringView text, Expression left, Expression right)
 {
     if (++operators_ > mostOperators) {
-        tooComplex();
+        runtime::raise(3360);
     }
     Expression made;
     made.kind = kind;
@@ -150,6 +161,11 @@ Expression ExpressionParser::readExpression()
     Expression left = readAnd();
     while (takeWord(u"OR")) {
         left = combine(Expression::Kind::Or, u"OR", std::move(left), readAnd());
+    }
+    for (const QStringView other : {QStringView(u"XOR"), QStringView(u"EQV"), QStringView(u"IMP")}) {
+        if (isWord(peek(), other)) {
+            unsupported(other.toString());
+        }
     }
     return left;
 }
@@ -331,14 +347,17 @@ Expression ExpressionParser::subselect(Expression::Kind kind)
     Expression made;
     made.kind = kind;
     made.select = std::make_shared<Select>(readSelect());
+    if (isWord(peek(), u"UNION")) {
+        runtime::raise(3361);
+    }
     return made;
 }
 
 Expression ExpressionParser::readNamed()
 {
-    // Left and Right are functions as well as words of the joins.
+    // Left, Right and Asc are functions as well as words of the language.
     const bool call = peek().kind == TokenKind::Name && isSymbol(peek(1), u"(") &&
-                      (isName(peek()) || isWord(peek(), u"LEFT") || isWord(peek(), u"RIGHT"));
+                      (isName(peek()) || isWord(peek(), u"LEFT") || isWord(peek(), u"RIGHT") || isWord(peek(), u"ASC"));
     if (call) {
         return readCall(next().text.toString().toUpper());
     }

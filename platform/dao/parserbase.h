@@ -45,6 +45,12 @@ protected:
     QString name();
     const runtime::Value &literal(int place) const { return tokens_.literals[static_cast<size_t>(place)]; }
 
+    /// Raises 3075 for what the dialect has and this program does not, by its name.
+    [[noreturn]] static void unsupported(const QString &command);
+
+    /// Raises it for the words that stand here, if some do.
+    void refuseWords() const;
+
     /// What an error quotes begins here.
     void beginClause() { clause_ = peek().text; }
     [[noreturn]] void fail(const QString &reason) const;

@@ -2,8 +2,6 @@
 
 #include "platform/runtime/runtime.h"
 
-using namespace Qt::StringLiterals;
-
 namespace dao
 {
 
@@ -61,7 +59,7 @@ void bindLiterals(Prepared &statement, const Plan &plan, const std::vector<runti
         try {
             statement.bind(static_cast<int>(i) + 1, convertLiteral(literals[i], plan.binds[i]));
         } catch (const runtime::RuntimeError &) {
-            throw runtime::RuntimeError(3464, u"Tipo de dados incompatível na expressão de critério."_s);
+            runtime::raise(3464);
         }
     }
 }

@@ -22,6 +22,15 @@ struct ResultColumn {
     int place = -1;
 };
 
+/// The fields of one table that an UPDATE writes: which row number of the result tells the row, the places of the
+/// fields, and the columns of the result that they take.
+struct RowChange {
+    std::shared_ptr<const Table> table;
+    int rowNumber = 0;
+    std::vector<int> places;
+    std::vector<size_t> columns;
+};
+
 /// Statements of one text that stand ready between two uses.
 class StatementPool
 {
@@ -51,9 +60,12 @@ struct Plan {
     StatementPool keys;                  ///< the row numbers of all rows in order
     StatementPool seek;                  ///< one row by its row numbers, which follow the literals
     StatementPool last;                  ///< the last row; the highest row number that counts follows the literals
-    std::shared_ptr<const Table> target; ///< the table that an action writes
-    std::vector<int> targetPlaces;
-    Statement definition; ///< of CREATE, ALTER and DROP
+    std::shared_ptr<const Table> target; ///< the table that INSERT, DELETE, ALTER or DROP is about
+    std::vector<int> targetPlaces;       ///< of the fields that an INSERT names
+    std::vector<RowChange> changes;      ///< of an UPDATE, a table each
+    std::vector<Field> takers;           ///< the fields that take the columns of an action
+    int hidden = 0;                      ///< row numbers in front of an UPDATE's values
+    Statement definition;                ///< of CREATE, ALTER, DROP and SELECT INTO
 
     int rowNumbers() const { return static_cast<int>(tables.size()); }
     void clearPools();

@@ -1,7 +1,7 @@
 #include "platform/dao/rewriter.h"
 
-#include "platform/dao/expressions.h"
 #include "platform/dao/parser.h"
+#include "platform/dao/selectwriter.h"
 #include "platform/runtime/error.h"
 
 #include <algorithm>
@@ -14,47 +14,11 @@ namespace dao
 namespace
 {
 
-struct OrderTerm {
-    QString sql;
-    bool descending = false;
-};
-
-/// The pieces of a SELECT in the engine's words.
-struct Written {
-    std::vector<ResultColumn> columns;
-    QStringList values;
-    QString from;
-    QString where;
-    QString grouping;
-    std::vector<OrderTerm> order;
-    QString limit;
-    bool plain = true; ///< rows are rows of the tables: no aggregate, no grouping, no outer join
-};
-
-QString orderBy(const std::vector<OrderTerm> &order, bool reversed)
-{
-    QStringList terms;
-    for (const OrderTerm &term : order) {
-        terms.append(term.sql + (term.descending != reversed ? u" DESC"_s : QString()));
-    }
-    return terms.isEmpty() ? QString() : u" ORDER BY "_s + terms.join(u", "_s);
-}
-
-QString both(const QString &first, const QString &second)
-{
-    return first.isEmpty() ? second : second.isEmpty() ? first : u'(' + first + u") AND "_s + second;
-}
-
-QString whereClause(const QString &condition)
-{
-    return condition.isEmpty() ? QString() : u" WHERE "_s + condition;
-}
-
-class Rewriter : public ExpressionWriter
+class Rewriter : public SelectWriter
 {
 public:
     Rewriter(const Schema &schema, const Tokens &tokens, QStringView text)
-        : ExpressionWriter(tokens.literals, text), schema_(schema), tokens_(tokens)
+        : SelectWriter(schema, tokens, text), tokens_(tokens)
     {
     }
 
@@ -65,27 +29,8 @@ public:
         finish();
         plan_.definition = std::move(statement);
         plan_.binds = std::move(binds_);
+        plan_.reads = std::move(reads_);
         return std::move(plan_);
-    }
-
-protected:
-    Term writeSubselect(const Select &select, bool anyColumns) override
-    {
-        const bool aggregate = std::exchange(sawAggregate_, false);
-        const bool bare = std::exchange(sawBareColumn_, false);
-        const Scope scope = openScope(select);
-        const Scope *const outer = std::exchange(scope_, &scope);
-        const Written written = writeSelect(select);
-        scope_ = outer;
-        sawAggregate_ = aggregate;
-        sawBareColumn_ = bare;
-        if (written.columns.size() != 1 && !anyColumns) {
-            throw runtime::RuntimeError(3306, u"A subconsulta só pode devolver um campo."_s);
-        }
-        Term term;
-        term.sql = u'(' + selectText(select, written, written.values.join(u", "_s)) + u')';
-        term.type = written.columns.front().type;
-        return term;
     }
 
 private:
@@ -94,6 +39,8 @@ private:
         switch (statement.kind) {
         case StatementKind::Select:
             return planSelect(statement.select);
+        case StatementKind::SelectInto:
+            return planSelectInto(statement);
         case StatementKind::Delete:
             return planDelete(statement);
         case StatementKind::Update:
@@ -104,252 +51,32 @@ private:
             return;
         case StatementKind::AlterAdd:
         case StatementKind::AlterDrop:
+        case StatementKind::CreateIndex:
             plan_.target = definedTable(statement.table, 3371);
             return;
         case StatementKind::DropTable:
+        case StatementKind::DropIndex:
             plan_.target = definedTable(statement.table, 3376);
             return;
         }
     }
 
-    std::shared_ptr<const Table> definedTable(const QString &name, int error) const
-    {
-        auto table = schema_.find(name);
-        if (!table) {
-            runtime::raise(error, {name});
-        }
-        return table;
-    }
-
-    Scope openScope(const Select &select)
-    {
-        Scope scope;
-        scope.outer = scope_;
-        for (const FromTable &from : select.from) {
-            Source source;
-            source.table = definedTable(from.table, 3078);
-            source.name = from.alias.isEmpty() ? source.table->name : from.alias;
-            source.alias = u't' + QString::number(aliases_++);
-            if (std::any_of(scope.sources.begin(), scope.sources.end(), [&source](const Source &other) {
-                    return other.name.compare(source.name, Qt::CaseInsensitive) == 0;
-                })) {
-                fail(u"Tabela repetida na cláusula FROM"_s);
-            }
-            plan_.reads.append(source.table->name);
-            scope.sources.push_back(std::move(source));
-        }
-        return scope;
-    }
-
-    /// Inner joins become a list of tables with conditions, so that the engine is free in its order of search.
-    void writeFrom(const Select &select, Written &written)
-    {
-        for (size_t i = 0; i < select.from.size(); ++i) {
-            const FromTable &from = select.from[i];
-            const Source &source = scope_->sources[i];
-            const bool outer = from.join == u"LEFT" || from.join == u"RIGHT";
-            const QString link = i == 0 ? QString() : outer ? u' ' + from.join + u" JOIN "_s : u" JOIN "_s;
-            written.from += link + quoted(source.table->name) + u" AS "_s + source.alias;
-            if (outer) {
-                written.from += u" ON "_s + writeCondition(*from.on);
-                written.plain = false;
-            } else if (from.on) {
-                written.where = both(written.where, writeCondition(*from.on));
-            }
-        }
-    }
-
-    Written writeSelect(const Select &select)
-    {
-        Written written;
-        writeFrom(select, written);
-        if (select.where) {
-            written.where = both(written.where, writeCondition(*select.where));
-        }
-        refuseAggregate();
-        const QStringList groups = writeGrouping(select, written);
-        writeItems(select, written, groups);
-        if (select.having) {
-            written.grouping += u" HAVING "_s + writeCondition(*select.having);
-        }
-        for (const OrderItem &item : select.orderBy) {
-            written.order.push_back(writeOrder(select, item, written));
-        }
-        written.plain = written.plain && !sawAggregate_ && groups.isEmpty() && !select.having && !select.distinct &&
-                        !select.from.empty();
-        addStorageOrder(written);
-        if (select.topLiteral >= 0) {
-            written.limit = u" LIMIT ?"_s + QString::number(select.topLiteral + 1);
-        }
-        return written;
-    }
-
-    void refuseAggregate()
-    {
-        if (sawAggregate_) {
-            throw runtime::RuntimeError(3096, u"Não pode haver função agregada na cláusula WHERE."_s);
-        }
-        sawBareColumn_ = false;
-    }
-
-    QStringList writeGrouping(const Select &select, Written &written)
-    {
-        QStringList groups;
-        for (const Expression &expression : select.groupBy) {
-            groups.append(asValue(write(expression)));
-        }
-        if (!groups.isEmpty()) {
-            written.grouping = u" GROUP BY "_s + groups.join(u", "_s);
-        }
-        refuseAggregate();
-        return groups;
-    }
-
-    void writeItems(const Select &select, Written &written, const QStringList &groups)
-    {
-        bool loose = false;
-        for (const SelectItem &item : select.items) {
-            sawBareColumn_ = false;
-            if (item.star) {
-                writeStar(item.starTable, written);
-                continue;
-            }
-            const Term term = write(item.expression);
-            loose = loose || (sawBareColumn_ && !groups.contains(asValue(term)));
-            addColumn(written, term, columnName(item, term, written.columns.size()), item.alias.isEmpty());
-        }
-        if (loose && (sawAggregate_ || !groups.isEmpty())) {
-            throw runtime::RuntimeError(3122, u"A consulta usa um campo que não faz parte de uma função agregada."_s);
-        }
-    }
-
-    QString columnName(const SelectItem &item, const Term &term, size_t place) const
-    {
-        if (!item.alias.isEmpty()) {
-            return item.alias;
-        }
-        if (item.expression.kind == Expression::Kind::Name) {
-            return term.table >= 0 ? fieldOf(term).name : item.expression.text;
-        }
-        return u"Expr"_s + QString::number(1000 + place);
-    }
-
-    const Field &fieldOf(const Term &term) const
-    {
-        return scope_->sources[static_cast<size_t>(term.table)].table->fields[static_cast<size_t>(term.place)];
-    }
-
-    void addColumn(Written &written, const Term &term, const QString &name, bool named)
-    {
-        ResultColumn column;
-        if (term.table >= 0) {
-            column.field = fieldOf(term);
-            column.qualifiedName =
-                named ? scope_->sources[static_cast<size_t>(term.table)].name + u'.' + name : QString();
-            column.table = term.table;
-            column.place = term.place;
-        } else {
-            column.field.type = term.type.value_or(FieldType::Text);
-        }
-        column.field.name = name;
-        column.type = term.type;
-        written.columns.push_back(std::move(column));
-        written.values.append(asValue(term));
-    }
-
-    void writeStar(const QString &table, Written &written)
-    {
-        bool found = false;
-        for (size_t i = 0; i < scope_->sources.size(); ++i) {
-            const Source &source = scope_->sources[i];
-            if (!table.isEmpty() && source.name.compare(table, Qt::CaseInsensitive) != 0) {
-                continue;
-            }
-            found = true;
-            sawBareColumn_ = true;
-            for (size_t place = 0; place < source.table->fields.size(); ++place) {
-                const Field &field = source.table->fields[place];
-                const Term term{source.alias + u'.' + quoted(field.name),
-                                field.type,
-                                -1,
-                                false,
-                                static_cast<int>(i),
-                                static_cast<int>(place)};
-                addColumn(written, term, field.name, true);
-            }
-        }
-        if (!found) {
-            runtime::raise(3078, {table});
-        }
-    }
-
-    /// A number stands for the column of the result at that place; a name may be one that the statement itself gave.
-    OrderTerm writeOrder(const Select &select, const OrderItem &item, const Written &written)
-    {
-        const Expression &expression = item.expression;
-        if (expression.kind == Expression::Kind::Literal) {
-            const auto *const place = std::get_if<qint32>(&tokens_.literals[static_cast<size_t>(expression.literal)]);
-            if (place == nullptr || *place < 1 || *place > written.values.size()) {
-                fail(u"Erro de sintaxe na cláusula ORDER BY"_s);
-            }
-            return ordered(written.values[*place - 1], written.columns[static_cast<size_t>(*place - 1)].type,
-                           item.descending);
-        }
-        for (size_t i = 0;
-             i < select.items.size() && expression.kind == Expression::Kind::Name && expression.table.isEmpty(); ++i) {
-            if (!select.items[i].alias.isEmpty() &&
-                select.items[i].alias.compare(expression.text, Qt::CaseInsensitive) == 0 &&
-                select.items.size() == written.columns.size()) {
-                return ordered(written.values[static_cast<qsizetype>(i)], written.columns[i].type, item.descending);
-            }
-        }
-        const Term term = write(expression);
-        return ordered(asValue(term), term.type, item.descending);
-    }
-
-    static OrderTerm ordered(const QString &sql, std::optional<FieldType> type, bool descending)
-    {
-        return {type == FieldType::Text ? sql + u" COLLATE TARVELO"_s : sql, descending};
-    }
-
-    /// Equal keys keep their order of arrival.
-    void addStorageOrder(Written &written)
-    {
-        if (written.plain) {
-            for (const Source &source : scope_->sources) {
-                written.order.push_back({source.alias + u'.' + rowName, false});
-            }
-        }
-    }
-
-    static QString selectText(const Select &select, const Written &written, const QString &values)
-    {
-        const QString from = written.from.isEmpty() ? QString() : u" FROM "_s + written.from;
-        return (select.distinct ? u"SELECT DISTINCT "_s : u"SELECT "_s) + values + from + whereClause(written.where) +
-               written.grouping + orderBy(written.order, false) + written.limit;
-    }
-
-    QString rowNumbers() const
-    {
-        QString text;
-        for (const Source &source : scope_->sources) {
-            text += source.alias + u'.' + rowName + u", "_s;
-        }
-        return text;
-    }
-
     void planSelect(const Select &select)
     {
+        if (!select.unions.empty()) {
+            planRows(select);
+            return;
+        }
         const Scope scope = openScope(select);
         scope_ = &scope;
         const Written written = writeSelect(select);
         plan_.keyset = written.plain;
         plan_.columns = written.columns;
         nameColumns();
-        const QString values = (plan_.keyset ? rowNumbers() : QString()) + written.values.join(u", "_s);
+        const QStringList values = (plan_.keyset ? rowNumbers() : QStringList()) + written.values();
         plan_.scan = StatementPool(selectText(select, written, values).toUtf8());
         if (plan_.keyset) {
-            planLookups(select, written, values);
+            planLookups(select, written, values.join(u", "_s));
         }
         scope_ = nullptr;
     }
@@ -360,18 +87,45 @@ private:
         auto parameter = static_cast<int>(tokens_.literals.size());
         for (const Source &source : scope_->sources) {
             plan_.tables.push_back(source.table);
-            rows += (rows.isEmpty() ? QString() : u" AND "_s) + source.alias + u'.' + rowName + u" = ?"_s +
-                    QString::number(++parameter);
+            rows = both(rows, rowNumber(source) + u" = ?"_s + QString::number(++parameter));
         }
-        plan_.keys = StatementPool(selectText(select, written, rowNumbers().chopped(2)).toUtf8());
+        plan_.keys = StatementPool(selectText(select, written, rowNumbers()).toUtf8());
         const QString start = u"SELECT "_s + values + u" FROM "_s + written.from + u" WHERE "_s;
         plan_.seek = StatementPool((start + rows).toUtf8());
         if (plan_.tables.size() == 1 && select.topLiteral < 0) {
             // The plus sign keeps the engine from searching by this condition instead of going by the order.
-            const QString older =
-                u'+' + scope_->sources[0].alias + u'.' + rowName + u" <= ?"_s + QString::number(parameter);
+            const QString older = u'+' + rowNumbers().constFirst() + u" <= ?"_s + QString::number(parameter);
             plan_.last = StatementPool(
                 (start + both(written.where, older) + orderBy(written.order, true) + u" LIMIT 1"_s).toUtf8());
+        }
+    }
+
+    /// What the rows of a SELECT show, without their identities. False where they are no rows of tables.
+    bool planRows(const Select &select)
+    {
+        if (!select.unions.empty()) {
+            plan_.scan = StatementPool(writeUnion(select, plan_.columns).toUtf8());
+            return false;
+        }
+        const Scope scope = openScope(select);
+        scope_ = &scope;
+        const Written written = writeSelect(select);
+        scope_ = nullptr;
+        plan_.columns = written.columns;
+        plan_.scan = StatementPool(selectText(select, written, written.values()).toUtf8());
+        return written.plain;
+    }
+
+    /// The new table takes the columns as they are; a counter goes on counting where its rows stay what they are.
+    void planSelectInto(const Statement &statement)
+    {
+        const bool rows = planRows(statement.select);
+        nameColumns();
+        for (const ResultColumn &column : plan_.columns) {
+            Field field = column.field;
+            field.name.replace(u'.', u'_');
+            field.attributes = rows ? field.attributes : 0;
+            plan_.takers.push_back(std::move(field));
         }
     }
 
@@ -399,27 +153,28 @@ private:
         scope_ = &scope;
         Written written;
         writeFrom(statement.select, written);
-        if (statement.select.where) {
-            written.where = both(written.where, writeCondition(*statement.select.where));
-        }
-        refuseAggregate();
+        writeWhere(statement.select, written);
         const Source &target = sourceNamed(statement.table);
         plan_.target = target.table;
-        const QString name = quoted(target.table->name);
+        const QString start = u"DELETE FROM "_s;
+        const QString where = whereClause(written.where);
         if (scope.sources.size() == 1) {
-            plan_.scan = StatementPool((u"DELETE FROM "_s + written.from + whereClause(written.where)).toUtf8());
+            plan_.scan = StatementPool((start + written.from + where).toUtf8());
         } else {
-            const QString rows =
-                u"SELECT "_s + target.alias + u'.' + rowName + u" FROM "_s + written.from + whereClause(written.where);
-            plan_.scan =
-                StatementPool((u"DELETE FROM "_s + name + u" WHERE "_s + rowName + u" IN ("_s + rows + u')').toUtf8());
+            const QString rows = u"SELECT "_s + rowNumber(target) + u" FROM "_s + written.from + where;
+            plan_.scan = StatementPool(
+                (start + quoted(target.table->name) + u" WHERE "_s + rowName + u" IN ("_s + rows + u')').toUtf8());
         }
         scope_ = nullptr;
     }
 
+    /// Without a name there has to be one table only.
     const Source &sourceNamed(const QString &name) const
     {
         const auto &sources = scope_->sources;
+        if (name.isEmpty() && sources.size() > 1) {
+            runtime::raise(3128);
+        }
         const auto found = std::find_if(sources.begin(), sources.end(), [&name](const Source &source) {
             return name.isEmpty() || source.name.compare(name, Qt::CaseInsensitive) == 0;
         });
@@ -429,80 +184,95 @@ private:
         return *found;
     }
 
+    /// The rows in the order of storage: where several of them change one row of a table, the last one stays.
     void planUpdate(const Statement &statement)
     {
         const Scope scope = openScope(statement.select);
         scope_ = &scope;
         Written written;
         writeFrom(statement.select, written);
-        const Source &target = updatedSource(statement.columns.front());
-        plan_.target = target.table;
-        for (qsizetype i = 0; i < statement.columns.size(); ++i) {
-            plan_.targetPlaces.push_back(targetPlace(statement.columns[i]));
-            addColumn(written, write(statement.select.items[static_cast<size_t>(i)].expression), statement.columns[i],
-                      false);
+        for (size_t i = 0; i < statement.targets.size(); ++i) {
+            addAssignment(statement.targets[i], i);
+            addColumn(written, write(statement.select.items[i].expression), {}, false);
         }
-        if (statement.select.where) {
-            written.where = both(written.where, writeCondition(*statement.select.where));
-        }
-        refuseAggregate();
+        writeWhere(statement.select, written);
+        addStorageOrder(written);
         plan_.columns = written.columns;
-        const QString values = target.alias + u'.' + rowName + u", "_s + written.values.join(u", "_s);
-        plan_.scan =
-            StatementPool((u"SELECT "_s + values + u" FROM "_s + written.from + whereClause(written.where)).toUtf8());
+        plan_.hidden = static_cast<int>(scope.sources.size());
+        const QString values = (rowNumbers() + written.values()).join(u", "_s);
+        plan_.scan = StatementPool(
+            (u"SELECT "_s + values + u" FROM "_s + written.from + whereClause(written.where) + orderBy(written.order))
+                .toUtf8());
         scope_ = nullptr;
     }
 
-    const Source &updatedSource(const QString &column) const
+    /// Finds the field that takes a value. A name that means none is reported with the others at the end.
+    void addAssignment(const Expression &name, size_t column)
     {
-        const auto &sources = scope_->sources;
-        const auto found = std::find_if(sources.begin(), sources.end(),
-                                        [&column](const Source &source) { return source.table->place(column) >= 0; });
-        return found != sources.end() ? *found : sources.front();
-    }
-
-    int targetPlace(const QString &column)
-    {
-        const int place = plan_.target->place(column);
-        if (place < 0) {
-            Expression name;
-            name.kind = Expression::Kind::Name;
-            name.text = column;
+        const Term taker = find(*scope_, name, true);
+        if (taker.sql.isEmpty()) {
             write(name);
+            plan_.takers.emplace_back();
+            return;
         }
-        return place;
+        const auto &table = scope_->sources[static_cast<size_t>(taker.table)].table;
+        const Field &field = table->fields[static_cast<size_t>(taker.place)];
+        if (field.isCounter()) {
+            runtime::raise(3113, {field.name});
+        }
+        plan_.takers.push_back(field);
+        const auto known = std::find_if(plan_.changes.begin(), plan_.changes.end(),
+                                        [&taker](const RowChange &change) { return change.rowNumber == taker.table; });
+        RowChange &change =
+            known != plan_.changes.end() ? *known : plan_.changes.emplace_back(RowChange{table, taker.table, {}, {}});
+        if (std::find(change.places.begin(), change.places.end(), taker.place) != change.places.end()) {
+            runtime::raise(3063, {field.name});
+        }
+        change.places.push_back(taker.place);
+        change.columns.push_back(column);
     }
 
+    /// VALUES go by position, the columns of a SELECT by their names.
     void planInsert(const Statement &statement)
     {
         plan_.target = definedTable(statement.table, 3078);
-        const Scope scope = openScope(statement.select);
-        scope_ = &scope;
-        const Written written = writeSelect(statement.select);
-        scope_ = nullptr;
-        plan_.columns = written.columns;
-        plan_.scan = StatementPool(selectText(statement.select, written, written.values.join(u", "_s)).toUtf8());
-        for (const QString &column : statement.columns) {
-            plan_.targetPlaces.push_back(plan_.target->place(column));
-            if (plan_.targetPlaces.back() < 0) {
-                throw runtime::RuntimeError(3127,
-                                            u"O campo '%1' da instrução INSERT INTO é desconhecido."_s.arg(column));
+        planRows(statement.select);
+        const auto &fields = plan_.target->fields;
+        QStringList names = statement.columns;
+        for (const ResultColumn &column : plan_.columns) {
+            if (statement.columns.isEmpty() && statement.byName) {
+                names.append(column.field.name);
             }
         }
-        if (statement.columns.isEmpty()) {
-            for (size_t place = 0; place < plan_.target->fields.size(); ++place) {
-                plan_.targetPlaces.push_back(static_cast<int>(place));
+        for (const Field &field : fields) {
+            if (statement.columns.isEmpty() && !statement.byName) {
+                names.append(field.name);
             }
         }
-        if (plan_.targetPlaces.size() != plan_.columns.size()) {
-            throw runtime::RuntimeError(3346, u"O número de valores e o de campos de destino não são iguais."_s);
+        if (static_cast<size_t>(names.size()) != plan_.columns.size()) {
+            runtime::raise(3346);
+        }
+        for (const QString &name : std::as_const(names)) {
+            addTaker(name);
         }
     }
 
-    const Schema &schema_;
+    void addTaker(const QString &name)
+    {
+        const int place = plan_.target->place(name);
+        if (place < 0) {
+            runtime::raise(3127, {name});
+        }
+        auto &places = plan_.targetPlaces;
+        if (std::find(places.begin(), places.end(), place) != places.end()) {
+            runtime::raise(3063, {name});
+        }
+        places.push_back(place);
+        plan_.takers.push_back(plan_.target->fields[static_cast<size_t>(place)]);
+    }
+
     const Tokens &tokens_;
     Plan plan_;
-    int aliases_ = 0;
 };
 
 } // namespace

@@ -19,6 +19,10 @@ namespace
 constexpr std::array searched = {"Codigo"_L1,     "CodOS"_L1,   "CodPeca"_L1, "CodCliente"_L1,
                                  "CodVeiculo"_L1, "CodOrca"_L1, "CodNota"_L1, "CodForn"_L1};
 
+/// Behind it stands the name that the user gave. The program's own indexes are named by the columns it searches by, of
+/// which none begins so.
+constexpr QLatin1StringView userIndexMark = "~~"_L1;
+
 bool isSearched(const QString &table, const Field &field)
 {
     if (field.type == FieldType::Text) {
@@ -89,7 +93,7 @@ QString quoted(QStringView name)
 QString columnDefinition(const Field &field)
 {
     QString definition = quoted(field.name) + u' ' + declaredType(field);
-    if (field.type == FieldType::Text) {
+    if (valueType(field.type) == FieldType::Text) {
         definition += u" COLLATE TARVELO"_s;
     }
     if (field.type == FieldType::Boolean) {
@@ -110,6 +114,32 @@ QByteArray createTableSql(const TableDef &table)
 QString indexName(const QString &table, const QString &field)
 {
     return quoted(QString(table + u'~' + field));
+}
+
+QString userIndexName(const QString &table, const QString &index)
+{
+    return quoted(QString(table + userIndexMark + index));
+}
+
+std::vector<Index> readIndexes(sqlite3 *handle, const QString &table)
+{
+    const QString start = table + userIndexMark;
+    Prepared list(handle,
+                  QByteArrayLiteral("SELECT l.name, c.name FROM pragma_index_list(?1) AS l, pragma_index_info(l.name) "
+                                    "AS c ORDER BY l.name, c.seqno"));
+    list.bind(1, runtime::Value(table));
+    std::vector<Index> indexes;
+    while (list.step()) {
+        const QString name = std::get<QString>(list.value(0, FieldType::Text));
+        if (!name.startsWith(start)) {
+            continue;
+        }
+        if (indexes.empty() || indexes.back().name != QStringView(name).mid(start.size())) {
+            indexes.push_back({name.mid(start.size()), {}});
+        }
+        indexes.back().columns.append(std::get<QString>(list.value(1, FieldType::Text)));
+    }
+    return indexes;
 }
 
 QByteArrayList createIndexesSql(const QString &table, const std::vector<Field> &fields)

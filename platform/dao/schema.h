@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <vector>
@@ -57,5 +58,17 @@ QByteArrayList createIndexesSql(const QString &table, const std::vector<Field> &
 
 /// The engine's name of a column's index, quoted.
 QString indexName(const QString &table, const QString &field);
+
+/// The engine's name of an index that a CREATE INDEX names, quoted.
+QString userIndexName(const QString &table, const QString &index);
+
+/// An index that a CREATE INDEX made.
+struct Index {
+    QString name;
+    QStringList columns;
+};
+
+/// The indexes of a table beside those that the program makes of itself.
+std::vector<Index> readIndexes(sqlite3 *handle, const QString &table);
 
 } // namespace dao

@@ -55,11 +55,13 @@ struct SelectItem {
     QString starTable;
 };
 
+/// A table of a FROM clause, or in `group` the tables that brackets join before they are joined to those on the left.
 struct FromTable {
     QString table;
     QString alias;
     QString join; ///< "", "INNER", "LEFT", "RIGHT"
     std::optional<Expression> on;
+    std::vector<FromTable> group;
 };
 
 struct OrderItem {
@@ -70,24 +72,50 @@ struct OrderItem {
 struct Select {
     bool distinct = false;
     int topLiteral = -1;
+    bool percent = false; ///< TOP counts in hundredths of the rows
     std::vector<SelectItem> items;
     std::vector<FromTable> from;
     std::optional<Expression> where;
     std::vector<Expression> groupBy;
     std::optional<Expression> having;
     std::vector<OrderItem> orderBy;
+    std::vector<Select> unions;        ///< what UNION adds to this SELECT, in order
+    std::vector<OrderItem> unionOrder; ///< of them all
+    bool unionAll = false;             ///< of one that is added: equal rows stay
 };
 
-enum class StatementKind { Select, Delete, Update, Insert, CreateTable, AlterAdd, AlterDrop, DropTable };
+enum class StatementKind {
+    Select,
+    SelectInto,
+    Delete,
+    Update,
+    Insert,
+    CreateTable,
+    AlterAdd,
+    AlterDrop,
+    DropTable,
+    CreateIndex,
+    DropIndex
+};
+
+/// A column of an index.
+struct IndexColumn {
+    QString name;
+    bool descending = false;
+};
 
 /// A statement as read. `select` holds the tables and conditions of every kind that has some; UPDATE and INSERT keep
-/// the new values as its items, and in `columns` the fields that take them.
+/// the new values as its items; the fields that take them stand in `targets` for UPDATE, in `columns` for INSERT.
 struct Statement {
     StatementKind kind = StatementKind::Select;
     Select select;
     QString table;
     QStringList columns;
+    bool byName = false; ///< a SELECT gives the rows of an INSERT
+    std::vector<Expression> targets;
     std::vector<Field> fields;
+    QString index;
+    std::vector<IndexColumn> indexColumns;
 };
 
 } // namespace dao

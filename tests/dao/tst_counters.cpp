@@ -164,7 +164,7 @@ void tst_counters::anUpdateOfTheCounterTakesNothingBack()
 {
     add();
     add();
-    database_->Execute(u"UPDATE Contas SET Codigo = 1 WHERE Codigo = 2"_s);
+    QCOMPARE(errorOf([&] { database_->Execute(u"UPDATE Contas SET Codigo = 1 WHERE Codigo = 2"_s); }), 3113);
     reopen();
     QCOMPARE(add(), 3);
 }

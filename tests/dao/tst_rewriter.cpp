@@ -24,6 +24,8 @@ private slots:
     void statementsMeanWhatTheDialectMeans();
     void statementsAreRefused_data();
     void statementsAreRefused();
+    void tooManyTermsAreRefused_data();
+    void tooManyTermsAreRefused();
     void aNameAloneIsATable();
     void statementsThatDifferInTheirLiteralsShareOneShape();
     void literalsNeverStandInTheEnginesText();
@@ -162,7 +164,8 @@ void tst_rewriter::statementsAreRefused_data()
                                      u"INSERT OR REPLACE INTO Senha (Codigo) VALUES (1)"_s,
                                      u"DELETE Caixa"_s,
                                      u"UPDATE Caixa Saldo = 1"_s,
-                                     u"CREATE INDEX x ON Caixa (Codigo)"_s,
+                                     u"CREATE INDEX x ON Caixa"_s,
+                                     u"CREATE UNIQUE INDEX x ON Caixa (Codigo)"_s,
                                      u"CREATE TABLE x"_s,
                                      u"SELECT [Codigo FROM Caixa"_s,
                                      u"SELECT 1 FROM Caixa WHERE Codigo = 1e"_s,
@@ -218,6 +221,47 @@ void tst_rewriter::statementsAreRefused()
     QCOMPARE(executed == 3065 ? errorOf([&] { database.OpenRecordset(statement); }) : executed, number);
 }
 
+void tst_rewriter::tooManyTermsAreRefused_data()
+{
+    QTest::addColumn<QString>("statement");
+    const QString select = u"SELECT Codigo FROM Caixa"_s;
+    const QString where = select + u" WHERE "_s;
+    QTest::newRow("OR") << where + u"Codigo = 1"_s + u" OR Codigo = 2"_s.repeated(5000);
+    QTest::newRow("AND") << where + u"Codigo = 1"_s + u" AND Codigo = 2"_s.repeated(5000);
+    QTest::newRow("AND NOT") << where + u"Codigo = 1"_s + u" AND NOT Codigo = 2"_s.repeated(899);
+    QTest::newRow("LIKE") << where + u"Codigo"_s + u" LIKE 1"_s.repeated(5000);
+    QTest::newRow("IN") << where + u"Codigo IN (1"_s + u", 2"_s.repeated(300'000) + u')';
+    QTest::newRow("sums") << u"SELECT 1"_s + u" + 1"_s.repeated(5000) + u" FROM Caixa"_s;
+    QTest::newRow("texts") << u"DELETE FROM Caixa WHERE 'A'"_s + u" & 'B'"_s.repeated(5000) + u" = 'C'"_s;
+    QTest::newRow("calls") << u"SELECT "_s + u"Left("_s.repeated(5000) + u"1"_s;
+    QTest::newRow("brackets") << u"UPDATE Caixa SET Saldo = "_s + u"("_s.repeated(5000) + u"1"_s;
+    QTest::newRow("sub-selects") << where + u"Codigo IN (SELECT Codigo FROM Caixa WHERE "_s.repeated(200) + u"1"_s;
+    QTest::newRow("unions") << select + QString(u" UNION "_s + select).repeated(5000);
+    QTest::newRow("columns") << u"SELECT Codigo"_s + u", Codigo"_s.repeated(5000) + u" FROM Caixa"_s;
+    QTest::newRow("order") << select + u" ORDER BY Codigo"_s + u", Saldo"_s.repeated(5000);
+    QTest::newRow("groups") << u"SELECT Count(*) FROM Caixa GROUP BY Codigo"_s + u", Saldo"_s.repeated(5000);
+    QTest::newRow("joins in brackets") << u"SELECT 1 FROM "_s + u"(Caixa LEFT JOIN "_s.repeated(5000);
+    QString tables = u"SELECT 1 FROM Caixa"_s;
+    for (int i = 0; i < 500; ++i) {
+        tables += u", Caixa AS C"_s + QString::number(i);
+    }
+    QTest::newRow("tables") << tables;
+    QString choices = u"SELECT IIf(Codigo = 0, 0, 0)"_s;
+    for (int i = 0; i < 300; ++i) {
+        choices.replace(choices.lastIndexOf(u"0)"_s), 1, u"IIf(Codigo = %1, 0, 0)"_s.arg(i));
+    }
+    QTest::newRow("choices") << choices + u" FROM Caixa"_s;
+}
+
+void tst_rewriter::tooManyTermsAreRefused()
+{
+    QFETCH(const QString, statement);
+    dao::Database &database = golden_->database();
+    const bool rows = statement.startsWith(u"SELECT");
+    QCOMPARE(errorOf([&] { rows ? void(database.OpenRecordset(statement)) : void(database.Execute(statement)); }),
+             3360);
+}
+
 void tst_rewriter::aNameAloneIsATable()
 {
     QCOMPARE(errorOf([&] { golden_->database().OpenRecordset(u"Nenhuma"_s); }), 3078);
@@ -234,6 +278,10 @@ void tst_rewriter::statementsThatDifferInTheirLiteralsShareOneShape()
     QVERIFY(key(u"SELECT * FROM Caixa WHERE Codigo = 1"_s) != key(u"SELECT * FROM Caixa WHERE Codigo = '1'"_s));
     QVERIFY(key(u"SELECT * FROM Caixa WHERE Codigo = 1"_s) != key(u"SELECT * FROM Caixa WHERE Codigo = 1.5"_s));
     QVERIFY(key(u"SELECT * FROM Caixa ORDER BY 1"_s) != key(u"SELECT * FROM Caixa ORDER BY 2"_s));
+    QVERIFY(key(u"CREATE TABLE x (y TEXT(1))"_s) != key(u"CREATE TABLE x (y TEXT(2))"_s));
+    QVERIFY(key(u"alter table x Add y TEXT(1)"_s) != key(u"alter table x Add y TEXT(2)"_s));
+    QVERIFY(key(u"SELECT Left(Nome, 1) FROM Senha GROUP BY Left(Nome, 1)"_s) !=
+            key(u"SELECT Left(Nome, 2) FROM Senha GROUP BY Left(Nome, 1)"_s));
     QVERIFY(key(u"SELECT TOP 1 * FROM Caixa"_s) != key(u"SELECT [TOP] 1 * FROM Caixa"_s));
     QVERIFY(key(u"SELECT [FROM] FROM Caixa"_s) != key(u"SELECT FROM FROM Caixa"_s));
 }
