@@ -2,6 +2,7 @@
 #include "tests/dao/golden.h"
 #include "tests/dao/recordsetmodel.h"
 
+#include "platform/dao/unit.h"
 #include "platform/runtime/runtime.h"
 
 #include <QRandomGenerator>
@@ -208,6 +209,10 @@ void Walk::run(int rows)
 void Walk::step()
 {
     const auto chosen = static_cast<size_t>(below(2));
+    if (dao::Unit::isOpen() && oneIn(1000)) {
+        steps_.append(u"the unit ends, another begins"_s);
+        dao::Unit::resume(dao::Unit::pause());
+    }
     switch (below(16)) {
     case 0:
         steps_.append(u"close %1"_s.arg(chosen));
@@ -464,7 +469,7 @@ void tst_recordset_model::setsDoAsTheModelDoes()
 {
     constexpr quint32 together = 500;
     for (quint32 first = 0; first < walks && !QTest::currentTestFailed(); first += together) {
-        const dao::Batch batch(*database_);
+        const dao::Unit unit;
         walkAll(first, together);
     }
 }
@@ -477,7 +482,7 @@ void tst_recordset_model::setsDoAsTheModelDoesWithEveryWriteOnItsOwn()
 void tst_recordset_model::longSetsDoAsTheModelDoes()
 {
     constexpr int manyRows = 2000;
-    const dao::Batch batch(*database_);
+    const dao::Unit unit;
     walkAll(2 * walks, 20, manyRows);
 }
 
