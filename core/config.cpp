@@ -4,6 +4,7 @@
 #include "core/embaralha.h"
 #include "core/funcoes.h"
 #include "core/modulo.h"
+#include "platform/files/replacefile.h"
 #include "platform/ini/profile.h"
 #include "platform/runtime/runtime.h"
 
@@ -113,6 +114,7 @@ void GravaINI(const QString &secao, const QString &chave, const QString &valor, 
 
 void CarregaConfig()
 {
+    files::clearLeftovers(caminho(ArquivoINI));
     for (const Chave &chave : chaves) {
         completa(chave);
     }

@@ -1,11 +1,11 @@
 #include "platform/ini/profile.h"
 
 #include "platform/files/files.h"
+#include "platform/files/replacefile.h"
 #include "platform/runtime/text.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <vector>
 
@@ -218,12 +218,6 @@ bool isReadOnly(const QString &path)
     return file.exists() && (!(file.permissions() & anyWrite) || !file.isWritable());
 }
 
-bool replaceFile(const QString &path, const QByteArray &contents)
-{
-    QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size() && file.commit();
-}
-
 } // namespace
 
 QString readProfileText(const QString &section, const QString &key, const QString &defaultText, int size,
@@ -260,7 +254,8 @@ bool writeProfile(const QString &section, const std::optional<QString> &key, con
     if (!before || isReadOnly(path)) {
         return false;
     }
-    return replaceFile(path, writeProfileText(section, key, value, *before));
+    files::clearLeftovers(path);
+    return files::replaceFile(path, writeProfileText(section, key, value, *before));
 }
 
 } // namespace ini

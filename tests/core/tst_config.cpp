@@ -3,6 +3,7 @@
 #include "core/modulo.h"
 #include "platform/runtime/runtime.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -43,6 +44,7 @@ private slots:
     void cutsAScrambledValueTo48Characters();
     void scramblesTheCallersVariable();
     void losesWritesToAFileThatCanNotBeWritten();
+    void clearsAtTheStartWhatAKillLeft();
 
 private:
     QByteArray arquivo() const;
@@ -334,6 +336,18 @@ void TestConfig::losesWritesToAFileThatCanNotBeWritten()
     core::CarregaConfig();
     QCOMPARE(core::Config(u"Nome"_s), QString());
     QCOMPARE(core::ArquivoDB, QString());
+}
+
+void TestConfig::clearsAtTheStartWhatAKillLeft()
+{
+    core::CarregaConfig();
+    const QByteArray antes = arquivo();
+    QFile resto(pasta_->filePath(u"config.ini.gravando-0123abcd"_s));
+    QVERIFY(resto.open(QIODevice::WriteOnly));
+    resto.close();
+    core::CarregaConfig();
+    QCOMPARE(QDir(pasta_->path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"config.ini"_s});
+    QCOMPARE(arquivo(), antes);
 }
 
 QTEST_GUILESS_MAIN(TestConfig)

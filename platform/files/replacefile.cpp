@@ -1,0 +1,192 @@
+#include "platform/files/replacefile.h"
+
+#include "platform/files/files.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
+#include <QRegularExpression>
+
+#ifdef Q_OS_WIN
+#include <io.h>
+#include <windows.h>
+#else
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+using namespace Qt::StringLiterals;
+
+namespace files
+{
+
+namespace
+{
+
+/// Between the file's name and eight hexadecimal digits. No user names a copy of his own like that.
+constexpr auto draftMark = ".gravando-"_L1;
+
+constexpr QFile::Permissions forItsWriter = QFile::ReadOwner | QFile::WriteOwner;
+
+#ifdef Q_OS_WIN
+
+/// An open file can't be deleted here: it is held by being open.
+bool hold(QFile & /*draft*/)
+{
+    return true;
+}
+
+bool isToBeFound(QFile & /*draft*/)
+{
+    return true;
+}
+
+bool bringToDisk(QFile &file)
+{
+    return FlushFileBuffers(reinterpret_cast<HANDLE>(_get_osfhandle(file.handle())));
+}
+
+void takeAway(QFile &draft)
+{
+    draft.remove();
+}
+
+bool putInPlace(QFile &draft, const QString &path)
+{
+    draft.close();
+    const QString from = QDir::toNativeSeparators(draft.fileName());
+    const QString to = QDir::toNativeSeparators(path);
+    return MoveFileExW(reinterpret_cast<const wchar_t *>(from.utf16()), reinterpret_cast<const wchar_t *>(to.utf16()),
+                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+}
+
+#else
+
+/// Whoever is about to clear it away holds it too. A file system without locks has nobody who clears.
+bool hold(QFile &draft)
+{
+    return ::flock(draft.handle(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
+/// False where it was cleared away between its making and its holding.
+bool isToBeFound(QFile &draft)
+{
+    struct stat found {
+    };
+    return ::fstat(draft.handle(), &found) == 0 && found.st_nlink > 0;
+}
+
+bool bringToDisk(QFile &file)
+{
+    return ::fsync(file.handle()) == 0;
+}
+
+/// The new name is on the disk once its folder is. The file is replaced by then, whatever becomes of that.
+void bringFolderToDisk(const QString &path)
+{
+    const QByteArray folder = QFile::encodeName(QFileInfo(path).path());
+    const int handle = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle >= 0) {
+        ::fsync(handle);
+        ::close(handle);
+    }
+}
+
+/// While it is held, so that nobody else takes it for his own meanwhile.
+void takeAway(QFile &draft)
+{
+    QFile::remove(draft.fileName());
+    draft.close();
+}
+
+bool putInPlace(QFile &draft, const QString &path)
+{
+    if (::rename(QFile::encodeName(draft.fileName()).constData(), QFile::encodeName(path).constData()) != 0) {
+        return false;
+    }
+    bringFolderToDisk(path);
+    return true;
+}
+
+#endif
+
+/// Where a link leads to: the file there is the one that is replaced.
+QString targetOf(const QString &path)
+{
+    const QFileInfo file(path);
+    if (!file.isSymLink()) {
+        return path;
+    }
+    return file.exists() ? file.canonicalFilePath() : file.symLinkTarget();
+}
+
+/// A new file beside the one that is to be replaced, which nobody clears away while it is open.
+bool openDraft(QFile &draft, const QString &path)
+{
+    constexpr int mostTries = 20;
+    for (int tries = 0; tries < mostTries; ++tries) {
+        const auto number = QRandomGenerator::global()->generate();
+        draft.setFileName(path + draftMark + QString::number(number, 16).rightJustified(8, u'0'));
+        if (draft.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered, forItsWriter)) {
+            if (hold(draft) && isToBeFound(draft)) {
+                return true;
+            }
+            draft.close();
+        } else if (!QFile::exists(draft.fileName())) {
+            return false;
+        }
+    }
+    return false;
+}
+
+/// A file system that knows no rights refuses them; nothing is lost by that.
+void giveRights(QFile &draft, const QString &path)
+{
+    QFile::exists(path) ? draft.setPermissions(QFile::permissions(path)) : restrictToGroup(draft.fileName());
+}
+
+/// A full disk is told by the write, a quota or a broken disk maybe not before the bytes are on their way to it.
+bool fill(QFile &draft, const QByteArray &contents)
+{
+    return draft.write(contents) == contents.size() && bringToDisk(draft);
+}
+
+} // namespace
+
+bool replaceFile(const QString &path, const QByteArray &contents)
+{
+    const QString target = targetOf(path);
+    if (QFileInfo::exists(target) && !isOrdinary(target)) {
+        return false;
+    }
+    QFile draft;
+    if (!openDraft(draft, target)) {
+        return false;
+    }
+    giveRights(draft, target);
+    if (fill(draft, contents) && putInPlace(draft, target)) {
+        return true;
+    }
+    takeAway(draft);
+    return false;
+}
+
+void clearLeftovers(const QString &path)
+{
+    const QFileInfo file(targetOf(path));
+    const QRegularExpression name(
+        QRegularExpression::anchoredPattern(QRegularExpression::escape(file.fileName() + draftMark) + u"[0-9a-f]{8}"));
+    const QDir folder(file.path());
+    for (const QString &found : folder.entryList(QDir::Files | QDir::Hidden | QDir::NoSymLinks)) {
+        QFile leftover(folder.filePath(found));
+        if (name.match(found).hasMatch() && leftover.open(QIODevice::ReadOnly) && hold(leftover)) {
+            takeAway(leftover);
+        }
+    }
+}
+
+} // namespace files
