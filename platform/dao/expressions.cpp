@@ -12,8 +12,6 @@ namespace dao
 namespace
 {
 
-constexpr QLatin1StringView collate = " COLLATE TARVELO"_L1;
-
 Term condition(QString sql)
 {
     return {std::move(sql), FieldType::Boolean, -1, true, -1, -1};

@@ -12,6 +12,9 @@ namespace dao
 
 struct Function;
 
+/// What tells texts apart and puts them in order, behind an expression of the engine's.
+inline constexpr QLatin1StringView collate{" COLLATE TARVELO"};
+
 /// A table of a FROM clause, under the name by which the statement knows it and the one that the engine gets.
 struct Source {
     QString name;

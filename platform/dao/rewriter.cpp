@@ -1,7 +1,7 @@
 #include "platform/dao/rewriter.h"
 
 #include "platform/dao/parser.h"
-#include "platform/dao/selectwriter.h"
+#include "platform/dao/unionwriter.h"
 #include "platform/runtime/error.h"
 
 #include <algorithm>
@@ -14,11 +14,11 @@ namespace dao
 namespace
 {
 
-class Rewriter : public SelectWriter
+class Rewriter : public UnionWriter
 {
 public:
     Rewriter(const Schema &schema, const Tokens &tokens, QStringView text)
-        : SelectWriter(schema, tokens, text), tokens_(tokens)
+        : UnionWriter(schema, tokens, text), tokens_(tokens)
     {
     }
 

@@ -22,11 +22,12 @@ struct Written {
     QString grouping;
     std::vector<OrderTerm> order;
     bool plain = true; ///< rows are rows of the tables: no aggregate, no grouping, no outer join
-
     bool distinct = false;
 
     QStringList values() const; ///< what its rows show; of distinct ones with the collation that tells texts apart
 };
+
+inline constexpr int longestText = 255;
 
 /// An engine's ORDER BY clause; "" without terms.
 QString orderBy(const std::vector<OrderTerm> &order, bool reversed = false);
@@ -36,9 +37,9 @@ QString whereClause(const QString &condition);
 /// Both conditions, either of which may be empty.
 QString both(const QString &first, const QString &second);
 
-/// Writes whole SELECTs in the engine's words: joins, grouping, order, TOP and unions. Errors beside those of the
+/// Writes whole SELECTs in the engine's words: joins, grouping, order and TOP. Errors beside those of the
 /// expressions: 3078 unknown table, 3082 a join that names others, 3096, 3121 and 3122 where aggregates and rows are
-/// mixed, 3307 and 3351 in unions.
+/// mixed, 3093 and 3308 in TOP.
 class SelectWriter : public ExpressionWriter
 {
 protected:
@@ -56,8 +57,8 @@ protected:
     /// The whole SELECT; `values` are what its rows show.
     static QString selectText(const Select &select, const Written &written, const QStringList &values);
 
-    /// The SELECTs of a union as one. The columns are those of the first, in the types that hold the values of all.
-    QString writeUnion(const Select &query, std::vector<ResultColumn> &columns);
+    /// The column of the result that a number stands for; none where the expression is no number.
+    std::optional<size_t> columnAt(const Expression &expression, size_t columns) const;
 
     /// The row numbers of the tables of the innermost FROM.
     QStringList rowNumbers() const;
@@ -79,10 +80,6 @@ private:
     bool isSame(const Expression &left, const Expression &right);
     OrderTerm writeOrder(const Select &select, const OrderItem &item, const Written &written);
     void addStandingOrder(const Select &select, const std::vector<Term> &groups, Written &written) const;
-    std::optional<size_t> columnAt(const Expression &expression, size_t columns) const;
-    std::vector<Written> writeMembers(const std::vector<const Select *> &members);
-    QStringList memberValues(const Written &member, const std::vector<ResultColumn> &columns);
-    std::vector<OrderTerm> unionOrder(const Select &query, const std::vector<ResultColumn> &columns) const;
 
     const Schema &schema_;
     int aliases_ = 0;
