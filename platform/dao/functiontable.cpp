@@ -73,7 +73,10 @@ QString trimmedRight(QString text)
 QString numberText(const Value &value)
 {
     const double number = runtime::CDbl(value);
-    return (number < 0 ? QString() : u" "_s) + runtime::decimalText(number, 15);
+    constexpr int ofSingle = 7;
+    constexpr int ofDouble = 15;
+    const int digits = std::holds_alternative<float>(value) ? ofSingle : ofDouble;
+    return (number < 0 ? QString() : u" "_s) + runtime::decimalText(number, digits);
 }
 
 double squareRoot(double number)
