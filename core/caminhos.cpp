@@ -78,14 +78,20 @@ bool temBarraNoNome(const QString &pasta)
 #endif
 }
 
+/// The database that the folder's settings name, else the one in its usual place.
+QString bancoDe(const QString &pasta)
+{
+    const QString dito =
+        ini::readProfile(u"Config"_s, u"FileDB"_s, {}, maiorCaminho + 1, caminho(pasta + u"/config.ini"_s));
+    return caminho(dito.isEmpty() ? QString(pasta + bancoNaPasta) : dito);
+}
+
 /// A folder of data that can't be looked into may hold one.
 bool temBanco(const QString &pasta)
 {
     const QFileInfo dados(caminho(pasta + u'/' + pastaDados));
-    const QString escolhido =
-        ini::readProfile(u"Config"_s, u"FileDB"_s, {}, maiorCaminho + 1, caminho(pasta + u"/config.ini"_s));
-    return QFileInfo::exists(caminho(pasta + bancoNaPasta)) ||
-           (!escolhido.isEmpty() && QFileInfo::exists(caminho(escolhido))) || (dados.isDir() && !dados.isExecutable());
+    return QFileInfo::exists(bancoDe(pasta)) || QFileInfo::exists(caminho(pasta + bancoNaPasta)) ||
+           (dados.isDir() && !dados.isExecutable());
 }
 
 QString porQueNaoGrava(const QString &pasta)
@@ -102,8 +108,8 @@ QString porQueNaoGrava(const QString &pasta)
     return u"O sistema não deixa criar arquivos nesta pasta."_s;
 }
 
-/// What is wrong and what to do about it; "" where nothing is.
-QString problemaDaPasta(const QString &pasta)
+/// What is wrong with a folder's path, and what to do about it; "" where nothing is.
+QString problemaDoCaminho(const QString &pasta)
 {
     if (pasta.size() > maiorPasta) {
         return u"O caminho da pasta tem %1 caracteres e pode ter no máximo %2.\n\nMude o programa para uma pasta de "
@@ -114,12 +120,12 @@ QString problemaDaPasta(const QString &pasta)
         return u"O caminho da pasta tem letras ou sinais que as configurações não guardam.\n\nMude o programa para uma "
                "pasta cujo nome tenha somente letras, números e espaços."_s;
     }
-    if (!gravavel(pasta)) {
-        return porQueNaoGrava(pasta) +
-               (temBanco(pasta) ? u"\n\nO banco de dados desta pasta não foi aberto e nenhum outro foi criado."_s
-                                : QString());
-    }
     return {};
+}
+
+QString recusa(const QString &qual, const QString &pasta, const QString &problema)
+{
+    return qual + u" não pode ser usada:\n"_s + QDir::toNativeSeparators(pasta) + u"\n\n"_s + problema;
 }
 
 } // namespace
@@ -165,10 +171,20 @@ QString pastaDoPrograma(const QString &instalacao, const QString &dadosDoUsuario
 
 QString defeitoDaPasta(const QString &pasta)
 {
-    const QString problema = problemaDaPasta(pasta);
-    return problema.isEmpty()
-               ? QString()
-               : u"A pasta do programa não pode ser usada:\n"_s + QDir::toNativeSeparators(pasta) + u"\n\n" + problema;
+    const QString doPrograma = u"A pasta do programa"_s;
+    if (const QString problema = problemaDoCaminho(pasta); !problema.isEmpty()) {
+        return recusa(doPrograma, pasta, problema);
+    }
+    const QString intacto = u"\n\nO banco de dados desta pasta não foi aberto e nenhum outro foi criado."_s;
+    if (!gravavel(pasta)) {
+        return recusa(doPrograma, pasta, porQueNaoGrava(pasta) + (temBanco(pasta) ? intacto : QString()));
+    }
+    // A database that opens in such a folder fails at the first write, which makes a journal beside it.
+    const QString doBanco = QFileInfo(bancoDe(pasta)).path();
+    if (QFileInfo(doBanco).isDir() && !gravavel(doBanco)) {
+        return recusa(u"A pasta do banco de dados"_s, doBanco, porQueNaoGrava(doBanco) + intacto);
+    }
+    return {};
 }
 
 } // namespace core

@@ -14,7 +14,8 @@ QString caminho(const QString &texto);
 QString pastaDoPrograma(const QString &instalacao, const QString &dadosDoUsuario);
 
 /// Why the program can't work in a folder, in words for the user and with the folder's name; "" where it can. It has to
-/// be written, and its path has to go through the settings unchanged. Nothing is created but for a moment, to try.
+/// be written, as the folder of its database, and its path has to go through the settings unchanged. Nothing is created
+/// but for a moment, to try.
 QString defeitoDaPasta(const QString &pasta);
 
 /// Copies what an installation ships (pictures, batch files, postal codes) to `destino`; files that stand there are

@@ -8,6 +8,8 @@
 #include <QSysInfo>
 #include <QtEndian>
 
+#include <utility>
+
 #ifdef Q_OS_WIN
 #include <QDir>
 #include <windows.h>

@@ -31,6 +31,7 @@ private slots:
     void staysWithTheDatabaseThatCanNotBeWritten();
     void aPackageWithoutADatabaseGoesToTheUsersFolder();
     void tellsWhyAFolderCanNotBeWritten();
+    void tellsThatTheDatabasesFolderCanNotBeWritten();
 #endif
     void tellsWhatAPathMayNotHave_data();
     void tellsWhatAPathMayNotHave();
@@ -228,6 +229,23 @@ void TestCaminhos::tellsWhyAFolderCanNotBeWritten()
     QCOMPARE(core::defeitoDaPasta(pasta_->filePath(u"vazia"_s)),
              u"A pasta do programa não pode ser usada:\n"_s + pasta_->filePath(u"vazia"_s) +
                  u"\n\nSeu usuário não tem permissão para gravar nesta pasta."_s);
+}
+
+/// The database itself opens there; its first write would end the program.
+void TestCaminhos::tellsThatTheDatabasesFolderCanNotBeWritten()
+{
+    cria(u"instalada/DADOS/DADOS.MDB"_s);
+    QVERIFY(QFile::setPermissions(pasta_->filePath(u"instalada"_s), QFile::Permissions(0x7777)));
+    QVERIFY(QFile::setPermissions(pasta_->filePath(u"instalada/DADOS/DADOS.MDB"_s), QFile::Permissions(0x6666)));
+    protege(u"instalada/DADOS"_s);
+    const QString instalada = pasta_->filePath(u"instalada"_s);
+    const support::OrdinaryUser user;
+    QCOMPARE(core::pastaDoPrograma(instalada, u"/nowhere"_s), instalada);
+    QCOMPARE(
+        core::defeitoDaPasta(instalada),
+        u"A pasta do banco de dados não pode ser usada:\n"_s + instalada +
+            u"/DADOS\n\nSeu usuário não tem permissão "
+            "para gravar nesta pasta.\n\nO banco de dados desta pasta não foi aberto e nenhum outro foi criado."_s);
 }
 
 #endif

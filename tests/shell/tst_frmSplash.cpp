@@ -276,10 +276,12 @@ private slots:
         start(); // makes it
         shell::desmonta();
         const QString wanted = folder_->path();
-        const auto onlyLook = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther;
+        const auto onlyLook = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup |
+                              QFile::ReadOther | QFile::ExeOther;
         QVERIFY(QFile::setPermissions(wanted, onlyLook));
         const QStringList before = QDir(wanted).entryList(QDir::AllEntries);
         const QTemporaryDir users;
+        QVERIFY(QFile::setPermissions(users.path(), QFile::Permissions(0x7777)));
         {
             const support::OrdinaryUser user;
             const QString elsewhere = users.filePath(u"tarvelo"_s);
@@ -287,9 +289,8 @@ private slots:
             support::Boxes boxes;
             boxes.title(u"Tarvelo"_s)
                 .critical(u"A pasta do programa não pode ser usada:\n"_s + wanted +
-                          u"\n\nSeu usuário não tem permissão para gravar nesta pasta.\n\nO banco de dados desta pasta "
-                          u"não foi "
-                          "aberto e nenhum outro foi criado."_s);
+                          u"\n\nSeu usuário não tem permissão para gravar nesta pasta.\n\n"
+                          "O banco de dados desta pasta não foi aberto e nenhum outro foi criado."_s);
             QVERIFY_EXCEPTION_THROWN(ui::Forms::instance().Load(u"frmSplash"_s), ui::ProgramEnded);
             boxes.finish();
         }
