@@ -1,5 +1,6 @@
 // Fills a program folder with a sample workshop: amostra PASTA [clientes] [semente]
 #include "core/modulo.h"
+#include "platform/files/files.h"
 #include "platform/runtime/runtime.h"
 #include "tools/amostra/amostra.h"
 
@@ -90,6 +91,7 @@ bool le(const QStringList &argumentos, amostra::Tamanho &tamanho)
 
 int main(int argc, char **argv)
 {
+    files::keepToGroup();
     const QCoreApplication aplicacao(argc, argv);
     const QStringList argumentos = QCoreApplication::arguments();
     amostra::Tamanho tamanho;
