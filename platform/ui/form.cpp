@@ -3,6 +3,8 @@
 #include "platform/runtime/text.h"
 #include "platform/ui/controls.h"
 #include "platform/ui/focus.h"
+#include "platform/ui/listview.h"
+#include "platform/ui/tabstops.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -43,6 +45,12 @@ bool isEnter(int key)
 bool isPushed(const QWidget *control)
 {
     return qobject_cast<const QPushButton *>(control) || qobject_cast<const QToolButton *>(control);
+}
+
+bool keepsEnter(const QWidget *control)
+{
+    const auto *list = qobject_cast<const ListView *>(control);
+    return list ? list->usesEnter() : qobject_cast<const QAbstractItemView *>(control) != nullptr;
 }
 
 /// What the user does to a window; one that is closing takes no more of it.
@@ -246,6 +254,9 @@ bool Form::userActs(QWidget *control, QWidget *widget, QEvent *event)
 void Form::prepare(QWidget *widget)
 {
     plainCombo(qobject_cast<QComboBox *>(widget));
+    if (qobject_cast<QScrollArea *>(widget)) {
+        widget->setFocusPolicy(Qt::NoFocus); // what is in it takes the focus, and scrolls it
+    }
     if (controlOf(widget) == widget && actsWithoutFocus(widget)) {
         widget->setFocusPolicy(Qt::StrongFocus);
     }
@@ -304,7 +315,7 @@ bool Form::keyPressed(QWidget *control, QKeyEvent *event)
 
 bool Form::enterPressed(QWidget *control, const QKeyEvent *event)
 {
-    if (qobject_cast<QAbstractItemView *>(control)) {
+    if (keepsEnter(control)) {
         return false;
     }
     if (isPushed(control)) {
@@ -314,6 +325,20 @@ bool Form::enterPressed(QWidget *control, const QKeyEvent *event)
         return true;
     }
     focusNextPrevChild(!event->modifiers().testFlag(Qt::ShiftModifier));
+    return true;
+}
+
+/// Qt's own walk gets lost where a tab stop takes the focus for the frame around it: it goes on from the place of that
+/// one and never meets what stands behind the frame.
+bool Form::focusNextPrevChild(bool next)
+{
+    auto *stop = nextStop(*this, next);
+    if (!stop) {
+        return false;
+    }
+    // Qt draws the frame of the focus only where it came by Tab; the next Enter presses what came by Enter.
+    window()->setAttribute(Qt::WA_KeyboardFocusChange);
+    stop->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
     return true;
 }
 

@@ -133,6 +133,7 @@ protected:
     void disableUnlessExists(const QString &form, std::initializer_list<QWidget *> controls);
 
     bool eventFilter(QObject *object, QEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:

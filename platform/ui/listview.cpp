@@ -6,6 +6,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMetaMethod>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
@@ -19,6 +20,21 @@ namespace ui
 
 namespace
 {
+
+bool isMove(int key)
+{
+    switch (key) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        return true;
+    default:
+        return false;
+    }
+}
 
 /// Widths are told for letters of this average width, at 15 twips a pixel.
 constexpr double twipsPerPixel = 15;
@@ -89,6 +105,9 @@ ListView::ListView(QWidget *parent) : QTreeView(parent), model_(new ListModel(th
     setSelectionBehavior(SelectRows);
     setEditTriggers(NoEditTriggers);
     setTabKeyNavigation(false);
+    // Qt takes a part that hands its focus on to the list for the end of the list, and tears the tab order apart where
+    // both are moved one by one. A click finds the list by itself.
+    viewport()->setFocusProxy(nullptr);
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);
     header()->setSectionsClickable(true);
@@ -255,27 +274,40 @@ void ListView::keyPressEvent(QKeyEvent *event)
     }
     const int before = selectedRow();
     QTreeView::keyPressEvent(event);
+    if (isMove(event->key())) {
+        chooseCurrent();
+    }
     if (const int row = selectedRow(); row >= 0 && row != before) {
         tellClick(row);
     }
 }
 
-void ListView::enterPressed()
+/// A move that ends where the frame stood already chooses that row all the same.
+void ListView::chooseCurrent()
 {
-    const int row = currentIndex().row();
-    if (row < 0) {
-        return;
-    }
-    if (selectedRow() != row) {
+    if (const int row = currentIndex().row(); row >= 0 && selectedRow() != row) {
         selectRow(row);
     }
-    tellDoubleClick(row);
+}
+
+bool ListView::usesEnter() const
+{
+    static const auto told = QMetaMethod::fromSignal(&ListView::itemDoubleClick);
+    return count() > 0 && isSignalConnected(told);
+}
+
+void ListView::enterPressed()
+{
+    chooseCurrent();
+    if (const int row = currentIndex().row(); row >= 0) {
+        tellDoubleClick(row);
+    }
 }
 
 void ListView::focusInEvent(QFocusEvent *event)
 {
-    announce();
     QTreeView::focusInEvent(event);
+    announce();
 }
 
 bool ListView::viewportEvent(QEvent *event)
@@ -318,9 +350,20 @@ void ListView::announceSoon()
     }
 }
 
-void ListView::announce() const
+void ListView::announce()
 {
     model_->announce();
+    if (hasFocus()) {
+        markFirst();
+    }
+}
+
+/// Also in a list that is filled while it has the focus.
+void ListView::markFirst()
+{
+    if (count() > 0 && !currentIndex().isValid()) {
+        selectionModel()->setCurrentIndex(model_->index(0, 0), QItemSelectionModel::NoUpdate);
+    }
 }
 
 } // namespace ui

@@ -1,14 +1,20 @@
 #include "tests/ui/prova.h"
 
+#include <QCheckBox>
 #include <QClipboard>
 #include <QInputMethodEvent>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScrollArea>
+#include <QTabWidget>
 
 using namespace Qt::StringLiterals;
 using namespace prova;
+
+/// Adds a control of some kind to the window.
+using Make = std::function<QWidget *(frmProva &)>;
+Q_DECLARE_METATYPE(Make)
 
 class tst_form : public Fixture
 {
@@ -21,6 +27,13 @@ private slots:
     void shiftEnterGoesBack();
     void enterPressesTheFocusedButton();
     void enterOnAListIsADoubleClickOnce();
+    void enterOnAListWithoutAUseForItGoesOn();
+    void enterShowsTheFocusAsTabDoes_data();
+    void enterShowsTheFocusAsTabDoes();
+    void arrivingAtAListMarksItsFirstRow();
+    void movesInAListChooseFromTheFirstRow_data();
+    void movesInAListChooseFromTheFirstRow();
+    void aListThatIsFilledUnderTheFocusMarksItsFirstRow();
     void enterInALongTextGoesOn();
     void enterInAnOpenComboChoosesOnly();
     void enterLeavesADatePickerWhole();
@@ -99,6 +112,127 @@ void tst_form::enterOnAListIsADoubleClickOnce()
     key(form_, Qt::Key_Return);
     QCOMPARE(told, QStringList{u"Lista DblClick 1"_s});
     QVERIFY(form_->Lista->hasFocus());
+}
+
+void tst_form::enterOnAListWithoutAUseForItGoesOn()
+{
+    form_->Lista->clear(); // no row, nothing to double click
+    moveTo(form_->Lista);
+    key(form_, Qt::Key_Return);
+    QVERIFY(form_->btnFazer->hasFocus());
+    auto *free = form_->add<ui::ListView>(u"lstLivre"_s);
+    free->addColumn(u"Código"_s, 1000);
+    free->addItem(u"0001"_s);
+    auto *behind = form_->add<QLineEdit>(u"txtDepois"_s);
+    moveTo(free);
+    key(form_, Qt::Key_Return);
+    QVERIFY(behind->hasFocus());
+    key(form_, Qt::Key_Return, Qt::ShiftModifier);
+    QVERIFY(free->hasFocus());
+}
+
+void tst_form::enterShowsTheFocusAsTabDoes_data()
+{
+    QTest::addColumn<Make>("make");
+    QTest::newRow("button") << Make([](frmProva &form) -> QWidget * {
+        auto *button = form.add<QPushButton>(u"btnOutro"_s);
+        button->setText(u"Outro"_s);
+        return button;
+    });
+    QTest::newRow("check box") << Make([](frmProva &form) -> QWidget * {
+        auto *box = form.add<QCheckBox>(u"chkOutro"_s);
+        box->setText(u"Outro"_s);
+        return box;
+    });
+    QTest::newRow("tabs") << Make([](frmProva &form) -> QWidget * {
+        auto *tabs = form.add<QTabWidget>(u"tabOutro"_s);
+        tabs->addTab(new QWidget, u"Um"_s);
+        return tabs;
+    });
+    QTest::newRow("list") << Make([](frmProva &form) -> QWidget * {
+        auto *list = form.add<ui::ListView>(u"lstOutra"_s);
+        list->addColumn(u"Código"_s, 1000);
+        list->addItem(u"0001"_s);
+        return list;
+    });
+}
+
+/// As pictures: what the user sees.
+void tst_form::enterShowsTheFocusAsTabDoes()
+{
+    QFETCH(Make, make);
+    const auto picture = [&make](Qt::Key arrival) {
+        frmProva form(u"frmOutra"_s);
+        auto *before = form.add<QLineEdit>(u"txtAntes"_s);
+        auto *control = make(form);
+        form.show();
+        form.activateWindow();
+        [&] { QVERIFY(QTest::qWaitForWindowActive(&form)); }();
+        moveTo(before);
+        if (arrival != Qt::Key_unknown) {
+            key(&form, arrival);
+            [&] { QCOMPARE(form.focusWidget()->window(), &form); }();
+            [&] { QVERIFY(!before->hasFocus()); }();
+        }
+        return control->grab().toImage();
+    };
+    const auto byEnter = picture(Qt::Key_Return);
+    QCOMPARE(byEnter, picture(Qt::Key_Tab));
+    QVERIFY(byEnter != picture(Qt::Key_unknown));
+}
+
+/// The row is not chosen by that: nothing is loaded, and a key that deletes finds nothing.
+void tst_form::arrivingAtAListMarksItsFirstRow()
+{
+    const auto firstRow = [this] {
+        const auto place = form_->Lista->visualRect(form_->Lista->model()->index(0, 0));
+        return form_->Lista->viewport()->grab(place).toImage();
+    };
+    moveTo(form_->dtpCinco);
+    const auto without = firstRow();
+    told.clear();
+    key(form_, Qt::Key_Tab);
+    QVERIFY(form_->Lista->hasFocus());
+    QCOMPARE(form_->Lista->currentIndex().row(), 0);
+    QCOMPARE(form_->Lista->selectedRow(), -1);
+    QCOMPARE(told, QStringList{u"Lista GotFocus"_s});
+    QVERIFY(firstRow() != without);
+}
+
+void tst_form::movesInAListChooseFromTheFirstRow_data()
+{
+    QTest::addColumn<Qt::Key>("pressed");
+    QTest::addColumn<int>("row");
+    QTest::newRow("down") << Qt::Key_Down << 1;
+    QTest::newRow("home") << Qt::Key_Home << 0;
+    QTest::newRow("up") << Qt::Key_Up << 0;
+    QTest::newRow("end") << Qt::Key_End << 2;
+}
+
+void tst_form::movesInAListChooseFromTheFirstRow()
+{
+    QFETCH(Qt::Key, pressed);
+    QFETCH(int, row);
+    form_->Lista->addItem(u"0003"_s);
+    moveTo(form_->dtpCinco);
+    key(form_, Qt::Key_Tab);
+    key(form_, pressed);
+    QCOMPARE(form_->Lista->selectedRow(), row);
+    QCOMPARE(told.last(), u"Lista Click %1"_s.arg(row));
+    QCOMPARE(told.filter(u"Click"_s).size(), 1);
+}
+
+void tst_form::aListThatIsFilledUnderTheFocusMarksItsFirstRow()
+{
+    moveTo(form_->Lista);
+    form_->Lista->clear();
+    form_->Lista->addItem(u"0007"_s);
+    form_->Lista->addItem(u"0008"_s);
+    QCoreApplication::processEvents();
+    QCOMPARE(form_->Lista->currentIndex().row(), 0);
+    QCOMPARE(form_->Lista->selectedRow(), -1);
+    key(form_, Qt::Key_Down);
+    QCOMPARE(form_->Lista->selectedRow(), 1);
 }
 
 void tst_form::enterInALongTextGoesOn()
