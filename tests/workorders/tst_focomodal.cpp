@@ -2,6 +2,7 @@
 #include "platform/ui/form.h"
 #include "platform/ui/listview.h"
 #include "registers/registers.h"
+#include "stock/stock.h"
 #include "tests/support/boxes.h"
 #include "tests/support/modal.h"
 #include "tests/support/program.h"
@@ -58,6 +59,8 @@ private slots:
 
     void theWindowOnTheWayIsClosedMeanwhile_data();
     void theWindowOnTheWayIsClosedMeanwhile();
+    void aKeyInAFieldWithAnUnknownCodeAsksOnce_data();
+    void aKeyInAFieldWithAnUnknownCodeAsksOnce();
 
 private:
     void typeUnknownPlate();
@@ -72,6 +75,7 @@ private:
 void TstFocoModal::initTestCase()
 {
     registers::registerForms();
+    stock::registerForms();
     workorders::registerForms();
 }
 
@@ -168,6 +172,57 @@ void TstFocoModal::theWindowOnTheWayIsClosedMeanwhile()
     QVERIFY(Forms::instance().find(order));
     QCOMPARE(support::text(Forms::instance().find(order), u"txtKm"_s), u"1000"_s);
     QVERIFY(!Forms::instance().find(customers));
+}
+
+void TstFocoModal::aKeyInAFieldWithAnUnknownCodeAsksOnce_data()
+{
+    QTest::addColumn<QString>("window");
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<Qt::Key>("pressed");
+    QTest::addColumn<QString>("box");
+    QTest::addColumn<QString>("opened");
+    const auto row = [](const char *name, const QString &window, const QString &field, Qt::Key pressed,
+                        const QString &box,
+                        const QString &opened) { QTest::newRow(name) << window << field << pressed << box << opened; };
+    const QString vehicle = u"txtCodVeiculo"_s;
+    const QString part = u"txtCodPeca"_s;
+    const QString customer = u"txtCodCliente"_s;
+    const QString noPart = u"Código não Localizado"_s;
+    const QString noCustomer = u"Código do Cliente não Localizado ou não Cadastrado"_s;
+    row("F1 on a vehicle", order, vehicle, Qt::Key_F1, unknown, u"frmCadaVeiculos"_s);
+    row("F2 on a vehicle", order, vehicle, Qt::Key_F2, unknown, u"frmCadaVeiculos"_s);
+    row("F1 on an item", order, part, Qt::Key_F1, noPart, u"frmCadaPecas"_s);
+    row("F2 on an item", order, part, Qt::Key_F2, noPart, u"frmCadaPecas"_s);
+    row("F1 on an owner", u"frmCadaVeiculos"_s, customer, Qt::Key_F1, noCustomer, customers);
+    row("F2 on an owner", u"frmCadaVeiculos"_s, customer, Qt::Key_F2, noCustomer, customers);
+    row("F1 in the quick register", quick, customer, Qt::Key_F1, u"Código do Cliente não localizado"_s, customers);
+    row("F1 in the stock", u"frmMoviEstoque"_s, part, Qt::Key_F1, u"Código não localizado"_s, u"frmCadaPecas"_s);
+}
+
+/// The window that was asked for comes up behind the box. Back in the field, it is left as always.
+void TstFocoModal::aKeyInAFieldWithAnUnknownCodeAsksOnce()
+{
+    QFETCH(QString, window);
+    QFETCH(QString, field);
+    QFETCH(Qt::Key, pressed);
+    QFETCH(QString, box);
+    QFETCH(QString, opened);
+    const auto expect = [&] { box == unknown ? boxes_->question(box, false) : boxes_->exclamation(box); };
+    core::ModoChamada = 0;
+    auto *form = Forms::instance().Show(window);
+    support::type(form, field, u"999"_s, false);
+    expect();
+    support::key(form, field, pressed);
+    boxes_->finish();
+    QTRY_COMPARE(Forms::instance().area()->activeSubWindow()->widget()->objectName(), opened);
+    QTRY_VERIFY(Forms::instance().find(opened)->isAncestorOf(QApplication::focusWidget()));
+
+    Forms::instance().Unload(opened);
+    QTRY_VERIFY(form->isAncestorOf(QApplication::focusWidget()));
+    support::type(form, field, u"998"_s, false);
+    expect();
+    support::key(form, field, Qt::Key_Tab);
+    boxes_->finish();
 }
 
 TARVELO_TEST_MAIN(TstFocoModal)
