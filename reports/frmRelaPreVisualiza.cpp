@@ -141,6 +141,21 @@ void frmRelaPreVisualiza::btnBack_Click()
     }
 }
 
+/// Page by page: the change of the page hides its neighbours and no other.
+void frmRelaPreVisualiza::primeiraPagina()
+{
+    while (numero(ui_->lblPagina) > 1) {
+        btnBack_Click();
+    }
+}
+
+void frmRelaPreVisualiza::ultimaPagina()
+{
+    while (numero(ui_->lblPagina) < numero(ui_->lblPaginas)) {
+        btnNext_Click();
+    }
+}
+
 void frmRelaPreVisualiza::lblPagina_Change()
 {
     const int pagina = numero(ui_->lblPagina);
@@ -219,8 +234,10 @@ void frmRelaPreVisualiza::ajustaBarras()
 
 void frmRelaPreVisualiza::ligaTeclas()
 {
-    tecla(Qt::Key_PageDown, [this] { btnNext_Click(); });
-    tecla(Qt::Key_PageUp, [this] { btnBack_Click(); });
+    onKey(this, Qt::Key_PageDown, &frmRelaPreVisualiza::btnNext_Click);
+    onKey(this, Qt::Key_PageUp, &frmRelaPreVisualiza::btnBack_Click);
+    onKey(this, Qt::Key_Home, &frmRelaPreVisualiza::primeiraPagina);
+    onKey(this, Qt::Key_End, &frmRelaPreVisualiza::ultimaPagina);
     tecla(Qt::Key_Down, [this] { rola(passoDeRolagem); });
     tecla(Qt::Key_Up, [this] { rola(-passoDeRolagem); });
     tecla(QKeySequence::ZoomIn, [this] { amplia(passoDeZoom); });

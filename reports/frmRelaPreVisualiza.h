@@ -31,7 +31,8 @@ public:
 
 /// The preview of everything that is printed. It knows no report: it shows the pages that were drawn on its surface,
 /// and asks the window that drew them to print, by adding 1 to that window's hidden `lblPrint`. The owner is told by
-/// `ModoChamada`. The sheet is as wide as the window; Ctrl and the wheel, or Ctrl and +, - and 0, zoom.
+/// `ModoChamada`. The sheet is as wide as the window; Ctrl and the wheel, or Ctrl and +, - and 0, zoom. Page Up, Page
+/// Down, Home and End turn the pages, Esc closes.
 class frmRelaPreVisualiza : public ui::Form, public core::PreVisualizador
 {
     Q_OBJECT
@@ -54,6 +55,8 @@ private:
     void btnBack_Click();
     void btnPrint_Click();
     void btnVoltar_Click();
+    void primeiraPagina();
+    void ultimaPagina();
     void lblPagina_Change();
     void barra_Change();
 

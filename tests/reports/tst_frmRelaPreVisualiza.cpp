@@ -130,6 +130,8 @@ private slots:
     void backOnTheFirstAndNextOnTheLastDoNothing();
     void thePageNumberAloneShowsThePage();
     void pageKeysTurnThePages();
+    void keysReachTheEnds_data();
+    void keysReachTheEnds();
     void theBarsMoveTheSheet();
     void theSheetIsAsWideAsTheWindow();
     void theWheelRollsAndZoomsWithControl();
@@ -242,6 +244,39 @@ void tst_frmRelaPreVisualiza::pageKeysTurnThePages()
     QCOMPARE(shown(form), u"2"_s);
     support::key(form, u"btnVoltar"_s, Qt::Key_PageUp);
     QCOMPARE(shown(form), u"1"_s);
+}
+
+/// From every control that can have the focus, and from the window itself.
+void tst_frmRelaPreVisualiza::keysReachTheEnds_data()
+{
+    QTest::addColumn<QString>("control");
+    for (const auto *name : {"", "btnNext", "btnBack", "btnVoltar"}) {
+        QTest::newRow(*name ? name : "window") << QString::fromLatin1(name);
+    }
+}
+
+void tst_frmRelaPreVisualiza::keysReachTheEnds()
+{
+    QFETCH(QString, control);
+    ui::Form *form = open(4);
+    if (control.isEmpty()) {
+        form->setFocus();
+        QCOMPARE(QApplication::focusWidget(), form);
+    } else {
+        support::controlOf(form, control)->setFocus();
+    }
+    auto *window = form->window()->windowHandle();
+    for (const auto &[pressed, page] : QList<std::pair<Qt::Key, QString>>{{Qt::Key_End, u"4"_s},
+                                                                          {Qt::Key_PageDown, u"4"_s},
+                                                                          {Qt::Key_PageUp, u"3"_s},
+                                                                          {Qt::Key_Home, u"1"_s},
+                                                                          {Qt::Key_PageUp, u"1"_s},
+                                                                          {Qt::Key_PageDown, u"2"_s}}) {
+        QTest::keyClick(window, pressed);
+        QCOMPARE(shown(form), page);
+    }
+    QTest::keyClick(window, Qt::Key_Escape);
+    QVERIFY(!ui::Forms::instance().find(preview));
 }
 
 void tst_frmRelaPreVisualiza::theBarsMoveTheSheet()
