@@ -7,7 +7,8 @@ namespace shell
 {
 
 /// The main window's area with its picture: in the middle, never distorted, made smaller where the area is smaller.
-/// What the picture leaves free has the palette's colour.
+/// What the picture leaves free has the palette's colour. Ctrl+F4 closes the window in front, Ctrl+F6 goes on to the
+/// next one and Ctrl+Shift+F6 back; a right click beside the windows lists them.
 class AreaFundo : public QMdiArea
 {
     Q_OBJECT
@@ -20,9 +21,16 @@ public:
     bool temFundo() const { return !fundo_.isNull(); }
 
 protected:
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void atalho(const QKeySequence &teclas, void (AreaFundo::*acao)());
+    void fechaJanela();
+    void proximaJanela();
+    void janelaAnterior();
+    void anda(qsizetype passos);
+
     QPixmap fundo_;
 };
 

@@ -4,11 +4,13 @@
 #include "platform/ui/application.h"
 #include "platform/ui/focus.h"
 #include "platform/ui/form.h"
+#include "platform/ui/tabstops.h"
 #include "platform/ui/units.h"
 
 #include <QApplication>
 #include <QEventLoop>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QScreen>
 #include <QWindow>
 
@@ -59,23 +61,30 @@ void centreInArea(QWidget &frame, const QMdiArea &area)
     frame.move(std::max(0, left), std::max(0, top));
 }
 
-bool takesTab(const QWidget *widget, const QWidget *form)
-{
-    return (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isEnabled() && widget->isVisibleTo(form);
-}
-
 /// The first control by tab order, unless the window's load has chosen one.
 void focusFirst(QWidget &form)
 {
-    if (form.focusWidget()) {
-        return;
+    if (auto *first = form.focusWidget() ? nullptr : firstStop(form)) {
+        first->setFocus();
     }
-    for (auto *next = form.nextInFocusChain(); next && next != &form; next = next->nextInFocusChain()) {
-        if (form.isAncestorOf(next) && takesTab(next, &form)) {
-            next->setFocus();
-            return;
-        }
+}
+
+/// The area has this key for all its windows; with one in every frame it would be ambiguous, and nothing would close.
+void dropCloseKey(QMdiSubWindow &frame)
+{
+    for (auto *action : frame.systemMenu()->actions()) {
+        action->setShortcuts(QList<QKeySequence>());
     }
+}
+
+/// The bar of a minimized window is too short for a caption that begins with the company's name.
+void tellTailWhenSmall(QMdiSubWindow &frame, const Form &form)
+{
+    QObject::connect(&frame, &QMdiSubWindow::windowStateChanged, &form, [&](Qt::WindowStates, Qt::WindowStates now) {
+        const bool small = now.testFlag(Qt::WindowMinimized);
+        frame.setWindowTitle(small ? captionTail(form.windowTitle()) : form.windowTitle());
+        frame.setToolTip(small ? form.windowTitle() : QString());
+    });
 }
 
 } // namespace
@@ -211,6 +220,8 @@ void Forms::showInArea(Form &form)
     const auto wanted = wantedSize(form);
     auto *frame = area_->addSubWindow(&form);
     frame->installEventFilter(&form);
+    dropCloseKey(*frame);
+    tellTailWhenSmall(*frame, form);
     frame->setWindowIcon(form.windowIcon());
     frame->ensurePolished();
     const auto border = frame->sizeHint() - form.sizeHint();
@@ -311,6 +322,13 @@ void Forms::write(const QString &form, const QString &controlName, const QString
 void Forms::forget(Form *form)
 {
     loaded_.removeIf([form](const auto &entry) { return entry.value() == form; });
+}
+
+QString captionTail(const QString &caption)
+{
+    const auto start = caption.lastIndexOf(u'[');
+    const auto end = caption.lastIndexOf(u']');
+    return start < 0 || end < start ? caption : caption.sliced(start + 1, end - start - 1);
 }
 
 void CentraForm(Form &form, bool onScreen)

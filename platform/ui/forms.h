@@ -90,4 +90,7 @@ private:
     QPointer<QMdiArea> area_;
 };
 
+/// The part of a caption that tells windows apart: what stands in its last brackets, behind the company's name.
+QString captionTail(const QString &caption);
+
 } // namespace ui
