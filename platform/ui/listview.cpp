@@ -2,13 +2,16 @@
 
 #include "platform/ui/application.h"
 #include "platform/ui/controls.h"
+#include "platform/ui/fitting.h"
 #include "platform/ui/listmodel.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMetaMethod>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QStyleOptionHeader>
 
 #include <algorithm>
 #include <numeric>
@@ -39,6 +42,10 @@ bool isMove(int key)
 /// Widths are told for letters of this average width, at 15 twips a pixel.
 constexpr double twipsPerPixel = 15;
 constexpr double letterWidth = 6;
+
+/// A list this much narrower than its columns still shows them all.
+constexpr double leastStretch = 0.75;
+constexpr int leastRows = 1;
 
 } // namespace
 
@@ -129,7 +136,7 @@ ListView::ListView(QWidget *parent) : QTreeView(parent), model_(new ListModel(th
 
 void ListView::addColumn(const QString &title, int width, Qt::Alignment alignment)
 {
-    shares_.push_back(width / twipsPerPixel * fontMetrics().averageCharWidth() / letterWidth);
+    shares_.push_back(width / twipsPerPixel / letterWidth);
     model_->addColumn(title, alignment);
     shareWidth();
 }
@@ -313,7 +320,23 @@ void ListView::focusInEvent(QFocusEvent *event)
 bool ListView::viewportEvent(QEvent *event)
 {
     announce();
+    if (event->type() == QEvent::ToolTip && showWholeCell(static_cast<QHelpEvent &>(*event))) {
+        return true;
+    }
     return QTreeView::viewportEvent(event);
+}
+
+/// A cell that ends in dots tells its whole text.
+bool ListView::showWholeCell(const QHelpEvent &event)
+{
+    const auto cell = indexAt(event.pos());
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    if (!cell.isValid() || itemDelegate()->sizeHint(option, cell).width() <= visualRect(cell).width()) {
+        return false;
+    }
+    showWhole(event.globalPos(), cell.data().toString(), this);
+    return true;
 }
 
 void ListView::resizeEvent(QResizeEvent *event)
@@ -322,16 +345,63 @@ void ListView::resizeEvent(QResizeEvent *event)
     shareWidth();
 }
 
-/// Columns keep their proportions in a list that is wider than all of them; in a narrower one they scroll.
+void ListView::changeEvent(QEvent *event)
+{
+    QTreeView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        shareWidth();
+    }
+}
+
+/// Its titles and a row: in a low window the lists give way first.
+QSize ListView::minimumSizeHint() const
+{
+    const int rows = leastRows * (fontMetrics().height() + 2);
+    return {QTreeView::minimumSizeHint().width(), header()->sizeHint().height() + rows + 2 * frameWidth()};
+}
+
+/// What the title of a column needs, with the mark of a sorted one.
+int ListView::titleWidth(int column) const
+{
+    QStyleOptionHeader option;
+    option.initFrom(header());
+    option.text = model_->headerData(column, Qt::Horizontal).toString();
+    option.fontMetrics = header()->fontMetrics();
+    option.sortIndicator = QStyleOptionHeader::SortDown;
+    return style()->sizeFromContents(QStyle::CT_HeaderSection, &option, {}, header()).width();
+}
+
+/// How wide a letter is where the columns fill the room: those that need all of it for their title stand aside, the
+/// others share what is left.
+double ListView::fillingStretch(double room) const
+{
+    double letters = std::accumulate(shares_.begin(), shares_.end(), 0.0);
+    std::vector<bool> aside(shares_.size());
+    for (bool again = true; again && letters > 0;) {
+        again = false;
+        for (int column = 0; column < int(shares_.size()); ++column) {
+            const int title = titleWidth(column);
+            if (!aside[column] && shares_[column] * room < title * letters) {
+                aside[column] = again = true;
+                room -= title;
+                letters -= shares_[column];
+            }
+        }
+    }
+    return letters > 0 ? room / letters : 0;
+}
+
+/// Columns keep their proportions in a list that is wider than all of them; in a much narrower one they scroll.
 void ListView::shareWidth()
 {
-    const double wanted = std::accumulate(shares_.begin(), shares_.end(), 0.0);
-    stretch_ = std::max(1.0, viewport()->width() / std::max(1.0, wanted));
+    const double letter = fontMetrics().averageCharWidth();
+    const double filling = fillingStretch(viewport()->width());
+    stretch_ = filling >= leastStretch * letter ? filling : letter;
     const QScopedValueRollback guard(sharing_, true);
     double end = 0;
     for (int column = 0; column < int(shares_.size()); ++column) {
         const int start = int(end);
-        end += shares_[column] * stretch_;
+        end += std::max(double(titleWidth(column)), shares_[column] * stretch_);
         setColumnWidth(column, int(end) - start);
     }
 }

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+class QHelpEvent;
+
 namespace ui
 {
 
@@ -51,7 +53,8 @@ class ListView : public QTreeView
 public:
     explicit ListView(QWidget *parent = nullptr);
 
-    /// Adds a column. `width` is in twips and gives the proportions: columns share a wide list, a narrow one scrolls.
+    /// Adds a column, as wide as its title at least. `width` is in twips and gives the proportions: columns share a
+    /// wide list and give way in one that is a little too narrow, a narrower one scrolls.
     void addColumn(const QString &title, int width, Qt::Alignment alignment = Qt::AlignLeft);
 
     /// Takes away columns and rows, for a list that shows something else from here on.
@@ -79,6 +82,8 @@ public:
     bool usesEnter() const;
     void sortBy(int column, Qt::SortOrder order);
 
+    QSize minimumSizeHint() const override;
+
 signals:
     void itemClick(int row);       ///< a row was clicked or chosen by the keyboard
     void itemDoubleClick(int row); ///< double click, or Enter on the list
@@ -91,6 +96,7 @@ protected:
     bool viewportEvent(QEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     void headerClicked(int column);
@@ -102,12 +108,15 @@ private:
     void markFirst();
     void forgetSort();
     void shareWidth();
+    int titleWidth(int column) const;
+    double fillingStretch(double room) const;
+    bool showWholeCell(const QHelpEvent &event);
     void announceSoon();
     void announce();
 
     ListModel *model_;
-    std::vector<double> shares_; // the columns' widths in pixels, before they share a wider list
-    double stretch_ = 1;         // how much wider they are than that
+    std::vector<double> shares_; // the columns' widths in letters, before they share a wider list
+    double stretch_ = 1;         // what a letter stands for in pixels
     int sortColumn_ = -1;
     Qt::SortOrder sortOrder_ = Qt::AscendingOrder;
     bool announcing_ = false; // an announcement of added rows is on its way

@@ -1,7 +1,12 @@
 #include "platform/ui/style.h"
 
+#include "platform/ui/listview.h"
+
+#include <QHeaderView>
 #include <QPainter>
 #include <QStyleOption>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -13,6 +18,10 @@ namespace
 
 constexpr int darkLightness = 128;
 constexpr int outlineAlpha = 140;
+
+/// What Qt keeps free beside a line that is typed, and the place of the caret.
+constexpr int lineMargins = 5;
+constexpr int leastCellMargin = 4;
 
 bool isMark(QStyle::PrimitiveElement element)
 {
@@ -42,13 +51,105 @@ bool isDark(const QPalette &palette)
 
 Style::Style() : QProxyStyle(u"Fusion"_s) {}
 
+namespace
+{
+
+bool isLocked(const QStyleOption &option)
+{
+    return option.state.testFlag(QStyle::State_ReadOnly) || !option.state.testFlag(QStyle::State_Enabled);
+}
+
+bool isListTitle(const QWidget *widget)
+{
+    return qobject_cast<const QHeaderView *>(widget) && qobject_cast<const ListView *>(widget->parentWidget());
+}
+
+/// Free room beside the text of a cell or a column's title.
+int cellMargin(const QWidget &list)
+{
+    return std::max(leastCellMargin, list.fontMetrics().averageCharWidth() - 1);
+}
+
+/// How much farther from its border a title stands than the drawn style has it: in line with the cells below.
+int titleInset(const QWidget &header)
+{
+    return cellMargin(header) + 1 - header.style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, &header);
+}
+
+/// What is greyed can still be read: half of the way from the ground to the text.
+QColor greyed(const QPalette &palette, QPalette::ColorRole text, QPalette::ColorRole ground)
+{
+    const auto back = palette.color(QPalette::Active, ground);
+    const auto front = palette.color(QPalette::Active, text);
+    return {(back.red() + front.red()) / 2, (back.green() + front.green()) / 2, (back.blue() + front.blue()) / 2};
+}
+
+} // namespace
+
 void Style::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                           const QWidget *widget) const
 {
+    const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
+    if (element == PE_PanelLineEdit && frame && isLocked(*option)) {
+        auto locked = *frame;
+        locked.palette.setBrush(QPalette::Base, option->palette.window());
+        QProxyStyle::drawPrimitive(element, &locked, painter, widget);
+        return;
+    }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     if (isMark(element) && isDark(option->palette)) {
         drawOutline(*painter, option->rect, option->palette.color(QPalette::Text), element == PE_IndicatorRadioButton);
     }
+}
+
+QSize Style::sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size,
+                              const QWidget *widget) const
+{
+    auto contents = size;
+    if (type == CT_LineEdit || type == CT_ComboBox) {
+        if (const int sample = sampleWidth(widget); sample > 0) {
+            contents.setWidth(sample + lineMargins);
+        }
+    }
+    auto whole = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    if (type == CT_HeaderSection && isListTitle(widget)) {
+        whole.rwidth() += 2 * titleInset(*widget);
+    }
+    if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
+        type == CT_PushButton && button && !button->text.isEmpty()) {
+        whole.rwidth() += 2 * cellMargin(*widget);
+    }
+    return whole;
+}
+
+QRect Style::subElementRect(SubElement element, const QStyleOption *option, const QWidget *widget) const
+{
+    const auto rect = QProxyStyle::subElementRect(element, option, widget);
+    if (element != SE_HeaderLabel || !isListTitle(widget)) {
+        return rect;
+    }
+    const int inset = titleInset(*widget);
+    return rect.adjusted(inset, 0, -inset, 0);
+}
+
+int Style::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const
+{
+    const bool cell = metric == PM_FocusFrameHMargin && qobject_cast<const ListView *>(widget);
+    return cell ? cellMargin(*widget) : QProxyStyle::pixelMetric(metric, option, widget);
+}
+
+void Style::polish(QWidget *widget)
+{
+    QProxyStyle::polish(widget);
+    fitting_.watch(widget);
+}
+
+void Style::polish(QPalette &palette)
+{
+    QProxyStyle::polish(palette);
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, greyed(palette, QPalette::WindowText, QPalette::Window));
+    palette.setColor(QPalette::Disabled, QPalette::Text, greyed(palette, QPalette::Text, QPalette::Window));
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, greyed(palette, QPalette::ButtonText, QPalette::Button));
 }
 
 } // namespace ui

@@ -5,9 +5,11 @@
 #include "tests/support/testmain.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QSignalSpy>
 #include <QTimer>
 
@@ -76,6 +78,10 @@ private slots:
     void iconFollowsThePalette();
     void unknownIconIsDrawn();
     void emptyCheckBoxShowsOnBothPalettes();
+    void boxIsAsWideAsItsSample();
+    void valueKeepsItsSize();
+    void enlargedTextFollowsTheProgramsFont();
+    void linesFollowTheFont();
     void waitLetsEventsRun();
     void waitLastsItsTime();
     void waitingPointerComesAndGoes();
@@ -155,6 +161,71 @@ void tst_controls::unknownIconIsDrawn()
     QVERIFY(!drawn.isNull());
     QVERIFY(drawn.name().isEmpty());
     QVERIFY(darkestOf(drawn).lightness() < 128);
+}
+
+/// A box of any kind takes its width from the value that it is made for, in the font that it has.
+void tst_controls::boxIsAsWideAsItsSample()
+{
+    QLineEdit edit;
+    QComboBox combo;
+    ui::Label value;
+    value.setFrameShape(QFrame::StyledPanel);
+    for (auto *box : std::initializer_list<QWidget *>{&edit, &combo, &value}) {
+        box->setProperty("amostra", u"88/88/8888 88:88:88"_s);
+        const int needed = box->fontMetrics().horizontalAdvance(u"28/12/2024 20:48:58"_s);
+        QVERIFY(box->minimumSizeHint().width() > needed);
+        QVERIFY(box->sizeHint().width() < 2 * needed);
+        auto font = box->font();
+        font.setPointSizeF(font.pointSizeF() * 2);
+        box->setFont(font);
+        QVERIFY(box->sizeHint().width() > box->fontMetrics().horizontalAdvance(u"28/12/2024 20:48:58"_s));
+    }
+}
+
+void tst_controls::valueKeepsItsSize()
+{
+    ui::Label value;
+    value.setFrameShape(QFrame::StyledPanel);
+    value.setProperty("amostra", u"8.888,88"_s);
+    const auto empty = value.sizeHint();
+    value.setText(u"1.234.567,89"_s);
+    QCOMPARE(value.sizeHint(), empty);
+    QCOMPARE(value.minimumSizeHint(), empty);
+    QCOMPARE(value.sizeHint().height(), QLineEdit().sizeHint().height());
+    value.resize(empty);
+    QVERIFY(value.isCut());
+    value.setText(u"1,00"_s);
+    QVERIFY(!value.isCut());
+}
+
+void tst_controls::enlargedTextFollowsTheProgramsFont()
+{
+    const auto before = QApplication::font();
+    ui::Label total;
+    total.setProperty("ampliacao", 160);
+    total.ensurePolished();
+    QCOMPARE(total.font().pointSizeF(), before.pointSizeF() * 1.6);
+    auto larger = before;
+    larger.setPointSizeF(before.pointSizeF() * 1.5);
+    QApplication::setFont(larger);
+    QEvent change(QEvent::ApplicationFontChange); // Qt tells it to all while the program runs
+    QCoreApplication::sendEvent(&total, &change);
+    const qreal enlarged = total.font().pointSizeF();
+    QApplication::setFont(before);
+    QCOMPARE(enlarged, larger.pointSizeF() * 1.6);
+}
+
+void tst_controls::linesFollowTheFont()
+{
+    QPlainTextEdit lines;
+    lines.setProperty("linhas", 2);
+    lines.ensurePolished();
+    QVERIFY(lines.minimumHeight() >= 2 * lines.fontMetrics().lineSpacing());
+    QVERIFY(lines.minimumHeight() < 3 * lines.fontMetrics().lineSpacing());
+    auto font = lines.font();
+    font.setPointSizeF(font.pointSizeF() * 2);
+    lines.setFont(font);
+    QVERIFY(lines.minimumHeight() >= 2 * lines.fontMetrics().lineSpacing());
 }
 
 void tst_controls::emptyCheckBoxShowsOnBothPalettes()

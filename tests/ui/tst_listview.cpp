@@ -5,8 +5,11 @@
 #include <QAbstractItemModelTester>
 #include <QElapsedTimer>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QTextDocumentFragment>
+#include <QToolTip>
 
 #include <algorithm>
 #include <limits>
@@ -132,6 +135,11 @@ private slots:
     void narrowListScrolls();
     void columnSetByTheUserKeepsItsShare();
     void numbersStandRight();
+    void columnsAreAsWideAsTheirTitles();
+    void aLittleNarrowerListShowsAllColumns();
+    void columnsFollowTheFont();
+    void columnsKeepApart();
+    void cutCellIsTold();
     void smallIconShows();
 
     // Size.
@@ -548,6 +556,91 @@ void tst_listview::columnSetByTheUserKeepsItsShare()
     list->resize(1800, 300);
     QVERIFY(list->columnWidth(0) > 400);
     QVERIFY(qAbs(double(list->columnWidth(0)) / list->columnWidth(1) - share) < 0.1);
+}
+
+void tst_listview::columnsAreAsWideAsTheirTitles()
+{
+    ui::ListView list;
+    list.addColumn(u"Número da Nota de Entrada"_s, 300);
+    list.addColumn(u"Descrição"_s, 6000);
+    list.resize(600, 200);
+    const QString title = u"Número da Nota de Entrada"_s;
+    QVERIFY(list.columnWidth(0) > list.header()->fontMetrics().horizontalAdvance(title));
+    QCOMPARE(list.header()->length(), list.viewport()->width());
+}
+
+void tst_listview::aLittleNarrowerListShowsAllColumns()
+{
+    const auto list = makeList();
+    list->resize(300, 300);
+    const int natural = list->header()->length();
+    list->resize(natural * 9 / 10, 300);
+    QCOMPARE(list->header()->length(), list->viewport()->width());
+    list->resize(natural / 2, 300);
+    QVERIFY(list->header()->length() > list->viewport()->width());
+}
+
+void tst_listview::columnsFollowTheFont()
+{
+    const auto list = makeList();
+    list->resize(200, 300);
+    const int before = list->header()->length();
+    auto font = list->font();
+    font.setPointSizeF(font.pointSizeF() * 2);
+    list->setFont(font);
+    QVERIFY(list->header()->length() > before * 3 / 2);
+}
+
+/// A number on the right of its column and a text on the left of the next one are read as two.
+void tst_listview::columnsKeepApart()
+{
+    ui::ListView list;
+    list.addColumn(u"Número"_s, 1000, Qt::AlignRight);
+    list.addColumn(u"Bairro"_s, 1000);
+    list.resize(400, 200);
+    list.addItem(u"120"_s, {u"HHHH"_s});
+    list.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&list));
+    const auto picture = list.viewport()->grab().toImage();
+    const int border = list.columnViewportPosition(1);
+    const auto row = list.visualRect(list.model()->index(0, 0));
+    const auto empty = [&](int x) {
+        for (int y = row.top() + 1; y < row.bottom(); ++y) {
+            if (picture.pixelColor(x, y).lightness() < 200) {
+                return false;
+            }
+        }
+        return true;
+    };
+    int left = border;
+    while (left > 0 && empty(left - 1)) {
+        --left;
+    }
+    int right = border;
+    while (right < picture.width() - 1 && empty(right)) {
+        ++right;
+    }
+    QVERIFY(left > 0 && right < picture.width() - 1); // both texts are there
+    QVERIFY2(border - left >= 4 && right - border >= 4, qPrintable(u"%1, %2"_s.arg(border - left).arg(right - border)));
+}
+
+void tst_listview::cutCellIsTold()
+{
+    const auto list = makeList();
+    list->resize(300, 300);
+    const QString longText = u"RUA DAS FLORES, EM FRENTE AO MERCADO MUNICIPAL <B>"_s;
+    list->addItem(u"0001"_s, {longText});
+    list->show();
+    QVERIFY(QTest::qWaitForWindowExposed(list.get()));
+    const auto told = [&](int column) {
+        const auto place = list->visualRect(list->model()->index(0, column)).center();
+        QToolTip::showText(list->mapToGlobal(place), u"-"_s, list.get());
+        QHelpEvent help(QEvent::ToolTip, place, list->viewport()->mapToGlobal(place));
+        QCoreApplication::sendEvent(list->viewport(), &help);
+        return QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText();
+    };
+    QCOMPARE(told(1), longText);
+    QVERIFY(told(0) != u"0001"_s); // is seen whole
 }
 
 void tst_listview::numbersStandRight()
