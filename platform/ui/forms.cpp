@@ -12,6 +12,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QScreen>
+#include <QStyle>
 #include <QWindow>
 
 #include <algorithm>
@@ -42,6 +43,13 @@ QMdiSubWindow *frameOf(const Form &form)
 QSize wantedSize(const Form &form)
 {
     return form.testAttribute(Qt::WA_Resized) ? form.size() : form.sizeHint();
+}
+
+/// What a window may take on the screen, its title bar left aside.
+QSize roomOnScreen(const QWidget &window)
+{
+    const int title = window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
+    return window.screen()->availableGeometry().size() - QSize(0, title);
 }
 
 void centreOnScreen(QWidget &window)
@@ -241,7 +249,7 @@ void Forms::showAlone(Form &form, QWidget *above)
         form.windowHandle()->setTransientParent(above->window()->windowHandle());
     }
     form.ensurePolished();
-    form.resize(wantedSize(form).expandedTo(form.minimumSizeHint()));
+    form.resize(wantedSize(form).boundedTo(roomOnScreen(form)).expandedTo(form.minimumSizeHint()));
     place(form);
     focusFirst(form);
     form.show();
