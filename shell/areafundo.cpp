@@ -3,6 +3,7 @@
 #include "core/figuras.h"
 #include "platform/ui/application.h"
 #include "platform/ui/forms.h"
+#include "platform/ui/style.h"
 
 #include <QContextMenuEvent>
 #include <QMdiSubWindow>
@@ -17,6 +18,8 @@ namespace shell
 {
 namespace
 {
+
+constexpr int veuNoEscuro = 190;
 
 /// The whole area, without distortion; what is left over on two sides is cut off.
 QRect lugarDoFundo(const QSize &figura, const QRect &area)
@@ -118,6 +121,15 @@ void AreaFundo::setFundo(const QString &arquivo)
     viewport()->update();
 }
 
+/// A desktop may turn dark while the program runs.
+void AreaFundo::changeEvent(QEvent *event)
+{
+    QMdiArea::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        setBackground(palette().brush(QPalette::Mid));
+    }
+}
+
 void AreaFundo::paintEvent(QPaintEvent *event)
 {
     QMdiArea::paintEvent(event);
@@ -128,6 +140,11 @@ void AreaFundo::paintEvent(QPaintEvent *event)
     pintor.setClipRect(event->rect());
     pintor.setRenderHint(QPainter::SmoothPixmapTransform);
     pintor.drawPixmap(lugarDoFundo(fundo_.size(), viewport()->rect()), fundo_);
+    if (ui::isDark(palette())) {
+        QColor veu = palette().color(QPalette::Window);
+        veu.setAlpha(veuNoEscuro);
+        pintor.fillRect(event->rect(), veu);
+    }
 }
 
 } // namespace shell

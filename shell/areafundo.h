@@ -7,8 +7,9 @@ namespace shell
 {
 
 /// The main window's area with its picture: in the middle, never distorted, made smaller where the area is smaller.
-/// What the picture leaves free has the palette's colour. Ctrl+F4 closes the window in front, Ctrl+F6 goes on to the
-/// next one and Ctrl+Shift+F6 back; a right click beside the windows lists them.
+/// What the picture leaves free has the palette's colour; on a dark desktop the picture is dimmed, so that it dazzles
+/// nobody. Ctrl+F4 closes the window in front, Ctrl+F6 goes on to the next one and Ctrl+Shift+F6 back; a right click
+/// beside the windows lists them.
 class AreaFundo : public QMdiArea
 {
     Q_OBJECT
@@ -23,6 +24,7 @@ public:
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     void atalho(const QKeySequence &teclas, void (AreaFundo::*acao)());
