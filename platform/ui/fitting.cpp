@@ -85,7 +85,10 @@ QString tipOf(const QWidget *control)
 
 int sampleWidth(const QWidget *box)
 {
-    const auto sample = box ? box->property(sampleProperty).toString() : QString();
+    if (!box) {
+        return 0;
+    }
+    const auto sample = box->property(sampleProperty).toString();
     return sample.isEmpty() ? 0 : box->fontMetrics().horizontalAdvance(sample);
 }
 

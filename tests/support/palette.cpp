@@ -1,6 +1,8 @@
 #include "tests/support/palette.h"
 
+#include <QApplication>
 #include <QColor>
+#include <QStyle>
 
 namespace support
 {
@@ -22,6 +24,7 @@ QPalette darkPalette()
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(QPalette::Disabled, role, greyed);
     }
+    QApplication::style()->polish(palette); // as Qt does with the desktop's
     return palette;
 }
 

@@ -94,7 +94,7 @@ void Telas::show(ui::Form *window, const Fields &fields)
 /// An open order of the longest customer.
 void Telas::newOrder()
 {
-    const QString dear = u"123.456,78"_s;
+    const QString dear = u"51.440,33"_s;
     workorders::NovaOrdem order{
         .codCliente = u"1"_s,
         .codVeiculo = u"1"_s,
@@ -106,7 +106,7 @@ void Telas::newOrder()
         .itens = {}};
     for (const auto *kind : {u"P", u"S", u"T", u"K"}) {
         const auto type = QString::fromUtf16(kind);
-        order.itens.push_back({u"1"_s, type, u"1288"_s, u"KIT EMBREAGEM COMPLETO COM ROLAMENTO"_s, dear, {}});
+        order.itens.push_back({u"1"_s, type, u"12"_s, u"KIT EMBREAGEM COMPLETO COM ROLAMENTO"_s, dear, {}});
         order.itens.push_back({u"0"_s, type, u"0,5"_s, u"BELA VISTA"_s, u"8,88"_s, {}});
     }
     order_ = runtime::Format(workorders::AbreOrdem(order), u"0000");
