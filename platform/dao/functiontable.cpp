@@ -103,7 +103,7 @@ QString repeated(qint32 count, QChar character)
 
 QByteArray firstByte(const Value &text)
 {
-    const QByteArray bytes = runtime::toWestern(QStringView(runtime::CStr(text)).left(1));
+    QByteArray bytes = runtime::toWestern(QStringView(runtime::CStr(text)).left(1));
     if (bytes.isEmpty()) {
         runtime::raise(5);
     }
