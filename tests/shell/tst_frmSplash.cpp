@@ -275,6 +275,7 @@ private slots:
     {
         start(); // makes it
         shell::desmonta();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         const QString wanted = folder_->path();
         const auto onlyLook = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup |
                               QFile::ReadOther | QFile::ExeOther;
