@@ -18,7 +18,7 @@ PainelCadastro::PainelCadastro(QWidget *parent) : QWidget(parent), ui_(std::make
     ui_->btnCancelar->setIcon(ui::icon(u"edit-clear"_s));
     ui_->btnVoltar->setIcon(ui::icon(u"go-previous"_s));
     ui_->btnPesquisar->setIcon(ui::icon(u"edit-find"_s));
-    ui_->btnLocalizar->setIcon(ui::icon(u"go-jump"_s));
+    ui_->btnLocalizar->setIcon(ui::icon(u"crosshairs"_s));
     ui_->btnTodos->setIcon(ui::icon(u"view-list-details"_s));
 }
 

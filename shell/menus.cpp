@@ -61,8 +61,8 @@ constexpr auto icones = std::to_array<Icone>({
     {u"itmCadaClie", u"resource-group"},
     {u"itmCadaVeiculos", u"car"},
     {u"itmCadaPecas", u"tools"},
-    {u"itmCadaFornecedores", u"view-institution"},
-    {u"itmMoviEntradaPecas", u"archive-insert"},
+    {u"itmCadaFornecedores", u"tarvelo-fornecedor"},
+    {u"itmMoviEntradaPecas", u"tarvelo-entrada"},
     {u"itmMoviCaixa", u"wallet-open"},
     {u"itmMoviContasPR", u"view-calendar-upcoming-events"},
     {u"itmMoviCheques", u"view-financial-account-checking"},
@@ -74,12 +74,12 @@ constexpr auto icones = std::to_array<Icone>({
     {u"itmOSOrcaNovo", u"view-financial-budget"},
     {u"itmOSOrcaConsulta", u"document-preview"},
     {u"itmOSOrcaAltera", u"document-edit"},
-    {u"itmConfigSenha", u"preferences-desktop-user-password"},
+    {u"itmConfigSenha", u"object-locked"},
     {u"itmInfoSobre", u"help-about"},
     {u"mnuRelatorios", u"office-chart-bar"},
     {u"mnuConfig", u"configure"},
     {u"mnuBackup", u"backup"},
-    {u"mnuSair", u"application-exit"},
+    {u"mnuSair", u"tarvelo-saida"},
 });
 
 constexpr ItemMenu linha = {};

@@ -4,6 +4,7 @@
 #include "core/modulo.h"
 #include "platform/printer/printer.h"
 #include "platform/ui/application.h"
+#include "platform/ui/controls.h"
 #include "platform/ui/forms.h"
 #include "shell/frmInfo.h"
 #include "shell/frmMDI.h"
@@ -13,16 +14,9 @@
 #include "shell/instancia.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
-
-/// A static library brings its pictures only when asked, and the asking works in no namespace.
-static void abreRecursos()
-{
-    Q_INIT_RESOURCE(shell);
-}
 
 namespace shell
 {
@@ -38,8 +32,7 @@ void registerForms()
 
 void liga()
 {
-    abreRecursos();
-    QApplication::setWindowIcon(QIcon(u":/tarvelo.svg"_s));
+    QApplication::setWindowIcon(ui::icon(u"tarvelo"_s));
     printer::printer().setOutputFolder(QDir(core::App::Path() + u"/impressos"_s));
     core::LigaPerguntas();
     core::LigaBanco();

@@ -52,7 +52,7 @@ void poeIcones(const Ui::PainelItens &c)
     c.btnItemAdd->setIcon(ui::icon(u"list-add"_s));
     c.btnItemRemove->setIcon(ui::icon(u"list-remove"_s));
     c.btnLimpa->setIcon(ui::icon(u"edit-clear-all"_s));
-    c.btnAdicionar->setIcon(ui::icon(u"view-list-details"_s));
+    c.btnAdicionar->setIcon(ui::icon(u"edit-table-insert-row-below"_s));
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "platform/ui/boxes.h"
 #include "platform/ui/focus.h"
 #include "platform/ui/forms.h"
+#include "platform/ui/icons.h"
 #include "platform/ui/style.h"
 #include "platform/ui/units.h"
 
@@ -90,6 +91,7 @@ Application::Application(int &argc, char **argv) : QApplication(argc, argv)
     QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
     installTranslation(*this);
     setStyle(new Style);
+    installIcons(*this);
     setReadableFont();
     // The program ends by its own command only: between two windows of the start none is open.
     setQuitOnLastWindowClosed(false);

@@ -56,7 +56,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 };
 
-/// A themed icon by its freedesktop name, with a drawn one of the program where the theme lacks it.
+/// A picture of the program's own set (`icones.txt`) by its name; an empty frame for a name that is not in it.
 QIcon icon(const QString &name);
 
 } // namespace ui

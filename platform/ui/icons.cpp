@@ -1,13 +1,22 @@
+#include "platform/ui/icons.h"
+
 #include "platform/ui/controls.h"
 #include "platform/ui/style.h"
 
-#include <QGuiApplication>
+#include <QApplication>
+#include <QEvent>
 #include <QPainter>
 #include <QPalette>
 #include <QPixmap>
-#include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
+
+/// The linker leaves out a resource of a library that nobody asks for; its name is known outside of all namespaces
+/// only.
+static void loadPictures()
+{
+    Q_INIT_RESOURCE(icones);
+}
 
 namespace ui
 {
@@ -17,56 +26,55 @@ namespace
 
 constexpr int drawnSize = 32;
 
-QString themeForPalette()
-{
-    return isDark(QGuiApplication::palette()) ? u"breeze-dark"_s : u"breeze"_s;
-}
-
-/// Off screen nobody tells Qt where the system keeps its icons.
-void searchSystem()
-{
-    auto paths = QIcon::themeSearchPaths();
-    for (const auto &path :
-         QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, u"icons"_s, QStandardPaths::LocateDirectory)) {
-        if (!paths.contains(path)) {
-            paths.append(path);
-        }
-    }
-    QIcon::setThemeSearchPaths(paths);
-}
-
-/// One look everywhere: desktops without a theme have no icons at all, and those with one lack many names.
 void chooseTheme()
 {
-    const auto theme = themeForPalette();
+    const auto theme = isDark(QGuiApplication::palette()) ? u"tarvelo-dark"_s : u"tarvelo"_s;
     if (QIcon::themeName() != theme) {
-        searchSystem();
-        QIcon::setFallbackThemeName(QIcon::themeName());
         QIcon::setThemeName(theme);
     }
 }
 
-/// A framed capital: the first letter of the last word of the name.
-QIcon drawnIcon(const QString &name)
+class PaletteWatch : public QObject
+{
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject * /*object*/, QEvent *event) override
+    {
+        if (event->type() == QEvent::ApplicationPaletteChange) {
+            chooseTheme();
+        }
+        return false;
+    }
+};
+
+/// An empty frame: a name that is not in the set must not leave a button without a picture.
+QIcon emptyFrame()
 {
     QPixmap picture(drawnSize, drawnSize);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(QGuiApplication::palette().color(QPalette::WindowText), 2));
-    const auto frame = picture.rect().adjusted(3, 3, -3, -3);
-    painter.drawRoundedRect(frame, 4, 4);
-    painter.drawText(frame, Qt::AlignCenter, name.section(u'-', -1).left(1).toUpper());
+    painter.drawRoundedRect(picture.rect().adjusted(3, 3, -3, -3), 4, 4);
     return picture;
 }
 
 } // namespace
 
+void installIcons(QApplication &application)
+{
+    loadPictures();
+    QIcon::setThemeSearchPaths({u":/icones"_s});
+    chooseTheme();
+    application.installEventFilter(new PaletteWatch(&application));
+}
+
 QIcon icon(const QString &name)
 {
-    chooseTheme();
     const auto themed = QIcon::fromTheme(name);
-    return themed.isNull() ? drawnIcon(name) : themed;
+    return themed.isNull() ? emptyFrame() : themed;
 }
 
 } // namespace ui

@@ -76,6 +76,8 @@ private slots:
     void pickerTakesDigitsWhereItIsClicked();
     void iconComesFromTheTheme();
     void iconFollowsThePalette();
+    void iconOnTheScreenFollowsThePalette();
+    void iconsComeFromTheProgramAlone();
     void unknownIconIsDrawn();
     void emptyCheckBoxShowsOnBothPalettes();
     void boxIsAsWideAsItsSample();
@@ -153,6 +155,26 @@ void tst_controls::iconFollowsThePalette()
     }
     const Palette dark(QColor(32, 32, 32), Qt::white);
     QVERIFY(darkestOf(ui::icon(u"list-add"_s)).lightness() > 128);
+}
+
+void tst_controls::iconOnTheScreenFollowsThePalette()
+{
+    const auto shown = ui::icon(u"list-add"_s);
+    QVERIFY(darkestOf(shown).lightness() < 128);
+    {
+        const Palette dark(QColor(32, 32, 32), Qt::white);
+        QVERIFY(darkestOf(shown).lightness() > 128);
+    }
+    QVERIFY(darkestOf(shown).lightness() < 128);
+}
+
+void tst_controls::iconsComeFromTheProgramAlone()
+{
+    QCOMPARE(QIcon::themeSearchPaths(), QStringList{u":/icones"_s});
+    const auto twice = ui::icon(u"car"_s).pixmap(QSize(22, 22), 2);
+    QCOMPARE(twice.size(), QSize(44, 44));
+    QCOMPARE(QIcon::fromTheme(u"dialog-information"_s).name(), u"dialog-information"_s);
+    QVERIFY(QIcon::fromTheme(u"text-x-generic"_s).isNull());
 }
 
 void tst_controls::unknownIconIsDrawn()
