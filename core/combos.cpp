@@ -15,6 +15,8 @@
 #include <QPointer>
 #include <QSignalBlocker>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace core
@@ -24,7 +26,7 @@ namespace
 {
 
 constexpr qsizetype maiorEntrada = 200;
-constexpr int maiorTexto = 250; ///< what the column holds; the limit above is told by a box
+constexpr int maiorTexto = 250; ///< what the column of the lists holds; the limit above is told by a box
 
 QString numero(ListaCombo lista)
 {
@@ -42,7 +44,7 @@ void prepara(QComboBox *combo)
     if (QLineEdit *linha = combo->lineEdit()) {
         combo->setInsertPolicy(QComboBox::NoInsert);
         combo->setCompleter(nullptr);
-        linha->setMaxLength(maiorTexto);
+        linha->setMaxLength(std::min(linha->maxLength(), maiorTexto)); // the window's own column may hold less
     }
 }
 
@@ -105,13 +107,14 @@ int primeiraQueComeca(const QComboBox &combo, const QString &texto)
     return -1;
 }
 
-/// Remembers the text for the next change, and tells whether this one took from the end of it.
+/// Remembers the text for the next change, and tells whether this one took from the end of it. A letter typed over the
+/// whole text that begins it takes nothing away.
 bool apagou(QComboBox *combo)
 {
     const QString antes = combo->property(propTextoAnterior).toString();
     const QString agora = combo->currentText();
     combo->setProperty(propTextoAnterior, agora);
-    return !antes.isEmpty() && antes.startsWith(agora);
+    return !ui::userInserts(combo) && !antes.isEmpty() && antes.startsWith(agora);
 }
 
 void escreveEntrada(QComboBox *combo, const QString &entrada, qsizetype digitados)

@@ -20,8 +20,8 @@
 #include <QPlainTextEdit>
 #include <QRadioButton>
 
-#include <array>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -41,59 +41,6 @@ void selecionaTudo(QWidget *controle)
         caixa->selectAll();
     } else if (auto *combo = qobject_cast<QComboBox *>(controle); combo != nullptr && combo->lineEdit() != nullptr) {
         combo->lineEdit()->selectAll();
-    }
-}
-
-// --- masks
-
-/// The marks of a mask: what is put in front or behind when the text reaches a length.
-struct Marca {
-    TipoMascara tipo;
-    qsizetype tamanho;
-    QStringView frente;
-    QStringView atras;
-};
-
-constexpr std::array<Marca, 8> marcas{{
-    {TipoMascara::Data, 2, u"", u"/"},
-    {TipoMascara::Data, 5, u"", u"/"},
-    {TipoMascara::Fone, 1, u"(", u""},
-    {TipoMascara::Fone, 3, u"", u") "},
-    {TipoMascara::Fone, 9, u"", u"-"},
-    {TipoMascara::Ano, 4, u"", u"/"},
-    {TipoMascara::CEP, 2, u"", u"."},
-    {TipoMascara::CEP, 6, u"", u"-"},
-}};
-
-/// A shorter text is a deletion where it is what stood in front of the old one, or where the user is at work in its
-/// middle. What is typed over a selection is shorter too, but begins anew.
-bool apagou(const QLineEdit &controle, const QString &antes)
-{
-    const QString agora = controle.text();
-    const bool noMeio = controle.cursorPosition() < agora.size();
-    return agora.size() < antes.size() && (noMeio || antes.startsWith(agora));
-}
-
-void poeMarcas(QLineEdit &controle, TipoMascara tipo)
-{
-    const QString antes = controle.property(propTextoAnterior).toString();
-    const QString agora = controle.text();
-    controle.setProperty(propTextoAnterior, agora);
-    if (apagou(controle, antes)) {
-        return;
-    }
-    for (const Marca &marca : marcas) {
-        if (marca.tipo == tipo && marca.tamanho == agora.size()) {
-            controle.setText(marca.frente + agora + marca.atras); // leaves the caret at the end
-            return;
-        }
-    }
-}
-
-void formataValor(QLineEdit &controle)
-{
-    if (runtime::IsNumeric(controle.text())) {
-        controle.setText(runtime::Format(controle.text(), mascaraValor));
     }
 }
 
@@ -170,6 +117,17 @@ bool valido(const QString &texto, TipoCampo tipo)
     return true;
 }
 
+/// Once for all that one paste brings.
+void apita()
+{
+    static bool apitou = false;
+    if (!std::exchange(apitou, true)) {
+        QApplication::beep();
+        QMetaObject::invokeMethod(
+            qApp, [] { apitou = false; }, Qt::QueuedConnection);
+    }
+}
+
 } // namespace
 
 void LigaPerguntas()
@@ -205,20 +163,6 @@ bool ValidaCampo(QLineEdit *controle, const QString &mensagem, TipoCampo tipo)
     return false;
 }
 
-void MascaraTexto(QLineEdit *controle, TipoMascara tipo)
-{
-    if (tipo == TipoMascara::Valor) {
-        formataValor(*controle);
-    } else {
-        poeMarcas(*controle, tipo);
-    }
-}
-
-void AnotaTexto(QWidget *controle)
-{
-    controle->setProperty(propTextoAnterior, ui::textOf(controle));
-}
-
 void LimpaForm(ui::Form &form, const Limpeza &o)
 {
     if (o.textos) {
@@ -249,7 +193,7 @@ QChar SoDigitos(QChar tecla, bool comDecimais)
     if (digito || decimal || tecla == u'\b') {
         return tecla;
     }
-    QApplication::beep();
+    apita();
     return {};
 }
 

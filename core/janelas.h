@@ -35,8 +35,12 @@ bool ValidaCampo(QLineEdit *controle, const QString &mensagem, TipoCampo tipo);
 enum class TipoMascara { Data = 1, Fone = 2, Valor = 3, Ano = 4, CEP = 5 };
 
 /// Puts a mask's marks in as the user types; to be called on each change, and for `Valor` on leaving. A deletion is
-/// left alone, so that a mark can be taken back.
+/// left alone, so that a mark can be taken back; what is typed or pasted later brings the missing ones again.
 void MascaraTexto(QLineEdit *controle, TipoMascara tipo);
+
+/// A date as it is pasted, with two digits for day and month: without its bars "1/2/1980" would become another day. A
+/// text that is no whole date stays.
+QString DataColada(const QString &texto);
 
 /// To be called instead of `MascaraTexto` and `AutoCompletaCombo` where the program changes the text: what is stored is
 /// shown as it is, and the user's next deletion is told by it.

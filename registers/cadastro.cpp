@@ -9,6 +9,7 @@
 #include "core/combos.h"
 #include "core/config.h"
 #include "core/funcoes.h"
+#include "core/limites.h"
 #include "core/modulo.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
@@ -129,6 +130,9 @@ void Cadastro::ligaCampos()
         } else if (campo.mascara) {
             onChange(controle(campo.controle), &Cadastro::campo_Change, indice);
         }
+        if (campo.mascara == TipoMascara::Data) {
+            tidyPaste(controle(campo.controle), DataColada);
+        }
     }
 }
 
@@ -216,16 +220,12 @@ void Cadastro::abre()
     }
 }
 
-/// A box takes what its column holds.
 void Cadastro::limitaTextos()
 {
     const dao::Recordset tabela = DBDados->OpenRecordset(registro_.tabela.toString());
     for (const Campo &campo : registro_.campos) {
-        const int lugar = lugarDe(tabela, campo.coluna);
-        const auto *lista = combo(campo.controle);
-        auto *caixa = lista != nullptr ? lista->lineEdit() : qobject_cast<QLineEdit *>(controle(campo.controle));
-        if (caixa != nullptr && lugar >= 0 && tabela.field(lugar).type == dao::FieldType::Text) {
-            caixa->setMaxLength(tabela.field(lugar).size);
+        if (!campo.aceitaMaior && lugarDe(tabela, campo.coluna) >= 0) {
+            LimitaAoCampo(controle(campo.controle), tabela, campo.coluna);
         }
     }
 }

@@ -9,6 +9,7 @@
 #include "core/banco.h"
 #include "core/combos.h"
 #include "core/funcoes.h"
+#include "core/limites.h"
 #include "core/modulo.h"
 #include "core/razao.h"
 #include "platform/dao/database.h"
@@ -98,7 +99,17 @@ void frmCadaFast::Form_Load()
     ui::CentraForm(*this, false);
     setWindowTitle(captionOf(u" - [Cadastro Rápido]"_s));
     PreencheEstados(ui_->cboEstado);
+    limitaTextos(u"Clientes"_s, camposDoCliente);
+    limitaTextos(u"Veiculos"_s, camposDoVeiculo);
     AtualizaCombo(ui_->cboMarca, ListaCombo::MarcaModelo, ModoCombo::Carrega);
+}
+
+void frmCadaFast::limitaTextos(const QString &tabela, std::span<const Campo> campos) const
+{
+    const dao::Recordset linhas = DBDados->OpenRecordset(tabela);
+    for (const Campo &campo : campos) {
+        LimitaAoCampo(controle(campo.controle), linhas, campo.coluna);
+    }
 }
 
 void frmCadaFast::txtCodCliente_LostFocus()

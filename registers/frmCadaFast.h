@@ -55,6 +55,7 @@ private:
     void ligaEventos();
     QWidget *controle(QStringView nome) const;
     TextoDoControle textos() const;
+    void limitaTextos(const QString &tabela, std::span<const Campo> campos) const;
     void mostraCliente(const dao::Recordset &cliente);
     void limpaCliente();
     bool confere();

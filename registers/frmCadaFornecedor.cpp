@@ -4,7 +4,6 @@
 
 #include "registers/avisos.h"
 
-#include "core/banco.h"
 #include "core/funcoes.h"
 #include "core/modulo.h"
 
@@ -18,8 +17,6 @@ namespace
 
 constexpr qint16 modoEntradaDePecas = 16;
 constexpr qsizetype digitosDoCNPJ = 14;
-constexpr int cnpjComPontuacao = 18;
-constexpr qsizetype tamanhoDaColuna = 15;
 
 } // namespace
 
@@ -29,27 +26,10 @@ frmCadaFornecedor::frmCadaFornecedor()
     ui_->setupUi(this);
     ligaCadastro(*ui_->painelCadastro);
     onLostFocus(ui_->txtCEP, &frmCadaFornecedor::txtCEP_LostFocus);
-    onChange(ui_->txtCPF, &frmCadaFornecedor::txtCPF_Change);
     onLostFocus(ui_->txtCPF, &frmCadaFornecedor::txtCPF_LostFocus);
 }
 
 frmCadaFornecedor::~frmCadaFornecedor() = default;
-
-/// The box takes a CNPJ pasted with its marks: only the digits, for which the column has room, are stored.
-void frmCadaFornecedor::Form_Load()
-{
-    Cadastro::Form_Load();
-    ui_->txtCPF->setMaxLength(cnpjComPontuacao);
-}
-
-/// Without the marks no more than the column holds.
-void frmCadaFornecedor::txtCPF_Change()
-{
-    const QString documento = ui_->txtCPF->text();
-    if (NuloParaVazio(FormataDocumento(documento, true)).size() > tamanhoDaColuna) {
-        ui_->txtCPF->setText(documento.left(tamanhoDaColuna));
-    }
-}
 
 void frmCadaFornecedor::txtCEP_LostFocus()
 {

@@ -21,14 +21,11 @@ public:
     frmCadaFornecedor();
     ~frmCadaFornecedor() override;
 
-    void Form_Load() override;
-
 protected:
     void depoisDeDevolver() override;
 
 private:
     void txtCEP_LostFocus();
-    void txtCPF_Change();
     void txtCPF_LostFocus();
 
     std::unique_ptr<Ui::frmCadaFornecedor> ui_;

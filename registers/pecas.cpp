@@ -103,7 +103,7 @@ constexpr std::array aberturas{
 constexpr std::array campos{
     Campo{u"lblCodigo", u"Codigo", comoCodigo},
     Campo{u"txtNome", u"Nome", comoEsta, comoTexto},
-    Campo{u"cboMarca", u"MarcaModelo", comoEsta, comoTexto},
+    Campo{u"cboMarca", u"MarcaModelo", comoEsta, comoTexto, nullptr, {}, true}, // "Marca Inválida"
     Campo{u"optPeca", u"PS", opcaoPeca, letraDoTipo},
     Campo{u"cboUnidade", u"UM", comoEsta, comoInteiro},
     Campo{u"txtCusto", u"ValorCusto", comoValor, comoTexto, SoDecimais, TipoMascara::Valor},

@@ -37,6 +37,7 @@ struct Campo {
     Converte grava = nullptr;                      ///< nullptr: never written
     QChar (*tecla)(QChar) = nullptr;               ///< what may be typed
     std::optional<core::TipoMascara> mascara = {}; ///< money on leaving, the others on each change
+    bool aceitaMaior = false;                      ///< a check of the window speaks of longer texts than the column's
 };
 
 /// A field that "Localizar" shows otherwise than a click on the row does; nullptr leaves it as it is.

@@ -6,6 +6,7 @@
 #include "core/devolucao.h"
 #include "core/funcoes.h"
 #include "core/janelas.h"
+#include "core/limites.h"
 #include "core/modulo.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
@@ -40,6 +41,8 @@ struct Coluna {
     int largura;
     Qt::Alignment alinhamento;
 };
+
+constexpr std::array caixas{CaixaDeTexto{u"txtDescricao", u"Estoque", u"Descricao"}};
 
 constexpr std::array colunas{
     Coluna{u"Código", 300, Qt::AlignLeft},     Coluna{u"Data", 1300, Qt::AlignLeft},
@@ -95,6 +98,7 @@ void frmMoviEstoque::ligaEventos()
     onChange(ui_->txtData, &frmMoviEstoque::txtData_Change);
     onKey(ui_->txtData, Qt::Key_F1, &frmMoviEstoque::txtData_F1);
     filterKeys(ui_->txtData, semBarra);
+    tidyPaste(ui_->txtData, DataColada);
     onLostFocus(ui_->txtValor, &frmMoviEstoque::txtValor_LostFocus);
     onLostFocus(ui_->txtDataInicio, &frmMoviEstoque::txtDataInicio_LostFocus);
     onLostFocus(ui_->txtDataFim, &frmMoviEstoque::txtDataFim_LostFocus);
@@ -110,6 +114,7 @@ void frmMoviEstoque::Form_Load()
     ui::CentraForm(*this, false);
     setWindowTitle(captionOf(u" - [Movimentação de Estoque]"_s));
     montaLista();
+    LimitaAosCampos(*this, caixas);
     ui_->txtDataInicio->setDate(toDateTime(DateAdd(u"m", -1, Today())).date());
     ui_->txtDataFim->setDate(toDateTime(Today()).date());
     if (ModoChamada == modoUmaPeca) {

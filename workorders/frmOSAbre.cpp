@@ -7,6 +7,7 @@
 #include "core/config.h"
 #include "core/informacoes.h"
 #include "core/janelas.h"
+#include "core/limites.h"
 #include "core/modulo.h"
 #include "platform/runtime/numbers.h"
 #include "platform/ui/boxes.h"
@@ -27,8 +28,12 @@ enum Modo : qint16 { procuraVeiculo = 3, incluiVeiculo = 4, procuraPeca = 5, inc
 
 constexpr std::array<Devolucao, 1> tabelaDevolucoes{{{8, u"frmOSAltera", u"txtCodOS"}}};
 
-/// Characters that the column of the job's description holds.
-constexpr int maiorServicos = 255;
+constexpr std::array caixas{
+    CaixaDeTexto{u"txtKm", u"OrdemServico", u"KM"},
+    CaixaDeTexto{u"txtObs", u"OrdemServico", u"Observacao"},
+    CaixaDeTexto{u"txtServicos", u"OrdemServico", u"Descricao"},
+    CaixaDeTexto{u"txtMecanico", u"OrdemServico", u"Mecanico"},
+};
 
 } // namespace
 
@@ -40,7 +45,6 @@ frmOSAbre::frmOSAbre() : JanelaItens(u"frmOSAbre"_s, {procuraPeca, incluiPeca}),
     onLostFocus(ui_->txtCodVeiculo, &frmOSAbre::txtCodVeiculo_LostFocus);
     onKey(ui_->txtCodVeiculo, Qt::Key_F1, &frmOSAbre::btnVeiculoFind_Click);
     onKey(ui_->txtCodVeiculo, Qt::Key_F2, &frmOSAbre::btnVeiculoAdd_Click);
-    onChange(ui_->txtServicos, &frmOSAbre::txtServicos_Change);
     onChange(ui_->txtMecanico, &frmOSAbre::txtMecanico_Change);
     onClick(ui_->btnVeiculoFind, &frmOSAbre::btnVeiculoFind_Click);
     onClick(ui_->btnVeiculoAdd, &frmOSAbre::btnVeiculoAdd_Click);
@@ -79,6 +83,7 @@ void frmOSAbre::Form_Load()
     ui::setTagOf(this, QString::number(ModoChamada));
     itens().monta();
     itens().controles().btnAdicionar->setVisible(Config(u"Personalizacao"_s) == u"1-1");
+    LimitaAosCampos(*this, caixas);
     AtualizaCombo(ui_->txtMecanico, ListaCombo::Mecanicos, ModoCombo::Carrega);
 }
 
@@ -144,21 +149,6 @@ void frmOSAbre::limpaVeiculo()
     }
     ui_->txtKm->clear();
     ui_->txtObs->clear();
-}
-
-/// The box has no limit of its own: what goes beyond the column is taken off where it was put in.
-void frmOSAbre::txtServicos_Change()
-{
-    const int demais = static_cast<int>(ui_->txtServicos->toPlainText().size()) - maiorServicos;
-    if (demais <= 0) {
-        return;
-    }
-    QTextCursor cursor = ui_->txtServicos->textCursor();
-    if (cursor.position() < demais) {
-        cursor.movePosition(QTextCursor::End);
-    }
-    cursor.movePosition(QTextCursor::Left, QTextCursor::KeepAnchor, demais);
-    cursor.removeSelectedText();
 }
 
 void frmOSAbre::txtMecanico_Change()

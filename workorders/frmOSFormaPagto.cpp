@@ -8,6 +8,7 @@
 #include "core/devolucao.h"
 #include "core/funcoes.h"
 #include "core/janelas.h"
+#include "core/limites.h"
 #include "core/modulo.h"
 #include "platform/printer/printer.h"
 #include "platform/runtime/runtime.h"
@@ -74,12 +75,13 @@ bool venceu(const QString &data)
     return DateDiff(u"d", CDate(data), Today()) > 1;
 }
 
-/// The lists of banks come with longer entries than a cheque holds.
-void carregaBancos(QComboBox *banco, ModoCombo modo)
-{
-    AtualizaCombo(banco, ListaCombo::Bancos, modo);
-    banco->lineEdit()->setMaxLength(maximoCampoCheque);
-}
+/// What a cheque is written from. The lists of banks come with longer entries than it holds.
+constexpr std::array caixas{
+    CaixaDeTexto{u"txtBanco_1", u"Cheques", u"Banco"},    CaixaDeTexto{u"txtBanco_3", u"Cheques", u"Banco"},
+    CaixaDeTexto{u"txtBanco_5", u"Cheques", u"Banco"},    CaixaDeTexto{u"txtConta_1", u"Cheques", u"Conta"},
+    CaixaDeTexto{u"txtConta_3", u"Cheques", u"Conta"},    CaixaDeTexto{u"txtConta_5", u"Cheques", u"Conta"},
+    CaixaDeTexto{u"txtNumCheque", u"Cheques", u"Numero"},
+};
 
 /// An answer of the cheque boxes, as long as the column of the table.
 QString pedeDado(const QString &pergunta, const QString &parcela, const QString &sugestao)
@@ -172,6 +174,7 @@ void frmOSFormaPagto::ligaCampos()
         onLostFocus(campo, &frmOSFormaPagto::txtData_LostFocus, indice);
         onKey(campo, Qt::Key_F1, &frmOSFormaPagto::txtData_F1, indice);
         filterKeys(campo, teclaDeData);
+        tidyPaste(campo, DataColada);
     }
     for (const auto &[indice, campo] : txtBanco_) {
         onChange(campo, &frmOSFormaPagto::txtBanco_Change, indice);
@@ -197,8 +200,9 @@ void frmOSFormaPagto::Form_Load()
     for (const auto &[indice, lista] : Lista_) {
         MontaColunasDoPlano(*lista, indice == personalizado);
     }
+    LimitaAosCampos(*this, caixas);
     for (const auto &[indice, banco] : txtBanco_) {
-        carregaBancos(banco, ModoCombo::Carrega);
+        AtualizaCombo(banco, ListaCombo::Bancos, ModoCombo::Carrega);
     }
     lblSaldo_Change();
     ui_->txtValor_0->setFocus();
@@ -225,7 +229,7 @@ void frmOSFormaPagto::tabPagto_Click()
         break;
     case chequePre:
         ui_->txtValor_1->setText(ui_->lblValor->text());
-        carregaBancos(ui_->txtBanco_1, ModoCombo::Carrega);
+        AtualizaCombo(ui_->txtBanco_1, ListaCombo::Bancos, ModoCombo::Carrega);
         ui_->txtBanco_1->setFocus();
         break;
     case carne:
@@ -233,7 +237,7 @@ void frmOSFormaPagto::tabPagto_Click()
         break;
     case cheques:
         recalculaPlano(cheques);
-        carregaBancos(ui_->txtBanco_3, ModoCombo::Carrega);
+        AtualizaCombo(ui_->txtBanco_3, ListaCombo::Bancos, ModoCombo::Carrega);
         break;
     case fiado:
         mostraCredito();
@@ -327,12 +331,12 @@ void frmOSFormaPagto::txtBanco_Change(int indice)
 
 void frmOSFormaPagto::btnBancoAdd_Click(int indice)
 {
-    carregaBancos(txtBanco_.at(indice), ModoCombo::Acrescenta);
+    AtualizaCombo(txtBanco_.at(indice), ListaCombo::Bancos, ModoCombo::Acrescenta);
 }
 
 void frmOSFormaPagto::btnBancoRemove_Click(int indice)
 {
-    carregaBancos(txtBanco_.at(indice), ModoCombo::Exclui);
+    AtualizaCombo(txtBanco_.at(indice), ListaCombo::Bancos, ModoCombo::Exclui);
 }
 
 // --- instalments

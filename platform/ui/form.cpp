@@ -16,7 +16,6 @@
 #include <QMdiSubWindow>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScopedValueRollback>
 #include <QScrollArea>
 #include <QSpinBox>
 #include <QTabBar>
@@ -68,13 +67,6 @@ bool isInput(QEvent::Type type)
     default:
         return false;
     }
-}
-
-/// Ctrl or Alt make a command of a key; both together are AltGr, which types.
-bool isCommand(const QKeyEvent *event)
-{
-    const auto modifiers = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    return modifiers && modifiers != (Qt::ControlModifier | Qt::AltModifier);
 }
 
 /// A click on these would act while the focus stays in the field; the field is to be left first.
@@ -148,6 +140,11 @@ void Form::filterKeys(QWidget *control, std::function<QChar(QChar)> filter)
     filters_[control] = std::move(filter);
 }
 
+void Form::tidyPaste(QWidget *control, std::function<QString(const QString &)> tidy)
+{
+    pastes_[control] = std::move(tidy);
+}
+
 void Form::disableUnlessExists(const QString &form, std::initializer_list<QWidget *> controls)
 {
     for (auto *control : controls) {
@@ -194,6 +191,9 @@ bool Form::eventFilter(QObject *object, QEvent *event)
         return false;
     }
     auto *control = controlOf(widget);
+    if (broughtByMouse(control, widget, event)) {
+        return true;
+    }
     switch (event->type()) {
     case QEvent::ChildAdded:
         if (auto *child = static_cast<QChildEvent *>(event)->child(); child->isWidgetType()) {
@@ -282,6 +282,13 @@ bool Form::shortcutActs(QWidget *widget)
     return true;
 }
 
+/// Ctrl or Alt make a command of a key; both together are AltGr, which types.
+bool Form::isCommand(const QKeyEvent *event)
+{
+    const auto modifiers = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    return modifiers && modifiers != (Qt::ControlModifier | Qt::AltModifier);
+}
+
 Form::Handler Form::keyHandler(QWidget *control, const QKeyEvent *event) const
 {
     if (isCommand(event)) {
@@ -340,57 +347,6 @@ bool Form::focusNextPrevChild(bool next)
     window()->setAttribute(Qt::WA_KeyboardFocusChange);
     stop->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
     return true;
-}
-
-QString Form::filtered(QWidget *control, const QString &text) const
-{
-    const auto filter = filters_.value(control);
-    QString result;
-    for (auto letter : runtime::UCase(text)) {
-        if (letter.isPrint() && filter) {
-            letter = filter(letter);
-        }
-        if (!letter.isNull()) {
-            result.append(letter);
-        }
-    }
-    return result;
-}
-
-bool Form::typed(QWidget *control, QWidget *widget, QKeyEvent *event)
-{
-    const auto text = event->text();
-    if (text.isEmpty() || isCommand(event)) {
-        return false;
-    }
-    const auto wanted = filtered(control, text);
-    if (wanted == text) {
-        return false;
-    }
-    if (!wanted.isEmpty()) {
-        QKeyEvent changed(QEvent::KeyPress, event->key(), event->modifiers(), wanted, event->isAutoRepeat());
-        replay(widget, changed);
-    }
-    return true;
-}
-
-/// Accented letters of dead keys and all letters of an input method come this way.
-bool Form::committed(QWidget *control, QWidget *widget, QInputMethodEvent *event)
-{
-    const auto wanted = filtered(control, event->commitString());
-    if (wanted == event->commitString()) {
-        return false;
-    }
-    QInputMethodEvent changed(event->preeditString(), event->attributes());
-    changed.setCommitString(wanted, event->replacementStart(), event->replacementLength());
-    replay(widget, changed);
-    return true;
-}
-
-void Form::replay(QWidget *widget, QEvent &event)
-{
-    const QScopedValueRollback guard(replaying_, true);
-    QCoreApplication::sendEvent(widget, &event);
 }
 
 void Form::connectChange(QWidget *control, const Handler &handler)

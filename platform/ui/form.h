@@ -9,8 +9,11 @@
 
 #include <functional>
 
+class QContextMenuEvent;
+class QDropEvent;
 class QInputMethodEvent;
 class QKeyEvent;
+class QMouseEvent;
 
 namespace ui
 {
@@ -123,8 +126,12 @@ protected:
         return [this, slot, index] { Application::run([=, this] { (static_cast<F *>(this)->*slot)(index); }); };
     }
 
-    /// Filters what is typed into a control, behind the window's own filter; a null character swallows the key.
+    /// Filters what goes into a control, behind the window's own filter, whether it is typed, pasted or dropped; a null
+    /// character swallows the key.
     void filterKeys(QWidget *control, std::function<QChar(QChar)> filter);
+
+    /// Changes a text that comes from elsewhere as a whole, before the filter sees its characters.
+    void tidyPaste(QWidget *control, std::function<QString(const QString &)> tidy);
 
     /// Esc unloads the window. Off unless asked for.
     void setEscapeUnloads(bool on) { escapeUnloads_ = on; }
@@ -152,9 +159,16 @@ private:
     bool userActs(QWidget *control, QWidget *widget, QEvent *event);
     bool doubleClicked(QWidget *control);
     bool shortcutActs(QWidget *widget);
+    static bool isCommand(const QKeyEvent *event);
     bool handles(QWidget *control, const QKeyEvent *event) const;
     Handler keyHandler(QWidget *control, const QKeyEvent *event) const;
+    bool broughtByMouse(QWidget *control, QWidget *widget, QEvent *event);
+    bool dropped(QWidget *control, QWidget *widget, QDropEvent *event);
+    bool middleClicked(QWidget *control, QWidget *widget, QMouseEvent *event);
+    bool menuAsked(QWidget *control, QWidget *widget, QContextMenuEvent *event);
+    void paste(QWidget *control, QWidget *widget, const QString &text);
     QString filtered(QWidget *control, const QString &text) const;
+    QString accepted(QWidget *control, QWidget *widget, const QString &text) const;
     void replay(QWidget *widget, QEvent &event);
     void connectChange(QWidget *control, const Handler &handler);
     void watch(QObject *object);
@@ -165,6 +179,7 @@ private:
     QHash<QWidget *, Handler> doubleClick_;
     QHash<QWidget *, QHash<int, Handler>> keys_;
     QHash<QWidget *, std::function<QChar(QChar)>> filters_;
+    QHash<QWidget *, std::function<QString(const QString &)>> pastes_;
     Centre centre_ = Centre::No;
     int loopLevel_;
     bool escapeUnloads_ = false;
@@ -174,6 +189,10 @@ private:
 
 /// `CentraForm`: centres on the screen, or inside the main window's area.
 void CentraForm(Form &form, bool onScreen);
+
+/// True while what the user types, pastes or drops goes into that control; false where he deletes, and where the
+/// program writes.
+bool userInserts(const QWidget *control);
 
 /// Tells the control with the focus that it is left, ahead of a window that a key in it opens.
 void leaveField();

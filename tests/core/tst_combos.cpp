@@ -105,6 +105,8 @@ private slots:
     void leavesATextWithoutAMatch();
     void neverCompletesWithTheSettingOff();
     void letsTheCompletedPartBeDeleted();
+    void completesALetterTypedOverATextThatBeginsWithIt();
+    void takesNoMoreThanTheWindowsColumn();
     void doesNothingOnAnEmptyText();
 
     void findsARowByTheBeginningOfACell_data();
@@ -367,6 +369,31 @@ void TestCombos::letsTheCompletedPartBeDeleted()
     QCOMPARE(combo_->currentText(), u"GOL"_s);
     key(janela_, u"cboMarca"_s, Qt::Key_Backspace);
     QCOMPARE(combo_->currentText(), u"GO"_s);
+}
+
+void TestCombos::completesALetterTypedOverATextThatBeginsWithIt()
+{
+    enche({u"GOL 1.0"_s});
+    abre();
+    type(janela_, u"cboMarca"_s, u"gol 1.0"_s, false);
+    type(janela_, u"cboMarca"_s, u"g"_s, false);
+    QCOMPARE(combo_->currentText(), u"GOL 1.0"_s);
+    QCOMPARE(combo_->lineEdit()->selectedText(), u"OL 1.0"_s);
+    combo_->lineEdit()->setSelection(1, 6);
+    key(janela_, u"cboMarca"_s, Qt::Key_Delete);
+    QCOMPARE(combo_->currentText(), u"G"_s);
+}
+
+void TestCombos::takesNoMoreThanTheWindowsColumn()
+{
+    enche({QString(230, u'G')});
+    abre();
+    QCOMPARE(combo_->lineEdit()->maxLength(), 250);
+    combo_->lineEdit()->setMaxLength(200);
+    atualiza(ModoCombo::Carrega);
+    QCOMPARE(combo_->lineEdit()->maxLength(), 200);
+    combo_->setCurrentIndex(0);
+    QCOMPARE(combo_->currentText(), QString(200, u'G'));
 }
 
 void TestCombos::doesNothingOnAnEmptyText()

@@ -10,12 +10,16 @@
 #include "tests/support/program.h"
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QRadioButton>
+#include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QTest>
+#include <QWindow>
 
 using namespace Qt::StringLiterals;
 using support::click;
@@ -91,6 +95,87 @@ private:
 
 constexpr QChar backspace = u'\b';
 
+void digita(const QWidget &janela, const QString &texto)
+{
+    for (const QChar letra : texto) {
+        QTest::keyClick(janela.windowHandle(), letra.toLatin1());
+    }
+}
+
+/// The digits that a box of a mask must hold after what the user did to it. Only what finds no room may stay outside.
+class DigitosModelo
+{
+public:
+    explicit DigitosModelo(QLineEdit &linha) : linha_(linha) {}
+
+    /// One thing that a user may do next; gives its name.
+    QString passo(QWidget &janela, const QString &caixa, QRandomGenerator &sorteio)
+    {
+        const int qual = int(sorteio.bounded(10));
+        if (qual < 5) {
+            const QString digito = QString::number(sorteio.bounded(10));
+            insere(digito);
+            digita(janela, digito);
+            return u"type "_s + digito;
+        }
+        if (qual == 5) {
+            const QString colado = QString::number(sorteio.bounded(1000));
+            insere(colado);
+            QGuiApplication::clipboard()->setText(colado);
+            key(&janela, caixa, Qt::Key_V, Qt::ControlModifier);
+            return u"paste "_s + colado;
+        }
+        if (qual == 6 || qual == 7) {
+            return apaga(janela, caixa, qual == 6 ? Qt::Key_Backspace : Qt::Key_Delete);
+        }
+        esperado_ = antes_ = digitosDe(linha_.text());
+        key(&janela, caixa, qual == 8 ? Qt::Key_Left : Qt::Key_Home);
+        return u"move"_s;
+    }
+
+    /// The box holds all that was there, in its order, and of what came in the part that found room.
+    bool confere() const
+    {
+        const QString agora = digitosDe(linha_.text());
+        if (agora == esperado_) {
+            return true;
+        }
+        const bool cheio = linha_.text().size() >= linha_.maxLength() - 2;
+        return cheio && esperado_.startsWith(agora.left(inicio_)) && agora.size() >= antes_.size() &&
+               agora.endsWith(antes_.mid(inicio_));
+    }
+
+    QString esperado() const { return esperado_; }
+
+private:
+    static QString digitosDe(QString texto) { return texto.remove(QRegularExpression(u"[^0-9]"_s)); }
+
+    void insere(const QString &digitos)
+    {
+        antes_ = digitosDe(linha_.text());
+        inicio_ = digitosDe(linha_.text().left(linha_.cursorPosition())).size();
+        esperado_ = antes_.left(inicio_) + digitos + antes_.mid(inicio_);
+    }
+
+    QString apaga(QWidget &janela, const QString &caixa, Qt::Key tecla)
+    {
+        QString texto = linha_.text();
+        const int lugar = linha_.cursorPosition() - (tecla == Qt::Key_Backspace ? 1 : 0);
+        if (lugar >= 0) {
+            texto.remove(lugar, 1);
+        }
+        esperado_ = antes_ = digitosDe(texto);
+        inicio_ = 0;
+        key(&janela, caixa, tecla);
+        return u"delete"_s;
+    }
+
+    QLineEdit &linha_;
+    QString antes_;
+    QString esperado_;
+    qsizetype inicio_ = 0;
+};
+
 } // namespace
 
 class TestJanelas : public QObject
@@ -108,6 +193,13 @@ private slots:
     void letsAMarkBeTakenBack();
     void masksWhatIsTypedOverASelection();
     void leavesADeletionInTheMiddleAlone();
+    void mendsItsMarksAsTheUserTypesOn_data();
+    void mendsItsMarksAsTheUserTypesOn();
+    void masksWhatIsPasted_data();
+    void masksWhatIsPasted();
+    void keepsTheDigitsUnderRandomTyping_data();
+    void keepsTheDigitsUnderRandomTyping();
+    void showsWhatTheProgramWritesAsItIs();
     void formatsMoneyOnLeaving_data();
     void formatsMoneyOnLeaving();
 
@@ -216,6 +308,114 @@ void TestJanelas::leavesADeletionInTheMiddleAlone()
     }
     key(janela_, u"txtData"_s, Qt::Key_Delete);
     QCOMPARE(text(janela_, u"txtData"_s), u"5/05/"_s);
+}
+
+void TestJanelas::mendsItsMarksAsTheUserTypesOn_data()
+{
+    QTest::addColumn<QString>("caixa");
+    QTest::addColumn<QString>("digitado");
+    QTest::addColumn<int>("apagados");
+    QTest::addColumn<QString>("depois");
+    QTest::addColumn<QString>("esperado");
+    QTest::newRow("date: to the bar") << u"txtData"_s << u"01021980"_s << 5 << u"1980"_s << u"01/02/1980"_s;
+    QTest::newRow("date: both bars") << u"txtData"_s << u"01021980"_s << 8 << u"031999"_s << u"01/03/1999"_s;
+    QTest::newRow("phone: the dash") << u"txtFone"_s << u"1132224455"_s << 5 << u"9988"_s << u"(11) 3222-9988"_s;
+    QTest::newRow("phone: half of a mark") << u"txtFone"_s << u"11"_s << 1 << u"32224455"_s << u"(11) 3222-4455"_s;
+    QTest::newRow("phone: the whole mark") << u"txtFone"_s << u"11"_s << 2 << u"32224455"_s << u"(11) 3222-4455"_s;
+    QTest::newRow("year") << u"txtAno"_s << u"20232024"_s << 5 << u"2025"_s << u"2023/2025"_s;
+    QTest::newRow("year: its bar typed too") << u"txtAno"_s << u"2023"_s << 0 << u"/2024"_s << u"2023/2024"_s;
+    QTest::newRow("year: two short ones") << u"txtAno"_s << u""_s << 0 << u"98/99"_s << u"98/99"_s;
+    QTest::newRow("postal code: the dash") << u"txtCEP"_s << u"12345678"_s << 4 << u"987"_s << u"12.345-987"_s;
+    QTest::newRow("postal code: the point") << u"txtCEP"_s << u"12345678"_s << 8 << u"310100"_s << u"12.310-100"_s;
+}
+
+void TestJanelas::mendsItsMarksAsTheUserTypesOn()
+{
+    QFETCH(const QString, caixa);
+    QFETCH(const QString, digitado);
+    QFETCH(const int, apagados);
+    QFETCH(const QString, depois);
+    type(janela_, caixa, digitado, false);
+    for (int i = 0; i < apagados; ++i) {
+        key(janela_, caixa, Qt::Key_Backspace);
+    }
+    digita(*janela_, depois);
+    QTEST(text(janela_, caixa), "esperado");
+    auto *linha = control<QLineEdit>(janela_, caixa);
+    QCOMPARE(linha->cursorPosition(), linha->text().size());
+}
+
+void TestJanelas::masksWhatIsPasted_data()
+{
+    QTest::addColumn<QString>("caixa");
+    QTest::addColumn<QString>("colado");
+    QTest::addColumn<QString>("esperado");
+    QTest::newRow("date: digits") << u"txtData"_s << u"01021980"_s << u"01/02/1980"_s;
+    QTest::newRow("date: masked") << u"txtData"_s << u"01/02/1980"_s << u"01/02/1980"_s;
+    QTest::newRow("date: short numbers") << u"txtData"_s << u"1/2/1980"_s << u"1/2/1980"_s;
+    QTest::newRow("date: the first half") << u"txtData"_s << u"0102"_s << u"01/02/"_s;
+    QTest::newRow("date: a word") << u"txtData"_s << u"HOJE MESMO"_s << u"HOJE MESMO"_s;
+    QTest::newRow("phone: digits") << u"txtFone"_s << u"1132224455"_s << u"(11) 3222-4455"_s;
+    QTest::newRow("phone: masked") << u"txtFone"_s << u"(11) 3222-4455"_s << u"(11) 3222-4455"_s;
+    QTest::newRow("phone: otherwise") << u"txtFone"_s << u"11 3222.4455"_s << u"(11) 3222-4455"_s;
+    QTest::newRow("phone: 11 digits") << u"txtFone"_s << u"11987654321"_s << u"(11) 9876-5432"_s;
+    QTest::newRow("year: digits") << u"txtAno"_s << u"20232024"_s << u"2023/2024"_s;
+    QTest::newRow("year: short numbers") << u"txtAno"_s << u"98/99"_s << u"98/99"_s;
+    QTest::newRow("postal code: digits") << u"txtCEP"_s << u"01310100"_s << u"01.310-100"_s;
+    QTest::newRow("postal code: masked") << u"txtCEP"_s << u"01.310-100"_s << u"01.310-100"_s;
+    QTest::newRow("postal code: as on a letter") << u"txtCEP"_s << u"01310-100"_s << u"01.310-100"_s;
+}
+
+void TestJanelas::masksWhatIsPasted()
+{
+    QFETCH(const QString, caixa);
+    QFETCH(const QString, colado);
+    control<QLineEdit>(janela_, u"txtFone"_s)->setMaxLength(14);
+    QGuiApplication::clipboard()->setText(colado);
+    key(janela_, caixa, Qt::Key_V, Qt::ControlModifier);
+    QTEST(text(janela_, caixa), "esperado");
+}
+
+void TestJanelas::keepsTheDigitsUnderRandomTyping_data()
+{
+    QTest::addColumn<QString>("caixa");
+    QTest::addColumn<int>("maior");
+    QTest::addColumn<QString>("inteiro");
+    QTest::newRow("date") << u"txtData"_s << 10 << uR"(\d{0,2}/\d{0,2}/\d*)"_s;
+    QTest::newRow("phone") << u"txtFone"_s << 14 << uR"(\(\d\d\) \d{4}-\d{4})"_s;
+    QTest::newRow("year") << u"txtAno"_s << 9 << uR"(\d{0,4}/\d*)"_s;
+    QTest::newRow("postal code") << u"txtCEP"_s << 10 << uR"(\d\d\.\d{3}-\d{3})"_s;
+}
+
+/// A plain model of what a user does to digits, against the box: marks come and go, the digits stay.
+void TestJanelas::keepsTheDigitsUnderRandomTyping()
+{
+    QFETCH(const QString, caixa);
+    QFETCH(const int, maior);
+    QFETCH(const QString, inteiro);
+    auto *linha = control<QLineEdit>(janela_, caixa);
+    linha->setMaxLength(maior);
+    QRandomGenerator sorteio(20240515);
+    for (int rodada = 0; rodada < 60; ++rodada) {
+        type(janela_, caixa, QString(), false);
+        DigitosModelo modelo(*linha);
+        for (int passo = 0; passo < 40; ++passo) {
+            const QString feito = modelo.passo(*janela_, caixa, sorteio);
+            QVERIFY2(modelo.confere(), qPrintable(feito + u" -> "_s + linha->text() + u", "_s + modelo.esperado()));
+        }
+        key(janela_, caixa, Qt::Key_End);
+        digita(*janela_, QString(maior, u'7'));
+        QVERIFY2(QRegularExpression(QRegularExpression::anchoredPattern(inteiro)).match(linha->text()).hasMatch(),
+                 qPrintable(linha->text()));
+    }
+}
+
+void TestJanelas::showsWhatTheProgramWritesAsItIs()
+{
+    auto *fone = control<QLineEdit>(janela_, u"txtFone"_s);
+    type(janela_, u"txtFone"_s, u"11"_s, false);
+    fone->setText(u"3222-4455"_s + u'1');
+    QCOMPARE(fone->text(), u"3222-44551"_s);
 }
 
 void TestJanelas::formatsMoneyOnLeaving_data()

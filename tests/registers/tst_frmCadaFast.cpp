@@ -345,7 +345,9 @@ void TstFrmCadaFast::aSecondCustomerOfANameCanBeCreated()
 void TstFrmCadaFast::aFailureInTheVehicleLeavesTheCustomerBehind()
 {
     type(form_, u"txtNome"_s, u"MARIA"_s);
-    control<QComboBox>(form_, u"cboMarca"_s)->setEditText(QString(201, u'X'));
+    auto *make = control<QComboBox>(form_, u"cboMarca"_s);
+    make->lineEdit()->setMaxLength(201); // what no user can type
+    make->setEditText(QString(201, u'X'));
     boxes_->question(question, true)
         .critical(u"Erro em tempo de execução '3163':\n\n"_s + runtime::errorText(3163, {u"MarcaModelo"_s}));
     click(form_, u"btnIncluir"_s);

@@ -6,9 +6,15 @@
 #include "tests/support/boxes.h"
 #include "tests/support/testmain.h"
 
+#include <QAction>
+#include <QClipboard>
 #include <QComboBox>
+#include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QFormLayout>
+#include <QInputMethodEvent>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSpinBox>
@@ -89,6 +95,11 @@ public:
     void digitsOnly()
     {
         filterKeys(txtUm, [](QChar key) { return key.isDigit() ? key : QChar(); });
+    }
+    /// A pasted day and month get two digits each.
+    void tidied()
+    {
+        tidyPaste(txtUm, [](const QString &text) { return text == u"1/2" ? u"01/02"_s : text; });
     }
     void watchWholeWindow() { onKey(this, Qt::Key_F5, &frmProva::Window_F5); }
     void needs(const QString &form) { disableUnlessExists(form, {btnFazer}); }
@@ -202,6 +213,80 @@ inline void commit(QWidget *control, const QString &text)
     QCoreApplication::sendEvent(control, &event);
 }
 
+/// How a text from elsewhere comes into a box: each of the user's ways.
+using Bring = void (*)(QWidget &box, const QString &text);
+
+inline void toClipboard(QWidget &box, const QString &text)
+{
+    QGuiApplication::clipboard()->setText(text);
+    box.setFocus();
+}
+
+inline void paste(QWidget &box, const QString &text)
+{
+    toClipboard(box, text);
+    key(&box, Qt::Key_V, Qt::ControlModifier);
+}
+
+inline void pasteByInsert(QWidget &box, const QString &text)
+{
+    toClipboard(box, text);
+    key(&box, Qt::Key_Insert, Qt::ShiftModifier);
+}
+
+/// What the mouse meets: a box of several lines has a viewport.
+inline QWidget *underTheMouse(QWidget &box)
+{
+    const auto *area = qobject_cast<QAbstractScrollArea *>(&box);
+    return area ? area->viewport() : &box;
+}
+
+inline void pasteByMenu(QWidget &box, const QString &text)
+{
+    toClipboard(box, text);
+    auto *target = underTheMouse(box);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(3, 3), target->mapToGlobal(QPoint(3, 3)));
+    QCoreApplication::sendEvent(target, &event);
+    auto *menu = QApplication::activePopupWidget();
+    for (auto *action : menu ? menu->actions() : QList<QAction *>()) {
+        if (action->text().endsWith(u"Ctrl+V")) {
+            action->trigger();
+        }
+    }
+    if (menu) {
+        menu->close();
+    }
+}
+
+inline void drop(QWidget &box, const QString &text)
+{
+    QMimeData content;
+    content.setText(text);
+    QDragEnterEvent enter(QPoint(3, 3), Qt::CopyAction, &content, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(underTheMouse(box), &enter);
+    QDropEvent event(QPointF(3, 3), Qt::CopyAction, &content, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(underTheMouse(box), &event);
+}
+
+inline void commitText(QWidget &box, const QString &text)
+{
+    box.setFocus();
+    commit(&box, text);
+}
+
+/// An input method does not come to a box that can't be typed in.
+inline void waysToBringAText(bool withInputMethod = true)
+{
+    QTest::addColumn<Bring>("bring");
+    QTest::newRow("Ctrl+V") << Bring(paste);
+    QTest::newRow("Shift+Insert") << Bring(pasteByInsert);
+    QTest::newRow("menu") << Bring(pasteByMenu);
+    QTest::newRow("drop") << Bring(drop);
+    if (withInputMethod) {
+        QTest::newRow("input method") << Bring(commitText);
+    }
+}
+
 /// A window that is shown and active for the length of a case, with nothing told so far.
 class Fixture : public QObject
 {
@@ -233,3 +318,5 @@ inline void Fixture::cleanup()
 }
 
 } // namespace prova
+
+Q_DECLARE_METATYPE(prova::Bring)

@@ -40,7 +40,18 @@ private slots:
     void typedLettersBecomeCapitals_data();
     void typedLettersBecomeCapitals();
     void inputMethodTextBecomesCapitals();
-    void pastedTextStays();
+    void pastedLettersBecomeCapitals_data() { waysToBringAText(); }
+    void pastedLettersBecomeCapitals();
+    void pastedDigitsAreAllThatADigitsBoxTakes_data() { waysToBringAText(); }
+    void pastedDigitsAreAllThatADigitsBoxTakes();
+    void pastedLineBreaksBecomeBlanks_data() { waysToBringAText(); }
+    void pastedLineBreaksBecomeBlanks();
+    void pastedTextFindsRoomForWhatTheBoxTakes_data() { waysToBringAText(); }
+    void pastedTextFindsRoomForWhatTheBoxTakes();
+    void aReadOnlyBoxTakesNothing_data() { waysToBringAText(false); }
+    void aReadOnlyBoxTakesNothing();
+    void aPasteCanBeTidiedAsAWhole();
+    void tellsWhatTheUserPutsIn();
     void shortcutsAreNotTyped();
     void comboOffersNothingOnItsOwn();
     void filterActsBehindTheCapitals();
@@ -305,11 +316,71 @@ void tst_form::inputMethodTextBecomesCapitals()
     QCOMPARE(form_->txtUm->text(), u"12"_s);
 }
 
-void tst_form::pastedTextStays()
+void tst_form::pastedLettersBecomeCapitals()
 {
-    QApplication::clipboard()->setText(u"João"_s);
-    key(form_, Qt::Key_V, Qt::ControlModifier);
-    QCOMPARE(form_->txtUm->text(), u"João"_s);
+    QFETCH(const Bring, bring);
+    bring(*form_->txtUm, u"João"_s);
+    QCOMPARE(form_->txtUm->text(), u"JOÃO"_s);
+    bring(*form_->cboTres->lineEdit(), u"ação"_s);
+    QVERIFY2(form_->cboTres->currentText().contains(u"AÇÃO"_s), qPrintable(form_->cboTres->currentText()));
+}
+
+void tst_form::pastedDigitsAreAllThatADigitsBoxTakes()
+{
+    QFETCH(const Bring, bring);
+    form_->digitsOnly();
+    bring(*form_->txtUm, u"CPF 111.444-35\n"_s);
+    QCOMPARE(form_->txtUm->text(), u"11144435"_s);
+}
+
+void tst_form::pastedLineBreaksBecomeBlanks()
+{
+    QFETCH(const Bring, bring);
+    bring(*form_->txtUm, u"rua a\r\nbairro b\ncasa\t1\x01"_s);
+    QCOMPARE(form_->txtUm->text(), u"RUA A BAIRRO B CASA 1"_s);
+    bring(*form_->txtObs, u"rua a\r\nbairro b\x01"_s);
+    QCOMPARE(form_->txtObs->toPlainText(), u"RUA A\nBAIRRO B"_s);
+}
+
+void tst_form::pastedTextFindsRoomForWhatTheBoxTakes()
+{
+    QFETCH(const Bring, bring);
+    form_->digitsOnly();
+    form_->txtUm->setMaxLength(8);
+    bring(*form_->txtUm, u"(11)-(222)-(333)-4"_s);
+    QCOMPARE(form_->txtUm->text(), u"11222333"_s);
+}
+
+void tst_form::aReadOnlyBoxTakesNothing()
+{
+    QFETCH(const Bring, bring);
+    form_->txtUm->setText(u"fica"_s);
+    form_->txtUm->setReadOnly(true);
+    bring(*form_->txtUm, u"novo"_s);
+    QCOMPARE(form_->txtUm->text(), u"fica"_s);
+}
+
+void tst_form::aPasteCanBeTidiedAsAWhole()
+{
+    form_->tidied();
+    paste(*form_->txtUm, u"1/2"_s);
+    QCOMPARE(form_->txtUm->text(), u"01/02"_s);
+    typeText(form_, u"1/2"_s);
+    QCOMPARE(form_->txtUm->text(), u"01/021/2"_s);
+}
+
+void tst_form::tellsWhatTheUserPutsIn()
+{
+    QStringList told;
+    QObject::connect(form_->txtUm, &QLineEdit::textChanged, this,
+                     [&] { told << form_->txtUm->text() + (ui::userInserts(form_->txtUm) ? u" in"_s : u" no"_s); });
+    typeText(form_, u"aB"_s);
+    key(form_, Qt::Key_Backspace);
+    paste(*form_->txtUm, u"c"_s);
+    form_->txtUm->setText(u"D"_s);
+    commit(form_->txtUm, u"e"_s);
+    QCOMPARE(told, (QStringList{u"A in"_s, u"AB in"_s, u"A no"_s, u"AC in"_s, u"D no"_s, u"DE in"_s}));
+    QVERIFY(!ui::userInserts(form_->txtUm));
 }
 
 void tst_form::shortcutsAreNotTyped()
