@@ -112,6 +112,7 @@ frmOSFormaPagto::frmOSFormaPagto()
     Lista_ = {{carne, ui_->Lista_2}, {cheques, ui_->Lista_3}, {personalizado, ui_->Lista_5}};
 
     poeIcones();
+    ui::keepVisible(ui_->lblTroco);
     setEscapeUnloads(true);
     ligaBotoes();
     ligaCampos();

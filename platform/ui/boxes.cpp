@@ -1,6 +1,7 @@
 #include "platform/ui/boxes.h"
 
 #include "platform/ui/application.h"
+#include "platform/ui/boxlayout.h"
 #include "platform/ui/focus.h"
 #include "platform/ui/units.h"
 
@@ -87,12 +88,13 @@ QMessageBox::StandardButton show(const QString &text, Icon icon, const QString &
                                  const QString &note = {})
 {
     // On the heap: a parent that goes while the box is up takes the box along.
-    const QPointer<QMessageBox> box = new QMessageBox(frontWindow());
+    const QPointer<QMessageBox> box = new Box(frontWindow());
     box->setIcon(iconOf(icon));
     box->setWindowTitle(caption);
     box->setTextFormat(Qt::PlainText);
     box->setText(text);
     box->setInformativeText(note);
+    alignTabs(*box);
     addButtons(*box, accept | refuse);
     box->setDefaultButton(accept);
     box->setEscapeButton(refuse);
@@ -113,6 +115,7 @@ QInputDialog *newInputDialog(const QString &prompt, const QString &caption, cons
     for (auto *label : dialog->findChildren<QLabel *>()) {
         label->setTextFormat(Qt::PlainText);
     }
+    fitInput(*dialog);
     return dialog;
 }
 

@@ -27,6 +27,9 @@ bool ConfirmOk(const QString &text, Icon icon, const QString &title = boxTitle()
 /// A real QInputDialog. Cancel and an empty answer are both "".
 QString InputBox(const QString &prompt, const QString &title = boxTitle(), const QString &defaultText = {});
 
+/// A value that the user has to read out while a box is open: boxes come up beside it.
+void keepVisible(QWidget *value);
+
 /// A critical box behind which the program closes, and says so below its text. It returns even when the program has
 /// ended.
 void ClosingBox(const QString &text, const QString &title = boxTitle());

@@ -7,7 +7,12 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
+#include <QSet>
 #include <QSignalSpy>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextLayout>
 
 #include <functional>
 
@@ -47,6 +52,21 @@ QStringList captionsOf(const QWidget *box)
     return captions;
 }
 
+/// Where the values behind the tabs of a box's lines stand.
+QList<qreal> valuePlaces(const QWidget &box)
+{
+    QList<qreal> places;
+    const auto *document = box.findChild<QTextDocument *>();
+    for (auto block = document->begin(); block.isValid(); block = block.next()) {
+        const auto tab = int(block.text().indexOf(u'\t'));
+        if (tab >= 0) {
+            const auto line = block.layout()->lineForTextPosition(tab + 1);
+            places.append(line.cursorToX(tab + 1));
+        }
+    }
+    return places;
+}
+
 } // namespace
 
 class tst_boxes : public QObject
@@ -71,6 +91,12 @@ private slots:
     void inputBoxTakesWhatIsTypedOver();
     void inputBoxCancelledIsEmpty();
     void inputBoxKeepsLineBreaksOfThePrompt();
+    void valuesBehindTabsStandInOneColumn();
+    void aLongValueGoesOnBelowItself();
+    void inputBoxIsAsWideAsWhatItAsksFor_data();
+    void inputBoxIsAsWideAsWhatItAsksFor();
+    void boxComesUpBesideAValueThatMustStayVisible_data();
+    void boxComesUpBesideAValueThatMustStayVisible();
     void boxIsModalAboveTheActiveWindow();
     void boxSurvivesAParentThatGoes();
 
@@ -210,6 +236,105 @@ void tst_boxes::inputBoxKeepsLineBreaksOfThePrompt()
     support::Boxes boxes;
     boxes.input(u"Tipo:\nP - Peça\nS - Serviços\nA - Avulso"_s, u"P"_s);
     QCOMPARE(ui::InputBox(u"Tipo:\nP - Peça\nS - Serviços\nA - Avulso"_s), u"P"_s);
+}
+
+void tst_boxes::valuesBehindTabsStandInOneColumn()
+{
+    const QString text = u"Código:\t0001\nNome Cliente:\tMARIA\nCor:\t\nAno:\t2019/2020\n"_s;
+    QList<qreal> places;
+    whenBox([&](QWidget *box) {
+        QCOMPARE(static_cast<QMessageBox *>(box)->text(), text);
+        places = valuePlaces(*box);
+        QTest::keyClick(box->windowHandle(), Qt::Key_Return);
+    });
+    ui::MsgBox(text, ui::Icon::Information);
+    QCOMPARE(places.size(), 4);
+    QCOMPARE(QSet<qreal>(places.begin(), places.end()).size(), 1);
+    QVERIFY(places.first() > QFontMetrics(QApplication::font()).horizontalAdvance(u"Nome Cliente:"_s));
+}
+
+void tst_boxes::aLongValueGoesOnBelowItself()
+{
+    const QString text = u"Cor:\tAZUL\nObservações:\t"_s + u"RISCO NA PORTA "_s.repeated(20) + u'\n';
+    whenBox([&](QWidget *box) {
+        const auto *document = box->findChild<QTextDocument *>();
+        const auto block = document->begin().next();
+        QVERIFY(block.layout()->lineCount() > 2);
+        for (int line = 1; line < block.layout()->lineCount(); ++line) {
+            QCOMPARE(block.layout()->lineAt(line).x(), valuePlaces(*box).first());
+        }
+        QVERIFY(box->height() > block.layout()->lineCount() * QFontMetrics(box->font()).height());
+        QTest::keyClick(box->windowHandle(), Qt::Key_Return);
+    });
+    ui::MsgBox(text, ui::Icon::Information);
+}
+
+void tst_boxes::inputBoxIsAsWideAsWhatItAsksFor_data()
+{
+    QTest::addColumn<QString>("prompt");
+    QTest::addColumn<QString>("offered");
+    QTest::addColumn<int>("least");
+    QTest::addColumn<int>("most");
+    QTest::newRow("a code") << u"Código"_s << u"0001"_s << 10 << 40;
+    QTest::newRow("a description") << u"Descrição"_s << QString(50, u'X') << 50 << 100;
+    QTest::newRow("a long prompt") << u"Digite o Valor de Tapeceiro/Vidraceiro por extenso"_s << QString() << 30 << 70;
+    QTest::newRow("no wider than the screen") << u"Descrição"_s << QString(1000, u'X') << 20 << 1000;
+}
+
+void tst_boxes::inputBoxIsAsWideAsWhatItAsksFor()
+{
+    QFETCH(QString, prompt);
+    QFETCH(QString, offered);
+    QFETCH(int, least);
+    QFETCH(int, most);
+    int width = 0;
+    int screen = 0;
+    whenBox([&](QWidget *box) {
+        width = box->findChild<QLineEdit *>()->width();
+        screen = box->screen()->availableGeometry().width();
+        QVERIFY(box->findChild<QLabel *>()->width() >= QFontMetrics(box->font()).horizontalAdvance(prompt));
+        QTest::keyClick(box->windowHandle(), Qt::Key_Escape);
+    });
+    ui::InputBox(prompt, u"OFICINA"_s, offered);
+    const QFontMetrics metrics(QApplication::font());
+    QVERIFY2(width >= least * metrics.averageCharWidth(), qPrintable(QString::number(width)));
+    QVERIFY2(width <= most * metrics.averageCharWidth(), qPrintable(QString::number(width)));
+    QVERIFY(width < screen);
+    if (offered.size() < 100) {
+        QVERIFY(width > metrics.horizontalAdvance(offered));
+    }
+}
+
+void tst_boxes::boxComesUpBesideAValueThatMustStayVisible_data()
+{
+    QTest::addColumn<QPoint>("place");
+    QTest::newRow("in the middle") << QPoint(350, 270);
+    QTest::newRow("above the middle") << QPoint(350, 240);
+    QTest::newRow("below the middle") << QPoint(350, 300);
+}
+
+void tst_boxes::boxComesUpBesideAValueThatMustStayVisible()
+{
+    QFETCH(QPoint, place);
+    QWidget window;
+    window.setGeometry(0, 0, 780, 560);
+    QLabel change(u"12,50"_s, &window);
+    change.setGeometry(QRect(place, QSize(80, 24)));
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    const auto coveredBy = [&] {
+        QRect box;
+        whenBox([&](QWidget *shown) {
+            box = shown->frameGeometry();
+            QTest::keyClick(shown->windowHandle(), Qt::Key_Return);
+        });
+        ui::Confirm(u"Fechar O.S. com Pagamento À Vista"_s);
+        return box.intersects(QRect(change.mapToGlobal(QPoint(0, 0)), change.size()));
+    };
+    QVERIFY(coveredBy());
+    ui::keepVisible(&change);
+    QVERIFY(!coveredBy());
 }
 
 void tst_boxes::boxIsModalAboveTheActiveWindow()
