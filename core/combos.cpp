@@ -6,7 +6,9 @@
 #include "core/razao.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
+#include "platform/ui/form.h"
 #include "platform/ui/listview.h"
+#include "platform/ui/reasons.h"
 #include "platform/ui/wait.h"
 
 #include <QComboBox>
@@ -171,6 +173,17 @@ void AutoCompletaCombo(QComboBox *combo)
     if (vivo && combo->currentText() == texto) {
         escreveEntrada(combo, entrada, texto.size());
     }
+}
+
+void LigaBotoesDaLista(QComboBox *combo, QWidget *acrescenta, QWidget *remove)
+{
+    const auto habilita = [=] {
+        for (QWidget *botao : {acrescenta, remove}) {
+            ui::enableIf(!combo->currentText().isEmpty(), botao, u"Digite o texto da lista"_s, combo);
+        }
+    };
+    QObject::connect(combo, &QComboBox::editTextChanged, combo, habilita);
+    habilita();
 }
 
 bool LocalizaLista(ui::ListView *lista, const QString &texto, int coluna, bool selecionar, bool parar)

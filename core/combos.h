@@ -3,6 +3,7 @@
 #include <QString>
 
 class QComboBox;
+class QWidget;
 
 namespace ui
 {
@@ -25,6 +26,9 @@ void AtualizaCombo(QComboBox *combo, ListaCombo lista, ModoCombo modo);
 /// change of the text. A deletion is left alone, or the completed part could never be taken off. Does nothing with
 /// `AutoCompletar` off.
 void AutoCompletaCombo(QComboBox *combo);
+
+/// The buttons beside a combo that keep its list do nothing while it is empty: they are enabled by its text.
+void LigaBotoesDaLista(QComboBox *combo, QWidget *acrescenta, QWidget *remove);
 
 /// Sets the row selection on every row whose cell begins with `texto`, without regard to case; with `parar` the first
 /// match ends the search and is scrolled to. `coluna` counts from 1. True for an empty text or a match.

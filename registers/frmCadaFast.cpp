@@ -85,6 +85,7 @@ void frmCadaFast::ligaEventos()
     onKey(ui_->txtCodCliente, Qt::Key_F1, &frmCadaFast::btnClienteFind_Click);
     onClick(ui_->btnMarcaAdd, &frmCadaFast::btnMarcaAdd_Click);
     onClick(ui_->btnMarcaRemove, &frmCadaFast::btnMarcaRemove_Click);
+    LigaBotoesDaLista(ui_->cboMarca, ui_->btnMarcaAdd, ui_->btnMarcaRemove);
     onClick(ui_->btnIncluir, &frmCadaFast::btnIncluir_Click);
     onClick(ui_->btnVoltar, &frmCadaFast::btnVoltar_Click);
 }

@@ -5,6 +5,7 @@
 #include "platform/runtime/numbers.h"
 #include "platform/ui/controls.h"
 #include "platform/ui/forms.h"
+#include "platform/ui/reasons.h"
 #include "reports/folhavista.h"
 #include "ui_frmRelaPreVisualiza.h"
 
@@ -168,6 +169,14 @@ void frmRelaPreVisualiza::lblPagina_Change()
             outra->hide();
         }
     }
+    habilitaPaginas();
+}
+
+void frmRelaPreVisualiza::habilitaPaginas()
+{
+    const int pagina = numero(ui_->lblPagina);
+    ui::enableIf(pagina > 1, ui_->btnBack, u"Esta é a primeira página"_s, ui_->btnNext);
+    ui::enableIf(pagina < numero(ui_->lblPaginas), ui_->btnNext, u"Esta é a última página"_s, ui_->btnBack);
 }
 
 void frmRelaPreVisualiza::barra_Change()
@@ -193,7 +202,8 @@ void frmRelaPreVisualiza::btnVoltar_Click()
 
 void frmRelaPreVisualiza::habilitaImpressao()
 {
-    ui_->btnPrint->setEnabled(ui::Forms::instance().exists(dono()));
+    ui::enableIf(ui::Forms::instance().exists(dono()), ui_->btnPrint,
+                 u"A janela que imprime estas páginas ainda não está disponível"_s, ui_->btnVoltar);
 }
 
 QSizeF frmRelaPreVisualiza::folha() const

@@ -70,6 +70,7 @@ private:
     void ajustaPapel();
     void ajustaBarras();
     void habilitaImpressao();
+    void habilitaPaginas();
 
     std::unique_ptr<Ui::frmRelaPreVisualiza> ui_;
     FolhasPreVisualizadas folhas_;

@@ -13,6 +13,7 @@
 #include "platform/ui/boxes.h"
 #include "platform/ui/controls.h"
 #include "platform/ui/listview.h"
+#include "platform/ui/reasons.h"
 #include "stock/lancamento.h"
 
 #include <QHeaderView>
@@ -120,7 +121,7 @@ void frmMoviEstoque::Form_Load()
     if (ModoChamada == modoUmaPeca) {
         mostraSoAPeca();
     } else if (!administrador()) {
-        ui_->btnExcluir->setEnabled(false);
+        ui::enableIf(false, ui_->btnExcluir, u"Somente o administrador exclui registros"_s);
     }
 }
 
@@ -138,7 +139,7 @@ void frmMoviEstoque::mostraSoAPeca()
     ui_->txtCodPeca->setText(Format(CodigoConsulta, mascaraCodigo));
     txtCodPeca_LostFocus();
     ui_->txtCodPeca->setEnabled(false);
-    ui_->btnPecaFind->setEnabled(false);
+    ui::enableIf(false, ui_->btnPecaFind, u"A janela foi aberta para esta peça"_s);
 }
 
 void frmMoviEstoque::Form_Unload()

@@ -11,6 +11,7 @@
 #include "core/modulo.h"
 #include "platform/runtime/numbers.h"
 #include "platform/ui/boxes.h"
+#include "platform/ui/reasons.h"
 
 #include <array>
 
@@ -55,6 +56,10 @@ frmOSAbre::frmOSAbre() : JanelaItens(u"frmOSAbre"_s, {procuraPeca, incluiPeca}),
     onClick(ui_->btnIncluir, &frmOSAbre::btnIncluir_Click);
     onClick(ui_->btnCancelar, &frmOSAbre::btnCancelar_Click);
     onClick(ui_->btnVoltar, &frmOSAbre::btnVoltar_Click);
+    LigaBotoesDaLista(ui_->txtMecanico, ui_->btnMecAdd, ui_->btnMecRemove);
+    onChange(ui_->lblCodVeiculo, &frmOSAbre::habilitaInformacoes);
+    onChange(ui_->lblCodCliente, &frmOSAbre::habilitaInformacoes);
+    habilitaInformacoes();
     ligaItens(*ui_->painelItens);
     ligaTeclas(ui_->painelItens->controles().Lista);
 
@@ -120,6 +125,13 @@ void frmOSAbre::mostraVeiculo(const VeiculoOS &veiculo)
     ui_->lblNome->setText(veiculo.nome);
     ui_->lblFone1->setText(veiculo.fone1);
     ui_->lblCelular->setText(veiculo.celular);
+}
+
+void frmOSAbre::habilitaInformacoes()
+{
+    const QString semVeiculo = u"Nenhum veículo foi informado"_s;
+    ui::enableIf(!ui_->lblCodVeiculo->text().isEmpty(), ui_->btnInfoVeiculo, semVeiculo, ui_->txtCodVeiculo);
+    ui::enableIf(!ui_->lblCodCliente->text().isEmpty(), ui_->btnInfoCliente, semVeiculo, ui_->txtCodVeiculo);
 }
 
 void frmOSAbre::veiculoDesconhecido()

@@ -34,8 +34,8 @@ public:
 private:
     void txtCodVeiculo_GotFocus();
     void txtCodVeiculo_LostFocus();
-    void txtServicos_Change();
     void txtMecanico_Change();
+    void habilitaInformacoes();
     void btnVeiculoFind_Click();
     void btnVeiculoAdd_Click();
     void btnInfoVeiculo_Click();

@@ -13,9 +13,11 @@
 #include "platform/ui/boxes.h"
 #include "platform/ui/controls.h"
 #include "platform/ui/listview.h"
+#include "platform/ui/reasons.h"
 #include "workorders/itens.h"
 #include "workorders/layouts.h"
 
+#include <algorithm>
 #include <array>
 
 namespace workorders
@@ -149,6 +151,9 @@ frmOSConsulta::frmOSConsulta() : ui::Form(u"frmOSConsulta"_s), ui_(std::make_uni
     onClick(ui_->btnVeiculoInfo, &frmOSConsulta::btnVeiculoInfo_Click);
     onClick(ui_->btnVoltar, &frmOSConsulta::btnVoltar_Click);
     onChange(ui_->lblObs, &frmOSConsulta::lblObs_Change);
+    for (QWidget *origem : std::initializer_list<QWidget *>{ui_->lblCodigo, ui_->lblFormaPg, ui_->txtTexto}) {
+        onChange(origem, &frmOSConsulta::habilitaBotoes);
+    }
     connect(ui_->Lista, &ui::ListView::itemClick, this, &frmOSConsulta::Lista_Click);
     // Queued: the action may unload this window, and the list is not done with its own event before.
     connect(ui_->Lista, &ui::ListView::itemDoubleClick, this, &frmOSConsulta::Lista_DblClick, Qt::QueuedConnection);
@@ -172,8 +177,7 @@ void frmOSConsulta::Form_Load()
     setWindowTitle(captionOf(u" - [Consulta O.S.]"_s));
     montaListas();
     disableUnlessExists(u"frmOSAbre"_s, {ui_->btnOSAdd});
-    disableUnlessExists(u"frmOSAltera"_s, {ui_->btnOSAltera});
-    disableUnlessExists(u"frmRelatorio"_s, {ui_->btnPagtoInfo});
+    habilitaBotoes();
     aplicaModo();
 }
 
@@ -349,6 +353,34 @@ OrdemMostrada frmOSConsulta::ordemMostrada() const
             .pecas = LinhasDe(*ui_->lstPecas, abaPecas),
             .servicos = LinhasDe(*ui_->lstServicos, abaServicos),
             .tercerizados = LinhasDe(*ui_->lstTercerizados, abaTercerizados)};
+}
+
+/// A click that would do nothing is not offered: most buttons work on the order shown.
+void frmOSConsulta::habilitaBotoes()
+{
+    const QString semOrdem = u"Escolha uma ordem de serviço na lista"_s;
+    for (QWidget *botao : {ui_->btnOSAltera, ui_->btnOSPrint, ui_->btnClienteInfo, ui_->btnVeiculoInfo}) {
+        ui::enableIf(temOrdem(), botao, semOrdem, ui_->Lista);
+    }
+    const bool desenha = layout() == 2 || layout() == 3;
+    ui::enableIf(temOrdem() && desenha, ui_->btnPrevisualizar,
+                 desenha ? semOrdem : u"O layout de impressão em uso não tem pré-visualização"_s, ui_->Lista);
+    const QString forma = ui_->lblFormaPg->text();
+    const bool temDetalhes = std::ranges::any_of(
+        relatoriosPagto, [&](const RelatorioPagto &relatorio) { return forma.contains(relatorio.forma); });
+    ui::enableIf(temDetalhes, ui_->btnPagtoInfo, u"O pagamento desta ordem não tem detalhes"_s, ui_->Lista);
+    ui::enableIf(!ui_->txtTexto->text().isEmpty(), ui_->btnPesquisar, u"Digite o texto a pesquisar"_s, ui_->txtTexto);
+    disableUnlessExists(u"frmOSAltera"_s, {ui_->btnOSAltera});
+    disableUnlessExists(u"frmRelatorio"_s, {ui_->btnPagtoInfo});
+}
+
+/// The print layout may have been set in the meantime.
+bool frmOSConsulta::event(QEvent *event)
+{
+    if (event->type() == QEvent::WindowActivate && ui_) {
+        habilitaBotoes();
+    }
+    return ui::Form::event(event);
 }
 
 void frmOSConsulta::lblObs_Change()

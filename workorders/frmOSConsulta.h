@@ -47,6 +47,9 @@ public:
     /// Where btnOSAltera takes it.
     static std::span<const core::Devolucao> devolucoesDoBotao();
 
+protected:
+    bool event(QEvent *event) override;
+
 private:
     void btnPesquisar_Click();
     void btnTodos_Click();
@@ -63,6 +66,7 @@ private:
     void Lista_Click(int linha);
     void Lista_DblClick(int linha);
     void lblObs_Change();
+    void habilitaBotoes();
 
     void montaListas();
     void aplicaModo();

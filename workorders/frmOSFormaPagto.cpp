@@ -15,11 +15,13 @@
 #include "platform/ui/boxes.h"
 #include "platform/ui/controls.h"
 #include "platform/ui/listview.h"
+#include "platform/ui/reasons.h"
 #include "workorders/fechamento.h"
 #include "workorders/frmOSConsulta.h"
 #include "workorders/layouts.h"
 #include "workorders/plano.h"
 
+#include <QItemSelectionModel>
 #include <QShowEvent>
 
 #include <algorithm>
@@ -117,6 +119,9 @@ frmOSFormaPagto::frmOSFormaPagto()
     ligaBotoes();
     ligaCampos();
     ligaPersonalizado();
+    for (const auto &[indice, banco] : txtBanco_) {
+        LigaBotoesDaLista(banco, btnBancoAdd_.at(indice), btnBancoRemove_.at(indice));
+    }
 }
 
 frmOSFormaPagto::~frmOSFormaPagto() = default;
@@ -192,6 +197,16 @@ void frmOSFormaPagto::ligaPersonalizado()
     onGotFocus(ui_->txtValor_5, &frmOSFormaPagto::txtValor_GotFocus, personalizado);
     onGotFocus(ui_->txtData_5, &frmOSFormaPagto::txtData_GotFocus, personalizado);
     onChange(ui_->lblSaldo_5, &frmOSFormaPagto::lblSaldo_Change);
+    connect(ui_->Lista_5->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &frmOSFormaPagto::habilitaRemocao);
+    connect(ui_->Lista_5->model(), &QAbstractItemModel::rowsRemoved, this, &frmOSFormaPagto::habilitaRemocao);
+    habilitaRemocao();
+}
+
+void frmOSFormaPagto::habilitaRemocao()
+{
+    ui::enableIf(ui_->Lista_5->selectedRow() >= 0, ui_->btnItemRemove, u"Escolha uma parcela na lista"_s,
+                 ui_->txtParcela_5);
 }
 
 void frmOSFormaPagto::Form_Load()
@@ -345,6 +360,10 @@ void frmOSFormaPagto::btnBancoRemove_Click(int indice)
 void frmOSFormaPagto::recalculaPlano(int indice)
 {
     const int parcelas = CInt(lblParcelas_.at(indice)->text());
+    QPushButton *mais = btnParcelasAdd_.at(indice);
+    QPushButton *menos = btnParcelasMenos_.at(indice);
+    ui::enableIf(parcelas < maximoParcelas, mais, u"São no máximo 99 parcelas"_s, menos);
+    ui::enableIf(parcelas > 1, menos, u"É no mínimo uma parcela"_s, mais);
     const bool semJurosEmUma = Val(ConfigOrcamento(u"P3"_s)) != 0;
     ui::ListView &lista = *Lista_.at(indice);
     lista.clear();

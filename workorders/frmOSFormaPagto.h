@@ -50,6 +50,7 @@ private:
     void lblValor_Change();
     void lblTotal_Change();
     void lblSaldo_Change();
+    void habilitaRemocao();
     void txtDesconto_LostFocus();
     void txtValor_GotFocus(int indice);
     void txtValor_LostFocus(int indice);

@@ -8,6 +8,9 @@
 #include "platform/ui/boxes.h"
 #include "platform/ui/controls.h"
 #include "platform/ui/listview.h"
+#include "platform/ui/reasons.h"
+
+#include <QItemSelectionModel>
 
 #include <array>
 
@@ -66,6 +69,8 @@ PainelItens::PainelItens(QWidget *parent)
     // proxy would take it over, and a click would no longer reach it.
     setFocusPolicy(Qt::TabFocus);
     setFocusProxy(ui_->txtCodPeca);
+    LigaBotoesDaLista(ui_->txtDescricao, ui_->btnMarcaAdd, ui_->btnMarcaRemove);
+    ligaRemocao();
 }
 
 PainelItens::~PainelItens() = default;
@@ -101,6 +106,28 @@ std::optional<PosicaoItem> PainelItens::selecionado() const
     const auto aba = abaAtiva();
     const int linha = aba ? lista(*aba).selectedRow() : -1;
     return linha >= 0 ? std::optional(PosicaoItem{*aba, linha}) : std::nullopt;
+}
+
+void PainelItens::ligaRemocao()
+{
+    for (const Aba aba : abas) {
+        connect(lista(aba).selectionModel(), &QItemSelectionModel::selectionChanged, this,
+                &PainelItens::habilitaRemocao);
+        connect(lista(aba).model(), &QAbstractItemModel::rowsRemoved, this, &PainelItens::habilitaRemocao);
+        connect(lista(aba).model(), &QAbstractItemModel::modelReset, this, &PainelItens::habilitaRemocao);
+    }
+    connect(ui_->tabItems, &QTabWidget::currentChanged, this, &PainelItens::habilitaRemocao);
+    habilitaRemocao();
+}
+
+/// The button removes what is selected; the material stands in the list for good.
+void PainelItens::habilitaRemocao()
+{
+    const auto posicao = selecionado();
+    const bool material = abaAtiva() == abaMaterial;
+    ui::enableIf(posicao && !material, ui_->btnItemRemove,
+                 material ? u"O material lançado não pode ser removido"_s : u"Escolha um item na lista"_s,
+                 ui_->txtCodPeca);
 }
 
 std::optional<PosicaoItem> PainelItens::acrescenta()

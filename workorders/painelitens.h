@@ -76,6 +76,8 @@ public:
     const Ui::PainelItens &controles() const { return *ui_; }
 
 private:
+    void ligaRemocao();
+    void habilitaRemocao();
     std::optional<Aba> destino() const;
     void mostraTotais(const Totais &totais);
 

@@ -1,9 +1,9 @@
 #include "platform/ui/form.h"
 
-#include "platform/runtime/text.h"
 #include "platform/ui/controls.h"
 #include "platform/ui/focus.h"
 #include "platform/ui/listview.h"
+#include "platform/ui/reasons.h"
 #include "platform/ui/tabstops.h"
 
 #include <QAbstractItemView>
@@ -25,6 +25,8 @@
 
 namespace ui
 {
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -148,7 +150,9 @@ void Form::tidyPaste(QWidget *control, std::function<QString(const QString &)> t
 void Form::disableUnlessExists(const QString &form, std::initializer_list<QWidget *> controls)
 {
     for (auto *control : controls) {
-        control->setEnabled(control->isEnabled() && Forms::instance().exists(form));
+        if (!Forms::instance().exists(form)) {
+            enableIf(false, control, u"Esta função ainda não está disponível"_s);
+        }
     }
 }
 

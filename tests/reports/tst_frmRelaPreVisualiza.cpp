@@ -145,6 +145,7 @@ private slots:
     void closingUnloadsThePages_data();
     void closingUnloadsThePages();
     void theUserMayGoOnWorking();
+    void buttonsThatWouldDoNothingSayWhy();
     void printIsDisabledWithoutItsWindow();
     void printAsksTheWindowThatDrewThePages_data();
     void printAsksTheWindowThatDrewThePages();
@@ -426,6 +427,28 @@ void tst_frmRelaPreVisualiza::theUserMayGoOnWorking()
 {
     open(1);
     QVERIFY(QApplication::activeModalWidget() == nullptr);
+}
+
+void tst_frmRelaPreVisualiza::buttonsThatWouldDoNothingSayWhy()
+{
+    core::ModoChamada = 35;
+    ui::Form *form = open(2);
+    const auto tipOf = [&](const QString &name) {
+        const auto *button = support::control<QPushButton>(form, name);
+        return button->isEnabled() ? QString() : button->toolTip();
+    };
+    QCOMPARE(tipOf(u"btnBack"_s), u"Página Anterior\nEsta é a primeira página"_s);
+    QCOMPARE(tipOf(u"btnNext"_s), QString());
+    QVERIFY(!tipOf(u"btnPrint"_s).isEmpty());
+    auto *next = support::control<QPushButton>(form, u"btnNext"_s);
+    next->setFocus();
+    support::click(form, u"btnNext"_s);
+    QCOMPARE(tipOf(u"btnNext"_s), u"Próxima Página\nEsta é a última página"_s);
+    QCOMPARE(tipOf(u"btnBack"_s), QString());
+    // The next Enter must not print.
+    QVERIFY(support::control<QPushButton>(form, u"btnBack"_s)->hasFocus());
+    support::click(form, u"btnBack"_s);
+    QCOMPARE(next->toolTip(), u"Próxima Página"_s);
 }
 
 void tst_frmRelaPreVisualiza::printIsDisabledWithoutItsWindow()

@@ -6,7 +6,9 @@
 #include "tests/support/otherprogram.h"
 #include "tests/workorders/janelaos.h"
 
+#include <QClipboard>
 #include <QComboBox>
+#include <QGuiApplication>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
@@ -65,6 +67,8 @@ private slots:
     void enterGoesOnAsTab();
     void typedLettersBecomeCapitals();
     void textsTakeWhatTheirColumnsHold();
+    void aPastedMechanicIsCutToTheColumnAndTheOrderIsWritten();
+    void buttonsThatWouldDoNothingSayWhy();
     void keepsTheListOfMechanics();
 
     void findsTheVehicleAndItsOwner_data();
@@ -205,6 +209,51 @@ void TstFrmOSAbre::textsTakeWhatTheirColumnsHold()
     QCOMPARE(services->toPlainText().size(), 255);
     type(form_, u"txtServicos"_s, u"curto"_s);
     QCOMPARE(shown(u"txtServicos"_s), u"CURTO"_s);
+}
+
+void TstFrmOSAbre::aPastedMechanicIsCutToTheColumnAndTheOrderIsWritten()
+{
+    newVehicle();
+    open();
+    type(form_, u"txtCodVeiculo"_s, u"2"_s);
+    QGuiApplication::clipboard()->setText(QString(230, u'j') + u"\noão"_s);
+    key(form_, u"txtMecanico"_s, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(shown(u"txtMecanico"_s), QString(200, u'J'));
+    boxes_->question(u"Confirma Inclusão"_s, true);
+    click(form_, u"btnIncluir"_s);
+    QCOMPARE(program_->rows(u"SELECT Mecanico FROM OrdemServico"_s), (Rows{{QString(200, u'J')}}));
+}
+
+void TstFrmOSAbre::buttonsThatWouldDoNothingSayWhy()
+{
+    newVehicle();
+    open(full);
+    const auto offered = [&](const QString &button, const QString &reason) {
+        const bool enabled = at(button)->isEnabled();
+        return at(button)->toolTip().endsWith(reason) ? !enabled : false;
+    };
+    for (const QString &button : {u"btnMarcaAdd"_s, u"btnMarcaRemove"_s, u"btnMecAdd"_s, u"btnMecRemove"_s}) {
+        QVERIFY2(offered(button, u"Digite o texto da lista"_s), qPrintable(button));
+    }
+    QVERIFY(offered(u"btnInfoVeiculo"_s, u"Nenhum veículo foi informado"_s));
+    QVERIFY(offered(u"btnInfoCliente"_s, u"Nenhum veículo foi informado"_s));
+    QVERIFY(offered(u"btnItemRemove"_s, u"Escolha um item na lista"_s));
+
+    type(form_, u"txtCodVeiculo"_s, u"2"_s);
+    type(form_, u"txtMecanico"_s, u"JOAO"_s);
+    add(u"1"_s, u"POLIMENTO"_s, u"10"_s);
+    list(u"Lista"_s)->selectRow(0);
+    for (const QString &button : {u"btnInfoVeiculo"_s, u"btnInfoCliente"_s, u"btnMecAdd"_s, u"btnItemRemove"_s}) {
+        QVERIFY2(at(button)->isEnabled(), qPrintable(button));
+        QVERIFY2(!at(button)->toolTip().contains(u'\n'), qPrintable(at(button)->toolTip()));
+    }
+    goTo(3);
+    QVERIFY(offered(u"btnItemRemove"_s, u"O material lançado não pode ser removido"_s));
+    goTo(0);
+    at(u"btnItemRemove"_s)->setFocus();
+    click(form_, u"btnItemRemove"_s);
+    QVERIFY(!at(u"btnItemRemove"_s)->isEnabled());
+    QVERIFY(at(u"txtCodPeca"_s)->hasFocus());
 }
 
 void TstFrmOSAbre::keepsTheListOfMechanics()

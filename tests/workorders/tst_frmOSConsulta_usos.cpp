@@ -8,6 +8,8 @@
 #include "platform/ui/form.h"
 #include "platform/ui/listview.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QLineEdit>
 #include <QPointer>
 #include <QTest>
@@ -65,7 +67,15 @@ private slots:
     void thePaymentsDetailsAreTheOrdersOwn();
     void customerAndVehicleAreTold();
     void withoutAnOrderTheButtonsDoNothing();
+    void buttonsOfAnOrderWaitForOne();
+    void thePreviewIsOfferedWhereALayoutHasOne_data();
+    void thePreviewIsOfferedWhereALayoutHasOne();
+    void aSearchWaitsForItsText();
     void escUnloads();
+
+private:
+    bool isOffered(const QString &button) const { return control<QWidget>(window_, button)->isEnabled(); }
+    QString tip(const QString &button) const { return control<QWidget>(window_, button)->toolTip(); }
 };
 
 void tst_frmOSConsulta_usos::buttonsOfWindowsThatDoNotExistAreDisabled()
@@ -419,6 +429,68 @@ void tst_frmOSConsulta_usos::withoutAnOrderTheButtonsDoNothing()
     QCOMPARE(ui::Forms::instance().find(query), window_);
     QCOMPARE(documents(), 0);
     QCOMPARE(core::ModoChamada, qint16{0});
+}
+
+void tst_frmOSConsulta_usos::buttonsOfAnOrderWaitForOne()
+{
+    pretend(u"frmOSAltera"_s, u"txtCodOS"_s);
+    pretend(u"frmRelatorio"_s, u"lblPrint"_s);
+    program_->config(u"LayoutOS"_s, u"2"_s);
+    const QStringList ofAnOrder{u"btnOSAltera"_s, u"btnOSPrint"_s, u"btnPrevisualizar"_s, u"btnClienteInfo"_s,
+                                u"btnVeiculoInfo"_s};
+    open();
+    for (const QString &button : ofAnOrder) {
+        QVERIFY2(!isOffered(button), qPrintable(button));
+        QVERIFY2(tip(button).endsWith(u"Escolha uma ordem de serviço na lista"), qPrintable(tip(button)));
+    }
+    QVERIFY(isOffered(u"btnOSAdd"_s));
+    show(first_);
+    for (const QString &button : ofAnOrder) {
+        QVERIFY2(isOffered(button), qPrintable(button));
+        QVERIFY2(!tip(button).contains(u"Escolha"), qPrintable(tip(button)));
+    }
+    QVERIFY(!isOffered(u"btnPagtoInfo"_s));
+    program_->sql(u"UPDATE OrdemServico SET FormaPagto = 'CHEQUE-PRÉ'"_s);
+    show(first_);
+    QVERIFY(isOffered(u"btnPagtoInfo"_s));
+    click(window_, u"btnTodos"_s);
+    QVERIFY(!isOffered(u"btnOSPrint"_s));
+    QVERIFY(!isOffered(u"btnPagtoInfo"_s));
+}
+
+void tst_frmOSConsulta_usos::thePreviewIsOfferedWhereALayoutHasOne_data()
+{
+    QTest::addColumn<QString>("layout");
+    QTest::addColumn<bool>("offered");
+    QTest::newRow("1") << u"1"_s << false;
+    QTest::newRow("2") << u"2"_s << true;
+    QTest::newRow("3") << u"3"_s << true;
+    QTest::newRow("none set") << QString() << false;
+}
+
+void tst_frmOSConsulta_usos::thePreviewIsOfferedWhereALayoutHasOne()
+{
+    QFETCH(QString, layout);
+    QFETCH(bool, offered);
+    program_->config(u"LayoutOS"_s, offered ? u"1"_s : u"2"_s);
+    open();
+    show(first_);
+    QCOMPARE(isOffered(u"btnPrevisualizar"_s), !offered);
+    // The setting changes while the window stands: it is seen when the user comes back to it.
+    program_->config(u"LayoutOS"_s, layout);
+    QEvent back(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(window_, &back);
+    QCOMPARE(isOffered(u"btnPrevisualizar"_s), offered);
+    QCOMPARE(tip(u"btnPrevisualizar"_s).contains(u"O layout de impressão em uso não tem pré-visualização"), !offered);
+}
+
+void tst_frmOSConsulta_usos::aSearchWaitsForItsText()
+{
+    open();
+    QVERIFY(!isOffered(u"btnPesquisar"_s));
+    QVERIFY(tip(u"btnPesquisar"_s).endsWith(u"Digite o texto a pesquisar"));
+    type(window_, u"txtTexto"_s, u"1"_s, false);
+    QVERIFY(isOffered(u"btnPesquisar"_s));
 }
 
 void tst_frmOSConsulta_usos::escUnloads()

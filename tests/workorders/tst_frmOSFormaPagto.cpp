@@ -4,11 +4,15 @@
 #include "platform/ui/form.h"
 #include "platform/ui/listview.h"
 
+#include <QApplication>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QRadioButton>
 #include <QTabWidget>
 #include <QTest>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 using namespace pagto;
@@ -44,6 +48,8 @@ private slots:
     void aDiscountOverTheLimitIsRefused();
     void anEmptiedDiscountGivesTheTotalBack();
     void theChangeIsReceivedLessValue();
+    void theQuestionLeavesTheChangeToBeRead();
+    void buttonsThatWouldDoNothingSayWhy();
     void aChangedValueReachesTheTabInFront();
 
     void theBanksAreTheUsersOwnList_data();
@@ -232,6 +238,51 @@ void tst_frmOSFormaPagto::theChangeIsReceivedLessValue()
         enter(u"txtValor_0"_s, u","_s);
         QCOMPARE(shown(u"txtValor_0"_s), u","_s);
         QCOMPARE(shown(u"lblTroco"_s), u"-10,00"_s);
+    });
+}
+
+void tst_frmOSFormaPagto::theQuestionLeavesTheChangeToBeRead()
+{
+    inPayment([&] {
+        enter(u"txtValor_0"_s, u"120,00"_s);
+        QCOMPARE(shown(u"lblTroco"_s), u"20,00"_s);
+        const auto *change = control<QWidget>(form(), u"lblTroco"_s);
+        QRect box;
+        QTimer watch;
+        QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
+            auto *dialog = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            if (dialog != nullptr && box.isNull()) {
+                box = dialog->frameGeometry();
+            }
+        });
+        watch.start(0);
+        boxes_->question(captions.at(0), false);
+        press(u"btnFechar_0"_s);
+        QVERIFY(!box.isNull());
+        QVERIFY(!box.intersects(QRect(change->mapToGlobal(QPoint(0, 0)), change->size())));
+    });
+}
+
+void tst_frmOSFormaPagto::buttonsThatWouldDoNothingSayWhy()
+{
+    inPayment([] {
+        const auto tipOf = [](const QString &name) {
+            const auto *button = control<QWidget>(form(), name);
+            return button->isEnabled() ? QString() : button->toolTip().section(u'\n', -1);
+        };
+        goTo(2);
+        QCOMPARE(tipOf(u"btnParcelasMenos_2"_s), u"É no mínimo uma parcela"_s);
+        QCOMPARE(tipOf(u"btnParcelasAdd_2"_s), QString());
+        control<QLabel>(form(), u"lblParcelas_2"_s)->setText(u"98"_s);
+        press(u"btnParcelasAdd_2"_s);
+        QCOMPARE(tipOf(u"btnParcelasAdd_2"_s), u"São no máximo 99 parcelas"_s);
+        QCOMPARE(tipOf(u"btnParcelasMenos_2"_s), QString());
+        goTo(5);
+        QCOMPARE(tipOf(u"btnItemRemove"_s), u"Escolha uma parcela na lista"_s);
+        QCOMPARE(tipOf(u"btnBancoAdd_5"_s), u"Digite o texto da lista"_s);
+        enter(u"txtBanco_5"_s, u"ITAU"_s);
+        QCOMPARE(tipOf(u"btnBancoAdd_5"_s), QString());
+        QCOMPARE(tipOf(u"btnBancoRemove_5"_s), QString());
     });
 }
 
