@@ -385,7 +385,7 @@ QVariant ListModel::headerData(int section, Qt::Orientation orientation, int rol
     if (orientation != Qt::Horizontal || section < 0 || section >= columns_.size()) {
         return {};
     }
-    if (role == Qt::DisplayRole) {
+    if (role == Qt::DisplayRole || role == Qt::ToolTipRole) { // a narrow column cuts its title
         return columns_.at(section).title;
     }
     return role == Qt::TextAlignmentRole ? QVariant::fromValue(columns_.at(section).alignment) : QVariant();

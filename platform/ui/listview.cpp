@@ -391,17 +391,19 @@ double ListView::fillingStretch(double room) const
     return letters > 0 ? room / letters : 0;
 }
 
-/// Columns keep their proportions in a list that is wider than all of them; in a much narrower one they scroll.
+/// Columns keep their proportions in a list that is wider than all of them, but for titles that need more; in a much
+/// narrower one they scroll, just as wide as they are told.
 void ListView::shareWidth()
 {
     const double letter = fontMetrics().averageCharWidth();
     const double filling = fillingStretch(viewport()->width());
-    stretch_ = filling >= leastStretch * letter ? filling : letter;
+    const bool fills = filling >= leastStretch * letter;
+    stretch_ = fills ? filling : letter;
     const QScopedValueRollback guard(sharing_, true);
     double end = 0;
     for (int column = 0; column < int(shares_.size()); ++column) {
         const int start = int(end);
-        end += std::max(double(titleWidth(column)), shares_[column] * stretch_);
+        end += std::max(fills ? double(titleWidth(column)) : 0, shares_[column] * stretch_);
         setColumnWidth(column, int(end) - start);
     }
 }

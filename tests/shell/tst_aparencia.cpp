@@ -299,7 +299,10 @@ private:
             const auto *header = list->header();
             for (int column = 0; column < header->count(); ++column) {
                 const auto title = header->model()->headerData(column, Qt::Horizontal).toString();
-                if (!hasTitleRoom(header, title, header->sectionSize(column))) {
+                // A list that scrolls has the widths that it is told; there a tip tells the title.
+                const bool told = header->length() > list->viewport()->width() &&
+                                  header->model()->headerData(column, Qt::Horizontal, Qt::ToolTipRole) == title;
+                if (!told && !hasTitleRoom(header, title, header->sectionSize(column))) {
                     note(list, title);
                 }
             }
