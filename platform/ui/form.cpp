@@ -89,6 +89,17 @@ void plainCombo(QComboBox *combo)
     }
 }
 
+/// Qt lets a button go a moment after its mnemonic: into whatever has come up meanwhile, the button's own question too.
+bool pressAtOnce(QWidget *widget, const QShortcutEvent &event)
+{
+    auto *button = qobject_cast<QAbstractButton *>(widget);
+    if (!button || event.isAmbiguous()) {
+        return false;
+    }
+    button->click();
+    return true;
+}
+
 } // namespace
 
 Form::Form(const QString &name) : loopLevel_(QThread::currentThread()->loopLevel())
@@ -239,7 +250,7 @@ bool Form::userActs(QWidget *control, QWidget *widget, QEvent *event)
     case QEvent::MouseButtonDblClick:
         return tracker.swallows() || !tracker.settleForClick() || unloading_ || doubleClicked(control);
     case QEvent::Shortcut:
-        return !shortcutActs(widget);
+        return !shortcutActs(widget) || pressAtOnce(widget, *static_cast<QShortcutEvent *>(event));
     case QEvent::InputMethod:
         return committed(control, widget, static_cast<QInputMethodEvent *>(event));
     case QEvent::KeyPress:

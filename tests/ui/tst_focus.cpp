@@ -50,6 +50,7 @@ private slots:
     void closingTellsNothing();
     void unloadInsideAFocusEventIsSafe();
     void mnemonicOfAButtonLeavesTheFieldFirst();
+    void mnemonicOfAButtonActsAtOnce();
     void controlAddedLaterIsWatched();
 
     // What an event does to the focus.
@@ -269,6 +270,13 @@ void tst_focus::mnemonicOfAButtonLeavesTheFieldFirst()
     key(form_, Qt::Key_F, Qt::AltModifier);
     boxes.finish();
     QVERIFY(!told.contains(u"btnFazer Click"_s));
+}
+
+/// What came up between the key and the button's action would be acted upon unseen: a question, asked twice.
+void tst_focus::mnemonicOfAButtonActsAtOnce()
+{
+    key(form_, Qt::Key_F, Qt::AltModifier);
+    QCOMPARE(told, (QStringList{u"txtUm LostFocus"_s, u"btnFazer GotFocus"_s, u"btnFazer Click"_s}));
 }
 
 void tst_focus::controlAddedLaterIsWatched()
