@@ -19,8 +19,8 @@
 
 #include <algorithm>
 
-/// What goes into a box: whichever way a text comes (keys, an input method, the clipboard, a drop), the same is made
-/// of it.
+/// What goes into a box: whichever way a text comes (keys, an input method, the clipboard, a drop), it passes the same
+/// filter.
 namespace ui
 {
 
@@ -124,7 +124,7 @@ QString Form::filtered(QWidget *control, const QString &text) const
 {
     const auto filter = filters_.value(control);
     QString result;
-    for (auto letter : runtime::UCase(text)) {
+    for (auto letter : text) {
         if (letter.isPrint() && filter) {
             letter = filter(letter);
         }
@@ -135,7 +135,7 @@ QString Form::filtered(QWidget *control, const QString &text) const
     return result;
 }
 
-/// What a box takes of a text from elsewhere.
+/// What a box takes of a text from elsewhere. Its letters stay as they are: only what is typed becomes capitals.
 QString Form::accepted(QWidget *control, QWidget *widget, const QString &text) const
 {
     const auto plain = withoutControls(text, lineOf(widget) != nullptr);
@@ -161,7 +161,7 @@ bool Form::typed(QWidget *control, QWidget *widget, QKeyEvent *event)
     if (text.isEmpty() || isCommand(event)) {
         return false;
     }
-    const auto wanted = filtered(control, text);
+    const auto wanted = filtered(control, runtime::UCase(text));
     const bool inserts = takesText(widget) && isPrinted(wanted);
     if (wanted == text && !inserts) {
         return false;
@@ -182,8 +182,8 @@ bool Form::committed(QWidget *control, QWidget *widget, QInputMethodEvent *event
     }
     const QScopedValueRollback receives(receiver(), QPointer<QWidget>(control));
     QInputMethodEvent changed(event->preeditString(), event->attributes());
-    changed.setCommitString(accepted(control, widget, event->commitString()), event->replacementStart(),
-                            event->replacementLength());
+    const auto wanted = accepted(control, widget, runtime::UCase(event->commitString()));
+    changed.setCommitString(wanted, event->replacementStart(), event->replacementLength());
     replay(widget, changed);
     return true;
 }

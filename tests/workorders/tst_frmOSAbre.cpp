@@ -216,7 +216,7 @@ void TstFrmOSAbre::aPastedMechanicIsCutToTheColumnAndTheOrderIsWritten()
     newVehicle();
     open();
     type(form_, u"txtCodVeiculo"_s, u"2"_s);
-    QGuiApplication::clipboard()->setText(QString(230, u'j') + u"\noão"_s);
+    QGuiApplication::clipboard()->setText(QString(230, u'J') + u"\nOÃO"_s);
     key(form_, u"txtMecanico"_s, Qt::Key_V, Qt::ControlModifier);
     QCOMPARE(shown(u"txtMecanico"_s), QString(200, u'J'));
     boxes_->question(u"Confirma Inclusão"_s, true);
