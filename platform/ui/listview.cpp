@@ -315,6 +315,9 @@ void ListView::focusInEvent(QFocusEvent *event)
 {
     QTreeView::focusInEvent(event);
     announce();
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) {
+        scrollTo(currentIndex());
+    }
 }
 
 bool ListView::viewportEvent(QEvent *event)
@@ -430,12 +433,16 @@ void ListView::announce()
     }
 }
 
-/// Also in a list that is filled while it has the focus.
+/// Also in a list that is filled while it has the focus. A click brings the focus too: the rows must not move under it.
 void ListView::markFirst()
 {
-    if (count() > 0 && !currentIndex().isValid()) {
-        selectionModel()->setCurrentIndex(model_->index(0, 0), QItemSelectionModel::NoUpdate);
+    if (count() == 0 || currentIndex().isValid()) {
+        return;
     }
+    const bool scrolls = hasAutoScroll();
+    setAutoScroll(false);
+    selectionModel()->setCurrentIndex(model_->index(0, 0), QItemSelectionModel::NoUpdate);
+    setAutoScroll(scrolls);
 }
 
 } // namespace ui

@@ -161,7 +161,9 @@ inline void doubleClickRow(QWidget *form, int row)
 
 inline void clickHeader(QWidget *form, int column)
 {
-    auto *header = list(form)->header();
+    auto *view = list(form);
+    view->scrollTo(view->model()->index(0, column));
+    auto *header = view->header();
     const QPoint place(header->sectionViewportPosition(column) + header->sectionSize(column) / 2, header->height() / 2);
     QTest::mouseClick(form->window()->windowHandle(), Qt::LeftButton, {},
                       header->viewport()->mapTo(form->window(), place));

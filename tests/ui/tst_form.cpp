@@ -31,6 +31,7 @@ private slots:
     void enterShowsTheFocusAsTabDoes_data();
     void enterShowsTheFocusAsTabDoes();
     void arrivingAtAListMarksItsFirstRow();
+    void aClickOnAScrolledListTakesTheRowUnderIt();
     void movesInAListChooseFromTheFirstRow_data();
     void movesInAListChooseFromTheFirstRow();
     void aListThatIsFilledUnderTheFocusMarksItsFirstRow();
@@ -209,6 +210,18 @@ void tst_form::arrivingAtAListMarksItsFirstRow()
     QCOMPARE(form_->Lista->selectedRow(), -1);
     QCOMPARE(told, QStringList{u"Lista GotFocus"_s});
     QVERIFY(firstRow() != without);
+}
+
+/// The focus comes with the click: the first row is marked without a move of the rows.
+void tst_form::aClickOnAScrolledListTakesTheRowUnderIt()
+{
+    for (int row = 0; row < 300; ++row) {
+        form_->Lista->addItem(QString::number(row));
+    }
+    const int last = form_->Lista->count() - 1;
+    form_->Lista->ensureVisible(last);
+    clickRow(form_->Lista, last);
+    QCOMPARE(form_->Lista->selectedRow(), last);
 }
 
 void tst_form::movesInAListChooseFromTheFirstRow_data()
