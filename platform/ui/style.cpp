@@ -132,6 +132,21 @@ QRect Style::subElementRect(SubElement element, const QStyleOption *option, cons
     return rect.adjusted(inset, 0, -inset, 0);
 }
 
+/// The drawn style asks itself for the place of a title, and not this one.
+void Style::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                        const QWidget *widget) const
+{
+    const auto *header = qstyleoption_cast<const QStyleOptionHeader *>(option);
+    if (element != CE_HeaderLabel || !header || !isListTitle(widget)) {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        return;
+    }
+    const int inset = titleInset(*widget);
+    auto label = *header;
+    label.rect.adjust(inset, 0, -inset, 0);
+    QProxyStyle::drawControl(element, &label, painter, widget);
+}
+
 int Style::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const
 {
     const bool cell = metric == PM_FocusFrameHMargin && qobject_cast<const ListView *>(widget);

@@ -139,6 +139,7 @@ private slots:
     void aLittleNarrowerListShowsAllColumns();
     void columnsFollowTheFont();
     void columnsKeepApart();
+    void titlesKeepApart();
     void cutCellIsTold();
     void smallIconShows();
 
@@ -592,6 +593,23 @@ void tst_listview::columnsFollowTheFont()
 }
 
 /// A number on the right of its column and a text on the left of the next one are read as two.
+/// The titles stand as far from the border of their columns as the texts below them.
+void tst_listview::titlesKeepApart()
+{
+    const auto titles = [](const QString &left, const QString &right) {
+        ui::ListView list;
+        list.addColumn(left, 1000, Qt::AlignRight);
+        list.addColumn(right, 1000);
+        list.resize(400, 200);
+        list.show();
+        const int border = list.columnViewportPosition(1);
+        constexpr int apart = 4;
+        const QRect place(border - apart, 0, 2 * apart, list.header()->height());
+        return list.header()->viewport()->grab(place).toImage();
+    };
+    QCOMPARE(titles(u"Quantidade"_s, u"Descrição"_s), titles(QString(), QString()));
+}
+
 void tst_listview::columnsKeepApart()
 {
     ui::ListView list;
