@@ -240,6 +240,23 @@ void Forms::showInArea(Form &form)
     area_->setActiveSubWindow(frame);
 }
 
+namespace
+{
+
+/// Not every desktop gives the activity back to the window below, and a window without it never hears that the focus
+/// is in its fields. A box that has come up since keeps it.
+void returnTo(QWidget &below, Form &form)
+{
+    const auto back = [caller = &below] {
+        if (QApplication::activeModalWidget() == caller) {
+            backTo(caller);
+        }
+    };
+    QObject::connect(&form, &Form::unloaded, &below, back, Qt::QueuedConnection);
+}
+
+} // namespace
+
 /// A window of its own, kept above the one that it was opened from.
 void Forms::showAlone(Form &form, QWidget *above)
 {
@@ -247,6 +264,7 @@ void Forms::showAlone(Form &form, QWidget *above)
         form.setWindowFlag(Qt::Dialog);
         form.winId();
         form.windowHandle()->setTransientParent(above->window()->windowHandle());
+        returnTo(*above->window(), form);
     }
     form.ensurePolished();
     form.resize(wantedSize(form).boundedTo(roomOnScreen(form)).expandedTo(form.minimumSizeHint()));

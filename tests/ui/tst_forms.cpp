@@ -146,6 +146,7 @@ private slots:
     void modalTakesALoadedWindowAsItIs();
     void boxAboveAModalWindow();
     void callerIsActiveAgain();
+    void modalCallerOfAShownWindowIsActiveAgain();
 
     // Places.
     void centredOnTheScreen();
@@ -503,6 +504,23 @@ void tst_forms::callerIsActiveAgain()
     Forms::instance().ShowModal(u"frmDois"_s);
     QTRY_COMPARE(QApplication::activeWindow(), &main.window);
     QVERIFY(field->hasFocus());
+}
+
+/// A picker that is called from a modal window goes: the fields below hear of their focus again.
+void tst_forms::modalCallerOfAShownWindowIsActiveAgain()
+{
+    const QWidget *active = nullptr;
+    later([&] {
+        auto *below = Forms::instance().find(u"frmUm"_s);
+        Forms::instance().Show(u"frmDois"_s);
+        QTRY_COMPARE(QApplication::activeWindow(), Forms::instance().find(u"frmDois"_s));
+        Forms::instance().Unload(u"frmDois"_s);
+        [&] { QTRY_COMPARE(QApplication::activeWindow(), below); }();
+        active = QApplication::activeWindow() == below ? below : nullptr;
+        Forms::instance().Unload(u"frmUm"_s);
+    });
+    Forms::instance().ShowModal(u"frmUm"_s);
+    QVERIFY(active);
 }
 
 void tst_forms::centredOnTheScreen()
