@@ -159,10 +159,10 @@ bool FocusTracker::settle()
 
 bool FocusTracker::settleForClick()
 {
-    const QPointer<QWidget> before = current_;
+    const auto *before = current_.data();
     const bool byMouse = reason_ == Qt::MouseFocusReason;
     const bool undisturbed = settle();
-    const bool selected = byMouse && current_ != before && isSelected(current_);
+    const bool selected = byMouse && current_.data() != before && isSelected(current_);
     clickLost_ = !undisturbed || selected;
     return !clickLost_;
 }
