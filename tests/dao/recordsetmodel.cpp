@@ -381,7 +381,8 @@ int Set::addNew()
     return 0;
 }
 
-int Set::edit()
+/// Gives up the row being written; the error where there is no row to be changed, or 0.
+int Set::refusal()
 {
     if (!writable()) {
         return 3027;
@@ -390,8 +391,13 @@ int Set::edit()
     if (place_ != Place::Within) {
         return 3021;
     }
-    if (gone()) {
-        return 3167;
+    return gone() ? 3167 : 0;
+}
+
+int Set::edit()
+{
+    if (const int error = refusal(); error != 0) {
+        return error;
     }
     buffer_.assign(table().fresh.size(), std::nullopt);
     mode_ = Mode::Editing;
@@ -446,15 +452,8 @@ int Set::update()
 
 int Set::remove()
 {
-    if (!writable()) {
-        return 3027;
-    }
-    mode_ = Mode::Reading;
-    if (place_ != Place::Within) {
-        return 3021;
-    }
-    if (gone()) {
-        return 3167;
+    if (const int error = refusal(); error != 0) {
+        return error;
     }
     auto &key = keys_[static_cast<size_t>(row_)];
     table().rows.erase(key.front());

@@ -97,6 +97,7 @@ private:
     Table &table() const { return (*tables_)[source_->tables.front()]; }
     const Row *current(size_t table) const;
     bool gone() const;
+    int refusal();
 
     Tables *tables_;
     const Source *source_;
