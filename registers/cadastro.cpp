@@ -102,10 +102,8 @@ void Cadastro::ligaCadastro(PainelCadastro &painel)
     onClick(painel_->btnExcluir, &Cadastro::btnExcluir_Click);
     onClick(painel_->btnCancelar, &Cadastro::btnCancelar_Click);
     onClick(painel_->btnVoltar, &Cadastro::btnVoltar_Click);
-    connect(painel_->Lista, &ui::ListView::itemClick, this, bound(&Cadastro::Lista_Click));
-    // Queued: the action may unload this window, and the list is not done with its own event before.
-    connect(painel_->Lista, &ui::ListView::itemDoubleClick, this, bound(&Cadastro::Lista_DblClick),
-            Qt::QueuedConnection);
+    onItemClick(painel_->Lista, &Cadastro::Lista_Click);
+    onItemDoubleClick(painel_->Lista, &Cadastro::Lista_DblClick);
     ligaCampos();
     // Enter walks through the fields into the commands: the small buttons beside the fields come behind the list.
     QWidget *anterior = painel_->Lista;

@@ -61,7 +61,7 @@ frmSenhaManut::frmSenhaManut() : Form(u"frmSenhaManut"_s), ui_(std::make_unique<
     onClick(ui_->btnLimpar, &frmSenhaManut::btnLimpar_Click);
     onClick(ui_->btnOk, &frmSenhaManut::btnOk_Click);
     onClick(ui_->btnCancelar, &frmSenhaManut::btnCancelar_Click);
-    connect(ui_->Lista, &ui::ListView::itemClick, this, &frmSenhaManut::Lista_ItemClick);
+    onItemClick(ui_->Lista, &frmSenhaManut::Lista_ItemClick);
 }
 
 frmSenhaManut::~frmSenhaManut() = default;

@@ -107,7 +107,7 @@ void frmMoviEstoque::ligaEventos()
     onClick(ui_->btnIncluir, &frmMoviEstoque::btnIncluir_Click);
     onClick(ui_->btnExcluir, &frmMoviEstoque::btnExcluir_Click);
     onClick(ui_->btnVoltar, &frmMoviEstoque::btnVoltar_Click);
-    connect(ui_->Lista, &ui::ListView::itemDoubleClick, this, &frmMoviEstoque::Lista_DblClick);
+    onItemDoubleClick(ui_->Lista, &frmMoviEstoque::Lista_DblClick);
 }
 
 void frmMoviEstoque::Form_Load()

@@ -154,9 +154,8 @@ frmOSConsulta::frmOSConsulta() : ui::Form(u"frmOSConsulta"_s), ui_(std::make_uni
     for (QWidget *origem : std::initializer_list<QWidget *>{ui_->lblCodigo, ui_->lblFormaPg, ui_->txtTexto}) {
         onChange(origem, &frmOSConsulta::habilitaBotoes);
     }
-    connect(ui_->Lista, &ui::ListView::itemClick, this, &frmOSConsulta::Lista_Click);
-    // Queued: the action may unload this window, and the list is not done with its own event before.
-    connect(ui_->Lista, &ui::ListView::itemDoubleClick, this, &frmOSConsulta::Lista_DblClick, Qt::QueuedConnection);
+    onItemClick(ui_->Lista, &frmOSConsulta::Lista_Click);
+    onItemDoubleClick(ui_->Lista, &frmOSConsulta::Lista_DblClick);
 }
 
 frmOSConsulta::~frmOSConsulta() = default;

@@ -166,7 +166,7 @@ void frmOSFormaPagto::ligaBotoes()
 
 void frmOSFormaPagto::ligaCampos()
 {
-    connect(ui_->tabPagto, &QTabWidget::currentChanged, this, &frmOSFormaPagto::tabPagto_Click);
+    onTab(ui_->tabPagto, &frmOSFormaPagto::tabPagto_Click);
     onChange(ui_->lblValor, &frmOSFormaPagto::lblValor_Change);
     onChange(ui_->lblTotal, &frmOSFormaPagto::lblTotal_Change);
     onLostFocus(ui_->txtDesconto, &frmOSFormaPagto::txtDesconto_LostFocus);
@@ -197,9 +197,7 @@ void frmOSFormaPagto::ligaPersonalizado()
     onGotFocus(ui_->txtValor_5, &frmOSFormaPagto::txtValor_GotFocus, personalizado);
     onGotFocus(ui_->txtData_5, &frmOSFormaPagto::txtData_GotFocus, personalizado);
     onChange(ui_->lblSaldo_5, &frmOSFormaPagto::lblSaldo_Change);
-    connect(ui_->Lista_5->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &frmOSFormaPagto::habilitaRemocao);
-    connect(ui_->Lista_5->model(), &QAbstractItemModel::rowsRemoved, this, &frmOSFormaPagto::habilitaRemocao);
+    onSelection(ui_->Lista_5, &frmOSFormaPagto::habilitaRemocao);
     habilitaRemocao();
 }
 

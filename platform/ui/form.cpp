@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -19,6 +20,7 @@
 #include <QScrollArea>
 #include <QSpinBox>
 #include <QTabBar>
+#include <QTabWidget>
 #include <QTextEdit>
 #include <QThread>
 #include <QToolButton>
@@ -387,6 +389,45 @@ void Form::connectChange(QWidget *control, const Handler &handler)
     } else {
         qFatal("a control without a change event: %s", qPrintable(control->objectName()));
     }
+}
+
+/// What comes behind a double click is queued: it may unload this window, and the list is not done with its own event
+/// before.
+void Form::connectList(ListView *list, ListEvent event, const RowHandler &handler)
+{
+    switch (event) {
+    case ListEvent::Click:
+        connect(list, &ListView::itemClick, this, handler);
+        break;
+    case ListEvent::DoubleClick:
+        connect(
+            list, &ListView::itemDoubleClick, this,
+            [this, handler](int row) {
+                if (!unloading_) {
+                    handler(row);
+                }
+            },
+            Qt::QueuedConnection);
+        break;
+    case ListEvent::Column:
+        connect(list, &ListView::columnClick, this, handler);
+        break;
+    case ListEvent::Check:
+        connect(list, &ListView::itemCheck, this, handler);
+        break;
+    }
+}
+
+void Form::connectSelection(ListView *list, const Handler &handler)
+{
+    connect(list->selectionModel(), &QItemSelectionModel::selectionChanged, this, handler);
+    connect(list->model(), &QAbstractItemModel::rowsRemoved, this, handler);
+    connect(list->model(), &QAbstractItemModel::modelReset, this, handler);
+}
+
+void Form::connectTab(QTabWidget *tabs, const RowHandler &handler)
+{
+    connect(tabs, &QTabWidget::currentChanged, this, handler);
 }
 
 void leaveField()

@@ -14,9 +14,12 @@ class QDropEvent;
 class QInputMethodEvent;
 class QKeyEvent;
 class QMouseEvent;
+class QTabWidget;
 
 namespace ui
 {
+
+class ListView;
 
 /// The base of every window. It filters keys (Enter goes on as Tab, typed letters become capitals), tells a window when
 /// the focus enters and leaves a control, routes F1, F2 and Esc, and unloads on closing. Events are connected in one
@@ -48,82 +51,103 @@ public:
     /// otherwise.
     QWidget *controlOf(QWidget *widget) const;
 
-signals:
-    void unloaded();
+    // Connecting events. Each takes the control and the member that answers it: `onClick(button, &F::slot)`. The member
+    // is the window's, or that of a part of it that lives as long as the window (`onClick(button, &panel, &P::slot)`).
+    // One member for all elements of a control array is told the element's index behind it.
 
-protected:
     using Handler = std::function<void()>;
+    using RowHandler = std::function<void(int)>;
 
-    // Connecting events. Each takes the control and a member of the window.
-    template<class F>
-    void onClick(QAbstractButton *button, void (F::*slot)())
+    template<class... Slot>
+    void onClick(QAbstractButton *button, Slot... slot)
     {
-        connect(button, &QAbstractButton::clicked, this, bound(slot));
+        connect(button, &QAbstractButton::clicked, this, bound(slot...));
     }
-    template<class F>
-    void onGotFocus(QWidget *control, void (F::*slot)())
+    template<class... Slot>
+    void onGotFocus(QWidget *control, Slot... slot)
     {
-        gotFocus_[control] = bound(slot);
+        gotFocus_[control] = bound(slot...);
     }
-    template<class F>
-    void onLostFocus(QWidget *control, void (F::*slot)())
+    template<class... Slot>
+    void onLostFocus(QWidget *control, Slot... slot)
     {
-        lostFocus_[control] = bound(slot);
+        lostFocus_[control] = bound(slot...);
     }
     /// The text of a box, a combo or a label has changed, by the user or by the program.
-    template<class F>
-    void onChange(QWidget *control, void (F::*slot)())
+    template<class... Slot>
+    void onChange(QWidget *control, Slot... slot)
     {
-        connectChange(control, bound(slot));
+        connectChange(control, bound(slot...));
     }
     /// A key of a control (Qt::Key_F1, Qt::Key_Delete, ...), or of the whole window for `this`. The key goes no
     /// further. Qt::Key_Return stands for both Enter keys.
-    template<class F>
-    void onKey(QWidget *control, Qt::Key key, void (F::*slot)())
+    template<class... Slot>
+    void onKey(QWidget *control, Qt::Key key, Slot... slot)
     {
-        keys_[control].insert(key, bound(slot));
+        keys_[control].insert(key, bound(slot...));
     }
-    template<class F>
-    void onDoubleClick(QWidget *control, void (F::*slot)())
+    template<class... Slot>
+    void onDoubleClick(QWidget *control, Slot... slot)
     {
-        doubleClick_[control] = bound(slot);
+        doubleClick_[control] = bound(slot...);
     }
+    /// Another page of a tab widget has come to the front, by the user or by the program. The member may take its
+    /// index.
+    template<class... Slot>
+    void onTab(QTabWidget *tabs, Slot... slot)
+    {
+        connectTab(tabs, rowBound(slot...));
+    }
+
+    // The events of a list. The member may take the row (or column) that they are about.
+    template<class... Slot>
+    void onItemClick(ListView *list, Slot... slot)
+    {
+        connectList(list, ListEvent::Click, rowBound(slot...));
+    }
+    /// The member runs behind the list's own event, and may unload the window.
+    template<class... Slot>
+    void onItemDoubleClick(ListView *list, Slot... slot)
+    {
+        connectList(list, ListEvent::DoubleClick, rowBound(slot...));
+    }
+    template<class... Slot>
+    void onColumnClick(ListView *list, Slot... slot)
+    {
+        connectList(list, ListEvent::Column, rowBound(slot...));
+    }
+    template<class... Slot>
+    void onItemCheck(ListView *list, Slot... slot)
+    {
+        connectList(list, ListEvent::Check, rowBound(slot...));
+    }
+    /// Another row is selected, or none any more.
+    template<class... Slot>
+    void onSelection(ListView *list, Slot... slot)
+    {
+        connectSelection(list, bound(slot...));
+    }
+
+    /// A member as something that Qt may call: an exception of the program's own does not pass through Qt.
     template<class F>
     Handler bound(void (F::*slot)())
     {
-        return [this, slot] { Application::run([this, slot] { (static_cast<F *>(this)->*slot)(); }); };
-    }
-
-    // The same for the elements of a control array: one member for all, told the element's index.
-    template<class F>
-    void onClick(QAbstractButton *button, void (F::*slot)(int), int index)
-    {
-        connect(button, &QAbstractButton::clicked, this, bound(slot, index));
-    }
-    template<class F>
-    void onGotFocus(QWidget *control, void (F::*slot)(int), int index)
-    {
-        gotFocus_[control] = bound(slot, index);
-    }
-    template<class F>
-    void onLostFocus(QWidget *control, void (F::*slot)(int), int index)
-    {
-        lostFocus_[control] = bound(slot, index);
-    }
-    template<class F>
-    void onChange(QWidget *control, void (F::*slot)(int), int index)
-    {
-        connectChange(control, bound(slot, index));
-    }
-    template<class F>
-    void onKey(QWidget *control, Qt::Key key, void (F::*slot)(int), int index)
-    {
-        keys_[control].insert(key, bound(slot, index));
+        return bound(static_cast<F *>(this), slot);
     }
     template<class F>
     Handler bound(void (F::*slot)(int), int index)
     {
-        return [this, slot, index] { Application::run([=, this] { (static_cast<F *>(this)->*slot)(index); }); };
+        return bound(static_cast<F *>(this), slot, index);
+    }
+    template<class R, class F>
+    Handler bound(R *receiver, void (F::*slot)())
+    {
+        return [receiver, slot] { Application::run([=] { (receiver->*slot)(); }); };
+    }
+    template<class R, class F>
+    Handler bound(R *receiver, void (F::*slot)(int), int index)
+    {
+        return [=] { Application::run([=] { (receiver->*slot)(index); }); };
     }
 
     /// Filters what goes into a control, behind the window's own filter, whether it is typed, pasted or dropped; a null
@@ -133,11 +157,15 @@ protected:
     /// Changes a text that comes from elsewhere as a whole, before the filter sees its characters.
     void tidyPaste(QWidget *control, std::function<QString(const QString &)> tidy);
 
-    /// Esc unloads the window. Off unless asked for.
-    void setEscapeUnloads(bool on) { escapeUnloads_ = on; }
-
     /// Buttons that open a window which does not exist are disabled.
     void disableUnlessExists(const QString &form, std::initializer_list<QWidget *> controls);
+
+signals:
+    void unloaded();
+
+protected:
+    /// Esc unloads the window. Off unless asked for.
+    void setEscapeUnloads(bool on) { escapeUnloads_ = on; }
 
     bool eventFilter(QObject *object, QEvent *event) override;
     bool focusNextPrevChild(bool next) override;
@@ -170,6 +198,32 @@ private:
     QString filtered(QWidget *control, const QString &text) const;
     QString accepted(QWidget *control, QWidget *widget, const QString &text) const;
     void replay(QWidget *widget, QEvent &event);
+    enum class ListEvent { Click, DoubleClick, Column, Check };
+
+    template<class F>
+    RowHandler rowBound(void (F::*slot)())
+    {
+        return rowBound(static_cast<F *>(this), slot);
+    }
+    template<class F>
+    RowHandler rowBound(void (F::*slot)(int))
+    {
+        return rowBound(static_cast<F *>(this), slot);
+    }
+    template<class R, class F>
+    RowHandler rowBound(R *receiver, void (F::*slot)())
+    {
+        return [handler = bound(receiver, slot)](int /*row*/) { handler(); };
+    }
+    template<class R, class F>
+    RowHandler rowBound(R *receiver, void (F::*slot)(int))
+    {
+        return [=](int row) { Application::run([=] { (receiver->*slot)(row); }); };
+    }
+
+    void connectList(ListView *list, ListEvent event, const RowHandler &handler);
+    void connectSelection(ListView *list, const Handler &handler);
+    void connectTab(QTabWidget *tabs, const RowHandler &handler);
     void connectChange(QWidget *control, const Handler &handler);
     void watch(QObject *object);
     void prepare(QWidget *widget);
