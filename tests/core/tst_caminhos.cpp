@@ -1,7 +1,7 @@
 #include "core/caminhos.h"
 #include "core/config.h"
 #include "core/modulo.h"
-#include "tests/support/ordinaryuser.h"
+#include "support/ordinaryuser.h"
 
 #include <QDir>
 #include <QFile>

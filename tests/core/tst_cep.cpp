@@ -1,4 +1,4 @@
-#include "tests/support/program.h"
+#include "support/program.h"
 
 #include "core/cep.h"
 #include "core/modulo.h"

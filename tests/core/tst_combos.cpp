@@ -4,9 +4,9 @@
 #include "platform/dao/database.h"
 #include "platform/ui/form.h"
 #include "platform/ui/listview.h"
-#include "tests/support/boxes.h"
-#include "tests/support/errors.h"
-#include "tests/support/program.h"
+#include "support/boxes.h"
+#include "support/errors.h"
+#include "support/program.h"
 
 #include <QComboBox>
 #include <QItemSelectionModel>

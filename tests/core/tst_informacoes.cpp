@@ -1,9 +1,9 @@
 #include "core/informacoes.h"
 
 #include "core/modulo.h"
-#include "tests/support/boxes.h"
-#include "tests/support/errors.h"
-#include "tests/support/program.h"
+#include "support/boxes.h"
+#include "support/errors.h"
+#include "support/program.h"
 
 #include <QTest>
 

@@ -6,8 +6,8 @@
 #include "platform/runtime/runtime.h"
 #include "platform/ui/controls.h"
 #include "platform/ui/form.h"
-#include "tests/support/boxes.h"
-#include "tests/support/program.h"
+#include "support/boxes.h"
+#include "support/program.h"
 
 #include <QCheckBox>
 #include <QClipboard>

@@ -3,8 +3,8 @@
 #include "core/modulo.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
-#include "tests/support/errors.h"
-#include "tests/support/program.h"
+#include "support/errors.h"
+#include "support/program.h"
 
 #include <QTest>
 

@@ -7,10 +7,10 @@
 #include "platform/ui/boxes.h"
 #include "platform/ui/form.h"
 #include "platform/ui/wait.h"
-#include "tests/support/boxes.h"
-#include "tests/support/modal.h"
-#include "tests/support/otherprogram.h"
-#include "tests/support/program.h"
+#include "support/boxes.h"
+#include "support/modal.h"
+#include "support/otherprogram.h"
+#include "support/program.h"
 
 #include <QDir>
 #include <QLineEdit>

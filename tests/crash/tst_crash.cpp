@@ -1,6 +1,6 @@
 // Kills the program at random moments while it opens and closes orders. Whatever the moment, the file opens again,
 // is whole, holds every row that a finished operation wrote, and of the one that was cut all rows or none.
-#include "tests/support/program.h"
+#include "support/program.h"
 
 #include "core/caminhos.h"
 #include "core/modulo.h"

@@ -1,6 +1,6 @@
 // What is written together is in the file together, and what another program holds is waited for.
+#include "support/otherprogram.h"
 #include "tests/dao/golden.h"
-#include "tests/support/otherprogram.h"
 
 #include "platform/dao/unit.h"
 #include "platform/runtime/runtime.h"

@@ -1,7 +1,7 @@
 #include "platform/ini/profile.h"
 #include "platform/runtime/runtime.h"
+#include "support/errors.h"
 #include "tests/fuzz/gerador.h"
-#include "tests/support/errors.h"
 
 #include <QTest>
 

@@ -1,6 +1,6 @@
 #include "platform/ini/profile.h"
 #include "platform/runtime/text.h"
-#include "tests/support/tsv.h"
+#include "support/tsv.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tests/registers/cadastro.h"
-#include "tests/support/boxes.h"
+#include "support/boxes.h"
+#include "support/cadastro.h"
 
 #include <QAbstractButton>
 

@@ -2,8 +2,8 @@
 
 #include "registers/cadastrosimples.h"
 #include "registers/conversoes.h"
-#include "tests/registers/cadastro.h"
-#include "tests/support/boxes.h"
+#include "support/boxes.h"
+#include "support/cadastro.h"
 
 #include <array>
 #include <memory>

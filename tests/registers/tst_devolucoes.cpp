@@ -6,7 +6,7 @@
 #include "reports/reports.h"
 #include "shell/shell.h"
 #include "stock/stock.h"
-#include "tests/support/program.h"
+#include "support/program.h"
 #include "workorders/frmOSAbre.h"
 #include "workorders/frmOSConsulta.h"
 #include "workorders/workorders.h"

@@ -1,6 +1,6 @@
 #include "registers/registers.h"
+#include "support/modal.h"
 #include "tests/registers/clientes.h"
-#include "tests/support/modal.h"
 #include "workorders/workorders.h"
 
 #include "platform/ui/boxes.h"

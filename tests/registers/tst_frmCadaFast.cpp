@@ -5,8 +5,8 @@
 #include "core/modulo.h"
 #include "platform/ui/application.h"
 #include "platform/ui/form.h"
-#include "tests/registers/cadastro.h"
-#include "tests/support/boxes.h"
+#include "support/boxes.h"
+#include "support/cadastro.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

@@ -4,7 +4,7 @@
 #include "platform/ui/controls.h"
 #include "platform/ui/form.h"
 #include "reports/reports.h"
-#include "tests/support/program.h"
+#include "support/program.h"
 
 #include <QLabel>
 #include <QPainter>

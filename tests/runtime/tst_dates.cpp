@@ -1,8 +1,8 @@
 #include "platform/runtime/clock.h"
 #include "platform/runtime/dates.h"
+#include "support/errors.h"
+#include "support/tsv.h"
 #include "tests/runtime/literals.h"
-#include "tests/support/errors.h"
-#include "tests/support/tsv.h"
 
 #include <QTest>
 

@@ -1,7 +1,7 @@
 #include "platform/runtime/numbers.h"
+#include "support/errors.h"
+#include "support/tsv.h"
 #include "tests/runtime/literals.h"
-#include "tests/support/errors.h"
-#include "tests/support/tsv.h"
 
 #include <QTest>
 

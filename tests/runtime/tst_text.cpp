@@ -1,5 +1,5 @@
 #include "platform/runtime/text.h"
-#include "tests/support/errors.h"
+#include "support/errors.h"
 
 #include <QTest>
 

@@ -9,8 +9,8 @@
 #include "shell/frmSplash.h"
 #include "shell/shell.h"
 #include "stock/stock.h"
-#include "tests/support/palette.h"
-#include "tests/support/program.h"
+#include "support/palette.h"
+#include "support/program.h"
 #include "workorders/workorders.h"
 
 #include <QApplication>

@@ -5,7 +5,7 @@
 #include "reports/reports.h"
 #include "shell/shell.h"
 #include "stock/stock.h"
-#include "tests/support/program.h"
+#include "support/program.h"
 #include "workorders/workorders.h"
 
 #include <QAbstractSpinBox>

@@ -3,7 +3,7 @@
 #include "platform/dao/unit.h"
 #include "platform/files/files.h"
 #include "platform/printer/printer.h"
-#include "tests/support/program.h"
+#include "support/program.h"
 
 #include <QDirIterator>
 #include <QProcess>

@@ -6,8 +6,8 @@
 #include "shell/areafundo.h"
 #include "shell/frmMDI.h"
 #include "shell/shell.h"
-#include "tests/support/boxes.h"
-#include "tests/support/program.h"
+#include "support/boxes.h"
+#include "support/program.h"
 
 #include <QAction>
 #include <QImage>

@@ -3,9 +3,9 @@
 #include "shell/frmMDI.h"
 #include "shell/operadores.h"
 #include "shell/shell.h"
-#include "tests/support/boxes.h"
-#include "tests/support/modal.h"
-#include "tests/support/program.h"
+#include "support/boxes.h"
+#include "support/modal.h"
+#include "support/program.h"
 
 #include <QLabel>
 #include <QLineEdit>

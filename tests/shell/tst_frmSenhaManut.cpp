@@ -3,8 +3,8 @@
 #include "platform/ui/listview.h"
 #include "shell/operadores.h"
 #include "shell/shell.h"
-#include "tests/support/boxes.h"
-#include "tests/support/program.h"
+#include "support/boxes.h"
+#include "support/program.h"
 
 #include <QCheckBox>
 #include <QLineEdit>

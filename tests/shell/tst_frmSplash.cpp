@@ -9,10 +9,10 @@
 #include "shell/frmSplash.h"
 #include "shell/instancia.h"
 #include "shell/shell.h"
-#include "tests/support/boxes.h"
-#include "tests/support/modal.h"
-#include "tests/support/ordinaryuser.h"
-#include "tests/support/program.h"
+#include "support/boxes.h"
+#include "support/modal.h"
+#include "support/ordinaryuser.h"
+#include "support/program.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -2,7 +2,7 @@
 #include "platform/ui/form.h"
 #include "registers/registers.h"
 #include "shell/areafundo.h"
-#include "tests/support/program.h"
+#include "support/program.h"
 
 #include <QApplication>
 #include <QMainWindow>

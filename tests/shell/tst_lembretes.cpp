@@ -2,8 +2,8 @@
 #include "platform/runtime/runtime.h"
 #include "platform/ui/form.h"
 #include "shell/lembretes.h"
-#include "tests/support/boxes.h"
-#include "tests/support/program.h"
+#include "support/boxes.h"
+#include "support/program.h"
 
 #include <QTest>
 

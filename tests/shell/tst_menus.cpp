@@ -1,8 +1,8 @@
 #include "core/modulo.h"
 #include "platform/ui/form.h"
 #include "shell/frmMDI.h"
-#include "tests/support/modal.h"
-#include "tests/support/program.h"
+#include "support/modal.h"
+#include "support/program.h"
 
 #include <QAction>
 #include <QMdiSubWindow>

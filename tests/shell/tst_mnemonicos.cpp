@@ -4,7 +4,7 @@
 #include "shell/menus.h"
 #include "shell/shell.h"
 #include "stock/stock.h"
-#include "tests/support/program.h"
+#include "support/program.h"
 #include "workorders/workorders.h"
 
 #include <QAbstractButton>

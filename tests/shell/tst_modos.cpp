@@ -5,8 +5,8 @@
 #include "shell/frmMDI.h"
 #include "shell/shell.h"
 #include "stock/stock.h"
-#include "tests/support/boxes.h"
-#include "tests/support/program.h"
+#include "support/boxes.h"
+#include "support/program.h"
 #include "workorders/workorders.h"
 
 #include <QAction>

@@ -5,9 +5,9 @@
 #include "reports/reports.h"
 #include "shell/shell.h"
 #include "stock/stock.h"
-#include "tests/support/boxes.h"
-#include "tests/support/modal.h"
-#include "tests/support/program.h"
+#include "support/boxes.h"
+#include "support/modal.h"
+#include "support/program.h"
 #include "workorders/abertura.h"
 #include "workorders/workorders.h"
 

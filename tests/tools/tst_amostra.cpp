@@ -1,7 +1,7 @@
 #include "tools/amostra/amostra.h"
 
-#include "tests/support/errors.h"
-#include "tests/support/program.h"
+#include "support/errors.h"
+#include "support/program.h"
 
 #include "core/funcoes.h"
 #include "core/modulo.h"

@@ -4,7 +4,7 @@
 #include "core/modulo.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
-#include "tests/support/program.h"
+#include "support/program.h"
 
 #include <QDir>
 #include <QFile>

@@ -3,8 +3,8 @@
 #include "platform/ui/controls.h"
 #include "platform/ui/form.h"
 #include "platform/ui/listview.h"
-#include "tests/support/boxes.h"
-#include "tests/support/testmain.h"
+#include "support/boxes.h"
+#include "support/testmain.h"
 
 #include <QAction>
 #include <QClipboard>

@@ -2,8 +2,8 @@
 #include "platform/ui/boxes.h"
 #include "platform/ui/form.h"
 #include "platform/ui/wait.h"
-#include "tests/support/boxes.h"
-#include "tests/support/testmain.h"
+#include "support/boxes.h"
+#include "support/testmain.h"
 
 #include <QLineEdit>
 #include <QMessageBox>

@@ -1,6 +1,6 @@
 #include "platform/ui/boxes.h"
-#include "tests/support/boxes.h"
-#include "tests/support/testmain.h"
+#include "support/boxes.h"
+#include "support/testmain.h"
 
 #include <QInputDialog>
 #include <QLabel>

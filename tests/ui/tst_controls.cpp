@@ -2,7 +2,7 @@
 #include "platform/runtime/dates.h"
 #include "platform/ui/controls.h"
 #include "platform/ui/wait.h"
-#include "tests/support/testmain.h"
+#include "support/testmain.h"
 
 #include <QCheckBox>
 #include <QComboBox>

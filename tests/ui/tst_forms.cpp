@@ -2,8 +2,8 @@
 #include "platform/ui/boxes.h"
 #include "platform/ui/controls.h"
 #include "platform/ui/form.h"
-#include "tests/support/boxes.h"
-#include "tests/support/testmain.h"
+#include "support/boxes.h"
+#include "support/testmain.h"
 
 #include <QFormLayout>
 #include <QLineEdit>

@@ -1,6 +1,6 @@
 #include "platform/ui/listmodel.h"
 #include "platform/ui/listview.h"
-#include "tests/support/testmain.h"
+#include "support/testmain.h"
 
 #include <QAbstractItemModelTester>
 #include <QElapsedTimer>

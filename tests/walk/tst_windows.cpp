@@ -9,10 +9,10 @@
 #include "shell/frmMDI.h"
 #include "shell/shell.h"
 #include "stock/stock.h"
-#include "tests/registers/cadastro.h"
-#include "tests/support/boxes.h"
-#include "tests/support/modal.h"
-#include "tests/support/program.h"
+#include "support/boxes.h"
+#include "support/cadastro.h"
+#include "support/modal.h"
+#include "support/program.h"
 #include "workorders/workorders.h"
 
 #include <QAction>

@@ -8,7 +8,7 @@
 #include "reports/reports.h"
 #include "shell/shell.h"
 #include "stock/stock.h"
-#include "tests/support/program.h"
+#include "support/program.h"
 #include "tests/walk/typing.h"
 #include "tests/walk/walk.h"
 #include "tools/amostra/amostra.h"

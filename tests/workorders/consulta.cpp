@@ -1,6 +1,6 @@
 #include "tests/workorders/consulta.h"
 
-#include "tests/support/modal.h"
+#include "support/modal.h"
 
 #include "core/modulo.h"
 #include "platform/runtime/runtime.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/support/program.h"
+#include "support/program.h"
 #include "workorders/ordem.h"
 
 #include <QObject>

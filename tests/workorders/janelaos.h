@@ -4,8 +4,8 @@
 #include "platform/ui/form.h"
 #include "platform/ui/listview.h"
 #include "registers/registers.h"
-#include "tests/support/boxes.h"
-#include "tests/support/program.h"
+#include "support/boxes.h"
+#include "support/program.h"
 #include "workorders/workorders.h"
 
 #include <QTabWidget>

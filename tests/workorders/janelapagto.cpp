@@ -1,6 +1,6 @@
 #include "tests/workorders/janelapagto.h"
 
-#include "tests/support/modal.h"
+#include "support/modal.h"
 
 #include "core/modulo.h"
 #include "platform/ui/form.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tests/support/boxes.h"
-#include "tests/support/program.h"
+#include "support/boxes.h"
+#include "support/program.h"
 
 #include <QObject>
 #include <QStringList>

@@ -1,7 +1,7 @@
 #include "workorders/fechamento.h"
 
-#include "tests/support/errors.h"
-#include "tests/support/program.h"
+#include "support/errors.h"
+#include "support/program.h"
 #include "workorders/abertura.h"
 
 #include "core/banco.h"

@@ -3,9 +3,9 @@
 #include "platform/ui/listview.h"
 #include "registers/registers.h"
 #include "stock/stock.h"
-#include "tests/support/boxes.h"
-#include "tests/support/modal.h"
-#include "tests/support/program.h"
+#include "support/boxes.h"
+#include "support/modal.h"
+#include "support/program.h"
 #include "workorders/workorders.h"
 
 #include <QApplication>

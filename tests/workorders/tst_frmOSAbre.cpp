@@ -2,8 +2,8 @@
 
 #include "platform/runtime/error.h"
 #include "platform/ui/application.h"
-#include "tests/support/modal.h"
-#include "tests/support/otherprogram.h"
+#include "support/modal.h"
+#include "support/otherprogram.h"
 #include "tests/workorders/janelaos.h"
 
 #include <QClipboard>

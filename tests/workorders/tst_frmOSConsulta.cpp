@@ -1,6 +1,6 @@
 #include "tests/workorders/consulta.h"
 
-#include "tests/support/boxes.h"
+#include "support/boxes.h"
 
 #include "core/modulo.h"
 #include "platform/runtime/runtime.h"

@@ -1,7 +1,7 @@
 #include "tests/workorders/consulta.h"
 
-#include "tests/support/boxes.h"
-#include "tests/support/modal.h"
+#include "support/boxes.h"
+#include "support/modal.h"
 
 #include "core/modulo.h"
 #include "platform/printer/printer.h"

@@ -1,7 +1,7 @@
 #include "tests/workorders/janelapagto.h"
 
-#include "tests/support/modal.h"
-#include "tests/support/otherprogram.h"
+#include "support/modal.h"
+#include "support/otherprogram.h"
 
 #include "core/modulo.h"
 #include "platform/printer/printer.h"

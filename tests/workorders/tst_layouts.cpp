@@ -1,5 +1,5 @@
 #include "platform/printer/printer.h"
-#include "tests/support/program.h"
+#include "support/program.h"
 #include "workorders/layouts.h"
 #include "workorders/textopagto.h"
 

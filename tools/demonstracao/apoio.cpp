@@ -3,7 +3,7 @@
 #include "core/modulo.h"
 #include "platform/dao/database.h"
 #include "platform/ui/forms.h"
-#include "tests/support/program.h"
+#include "support/program.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/runtime/value.h"
-#include "tests/registers/cadastro.h"
-#include "tests/support/boxes.h"
+#include "support/boxes.h"
+#include "support/cadastro.h"
 
 #include <QDir>
 

@@ -1,6 +1,6 @@
 #include "platform/runtime/runtime.h"
 #include "platform/ui/form.h"
-#include "tests/support/program.h"
+#include "support/program.h"
 #include "tools/demonstracao/apoio.h"
 #include "tools/demonstracao/assuntos.h"
 

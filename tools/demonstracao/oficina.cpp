@@ -3,7 +3,7 @@
 #include "platform/dao/database.h"
 #include "platform/ui/form.h"
 #include "platform/ui/listmodel.h"
-#include "tests/support/program.h"
+#include "support/program.h"
 #include "tools/amostra/amostra.h"
 #include "tools/demonstracao/apoio.h"
 #include "tools/demonstracao/assuntos.h"

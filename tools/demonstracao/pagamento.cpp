@@ -5,8 +5,8 @@
 #include "platform/runtime/runtime.h"
 #include "platform/ui/form.h"
 #include "platform/ui/listview.h"
-#include "tests/support/modal.h"
-#include "tests/support/program.h"
+#include "support/modal.h"
+#include "support/program.h"
 #include "tools/demonstracao/apoio.h"
 
 #include <QPointer>

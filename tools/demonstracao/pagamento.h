@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/support/boxes.h"
+#include "support/boxes.h"
 
 #include <QStringList>
 

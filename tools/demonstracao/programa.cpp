@@ -3,8 +3,8 @@
 #include "core/modulo.h"
 #include "platform/ui/form.h"
 #include "shell/shell.h"
-#include "tests/support/modal.h"
-#include "tests/support/program.h"
+#include "support/modal.h"
+#include "support/program.h"
 #include "tools/amostra/amostra.h"
 #include "tools/demonstracao/apoio.h"
 

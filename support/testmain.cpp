@@ -1,4 +1,4 @@
-#include "tests/support/testmain.h"
+#include "support/testmain.h"
 
 #include "platform/ui/wait.h"
 

@@ -86,4 +86,4 @@ QString text(QWidget *form, const QString &control);
         return support::runTest<TestClass>(argc, argv);                                                                \
     }
 
-#include "tests/support/testmain.h"
+#include "support/testmain.h"

@@ -1,6 +1,6 @@
-#include "tests/support/modal.h"
+#include "support/modal.h"
 
-#include "tests/support/boxes.h"
+#include "support/boxes.h"
 
 #include "platform/ui/form.h"
 #include "platform/ui/forms.h"

@@ -1,4 +1,4 @@
-#include "tests/support/palette.h"
+#include "support/palette.h"
 
 #include <QApplication>
 #include <QColor>

@@ -1,4 +1,4 @@
-#include "tests/support/otherprogram.h"
+#include "support/otherprogram.h"
 
 #include <QByteArray>
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "tests/support/tsv.h"
+#include "support/tsv.h"
 
 #include <QFile>
 #include <QStringList>

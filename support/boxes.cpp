@@ -1,4 +1,4 @@
-#include "tests/support/boxes.h"
+#include "support/boxes.h"
 
 #include <QApplication>
 #include <QInputDialog>

@@ -1,7 +1,7 @@
-#include "tests/support/program.h"
+#include "support/program.h"
 
-#include "tests/support/boxes.h"
-#include "tests/support/otherprogram.h"
+#include "support/boxes.h"
+#include "support/otherprogram.h"
 
 #include "core/banco.h"
 #include "core/config.h"

@@ -4,7 +4,7 @@
 #include "platform/runtime/error.h"
 #include "platform/ui/form.h"
 #include "platform/ui/listview.h"
-#include "tests/support/program.h"
+#include "support/program.h"
 
 #include <QClipboard>
 #include <QComboBox>
