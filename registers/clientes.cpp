@@ -4,6 +4,7 @@
 
 #include "core/banco.h"
 #include "core/funcoes.h"
+#include "core/modos.h"
 #include "platform/dao/recordset.h"
 
 #include <array>
@@ -39,11 +40,11 @@ std::optional<Value> documentoGravado(const QString &texto, Gravacao gravacao)
 }
 
 constexpr std::array aberturas{
-    Abertura{1, u" - [Consulta Código de Clientes]", u"txtTexto"},
-    Abertura{12, u" - [Consulta Código de Clientes]", u"txtTexto"},
-    Abertura{19, u" - [Consulta Código de Clientes]", u"txtTexto"},
-    Abertura{2, u" - [Incluir Cliente]", u"txtNome"},
-    Abertura{13, u" - [Incluir Cliente]", u"txtNome"},
+    Abertura{modoProcuraClienteDoVeiculo, u" - [Consulta Código de Clientes]", u"txtTexto"},
+    Abertura{modoProcuraClienteDoOrcamento, u" - [Consulta Código de Clientes]", u"txtTexto"},
+    Abertura{modoProcuraClienteDaConta, u" - [Consulta Código de Clientes]", u"txtTexto"},
+    Abertura{modoIncluiClienteDoVeiculo, u" - [Incluir Cliente]", u"txtNome"},
+    Abertura{modoIncluiClienteDoOrcamento, u" - [Incluir Cliente]", u"txtNome"},
 };
 
 constexpr auto campos = junta(
@@ -102,20 +103,20 @@ constexpr std::array excecoesLocaliza{
 constexpr std::array<QStringView, 1> exclusoes{u"DELETE * FROM Clientes WHERE codigo = "};
 
 constexpr std::array devolucoes{
-    Devolucao{1, u"frmCadaVeiculos", u"txtCodCliente"},
-    Devolucao{12, u"frmOSOrcaNovo", u"txtCodCliente"},
-    Devolucao{38, u"frmCadaFast", u"txtCodCliente"},
-    Devolucao{39, u"frmOSFormaPagto", u"txtCodCliente"},
-    Devolucao{19, u"frmMoviFiadosConta", u"lblCodigo"},
-    Devolucao{19, u"frmMoviFiadosConta", u"lblFone", u"txtFone1"},
-    Devolucao{19, u"frmMoviFiadosConta", u"lblNome", u"txtNome", u"txtData"},
+    Devolucao{modoProcuraClienteDoVeiculo, u"frmCadaVeiculos", u"txtCodCliente"},
+    Devolucao{modoProcuraClienteDoOrcamento, u"frmOSOrcaNovo", u"txtCodCliente"},
+    Devolucao{modoProcuraClienteDoCadastroRapido, u"frmCadaFast", u"txtCodCliente"},
+    Devolucao{modoProcuraClienteDoPagamento, u"frmOSFormaPagto", u"txtCodCliente"},
+    Devolucao{modoProcuraClienteDaConta, u"frmMoviFiadosConta", u"lblCodigo"},
+    Devolucao{modoProcuraClienteDaConta, u"frmMoviFiadosConta", u"lblFone", u"txtFone1"},
+    Devolucao{modoProcuraClienteDaConta, u"frmMoviFiadosConta", u"lblNome", u"txtNome", u"txtData"},
 };
 
-/// Mode 4 is the one of the order that opened the vehicles: a customer added on the way goes to the vehicle.
+/// An order that waits for a new vehicle keeps its mode: a customer added on the way goes to the vehicle.
 constexpr std::array devolucoesInclusao{
-    Devolucao{2, u"frmCadaVeiculos", u"txtCodCliente"},
-    Devolucao{4, u"frmCadaVeiculos", u"txtCodCliente"},
-    Devolucao{13, u"frmOSOrcaNovo", u"txtCodCliente"},
+    Devolucao{modoIncluiClienteDoVeiculo, u"frmCadaVeiculos", u"txtCodCliente"},
+    Devolucao{modoIncluiVeiculo, u"frmCadaVeiculos", u"txtCodCliente"},
+    Devolucao{modoIncluiClienteDoOrcamento, u"frmOSOrcaNovo", u"txtCodCliente"},
 };
 
 constexpr Registro registro{

@@ -4,6 +4,7 @@
 
 #include "core/banco.h"
 #include "core/funcoes.h"
+#include "core/modos.h"
 
 #include <array>
 
@@ -24,8 +25,8 @@ std::optional<Value> soDigitos(const QString &texto, Gravacao /*gravacao*/)
 }
 
 constexpr std::array aberturas{
-    Abertura{16, u" - [Consulta de Código de Fornecedor]", u"txtTexto"},
-    Abertura{20, u" - [Consulta de Código de Fornecedor]", u"txtTexto"},
+    Abertura{modoProcuraFornecedorDaNota, u" - [Consulta de Código de Fornecedor]", u"txtTexto"},
+    Abertura{modoProcuraFornecedorDeixado, u" - [Consulta de Código de Fornecedor]", u"txtTexto"},
 };
 
 constexpr auto campos = junta(
@@ -61,13 +62,14 @@ constexpr auto pesquisas = junta(pesquisasDeContato, std::array{
 constexpr std::array<QStringView, 1> exclusoes{u"DELETE * FROM Fornecedores WHERE codigo = "};
 
 constexpr std::array devolucoes{
-    Devolucao{16, u"frmMoviEntradaPeca", u"txtCodFornecedor"},
-    Devolucao{20, u"frmRelaSelecaoNotasEntradas", u"txtCodForn"},
-    Devolucao{21, u"frmRelaSelecaoNotasEntradas", u"txtCodForn"},
-    Devolucao{34, u"frmRelaSelecaoNotasEntradas", u"txtCodForn"},
+    Devolucao{modoProcuraFornecedorDaNota, u"frmMoviEntradaPeca", u"txtCodFornecedor"},
+    Devolucao{modoProcuraFornecedorDeixado, u"frmRelaSelecaoNotasEntradas", u"txtCodForn"},
+    Devolucao{modoProcuraFornecedorDoRelatorio, u"frmRelaSelecaoNotasEntradas", u"txtCodForn"},
+    Devolucao{modoProcuraFornecedorDaConsulta, u"frmRelaSelecaoNotasEntradas", u"txtCodForn"},
 };
 
-constexpr std::array devolucoesInclusao{Devolucao{17, u"frmMoviEntradaPeca", u"txtCodFornecedor"}};
+constexpr std::array devolucoesInclusao{
+    Devolucao{modoIncluiFornecedorDaNota, u"frmMoviEntradaPeca", u"txtCodFornecedor"}};
 
 constexpr Registro registro{
     .janela = u"frmCadaFornecedor",

@@ -10,6 +10,7 @@
 #include "core/combos.h"
 #include "core/funcoes.h"
 #include "core/limites.h"
+#include "core/modos.h"
 #include "core/modulo.h"
 #include "core/razao.h"
 #include "platform/dao/database.h"
@@ -29,9 +30,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr qint16 procuraCliente = 38; ///< `ModoChamada` of the customer register when it picks for this window
-
-constexpr std::array<Devolucao, 1> tabelaDevolucoes{{{0, u"frmOSAbre", u"txtCodVeiculo"}}};
+constexpr std::array<Devolucao, 1> tabelaDevolucoes{{{modoNormal, u"frmOSAbre", u"txtCodVeiculo"}}};
 
 /// What a customer has here: a part of the register's fields, none of them demanded.
 constexpr std::array camposDoCliente{
@@ -195,7 +194,7 @@ void frmCadaFast::cboMarca_Change()
 
 void frmCadaFast::btnClienteFind_Click()
 {
-    Chama(u"frmCadaCliente"_s, procuraCliente);
+    Chama(u"frmCadaCliente"_s, modoProcuraClienteDoCadastroRapido);
 }
 
 void frmCadaFast::btnMarcaAdd_Click()

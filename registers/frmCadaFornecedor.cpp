@@ -5,6 +5,7 @@
 #include "registers/avisos.h"
 
 #include "core/funcoes.h"
+#include "core/modos.h"
 #include "core/modulo.h"
 
 namespace registers
@@ -15,7 +16,6 @@ using namespace core;
 namespace
 {
 
-constexpr qint16 modoEntradaDePecas = 16;
 constexpr qsizetype digitosDoCNPJ = 14;
 
 } // namespace
@@ -50,8 +50,8 @@ void frmCadaFornecedor::txtCPF_LostFocus()
 /// The receipt of parts has modes of its own; the queries go on in theirs.
 void frmCadaFornecedor::depoisDeDevolver()
 {
-    if (ModoChamada == modoEntradaDePecas) {
-        ModoChamada = 0;
+    if (ModoChamada == modoProcuraFornecedorDaNota) {
+        ModoChamada = modoNormal;
     }
 }
 

@@ -8,6 +8,7 @@
 
 #include "core/config.h"
 #include "core/funcoes.h"
+#include "core/modos.h"
 #include "core/modulo.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
@@ -87,7 +88,7 @@ void frmCadaPecas::depoisDeIncluir(qint32 codigo)
     btnTodos_Click();
     limpaAte(ateEstoqueAtual);
     devolve(registroPecas().devolucoesInclusao, QString::number(codigo));
-    ModoChamada = 0;
+    ModoChamada = modoNormal;
 }
 
 void frmCadaPecas::antesDeAlterar()
@@ -109,7 +110,7 @@ void frmCadaPecas::depoisDeCarregar()
 
 void frmCadaPecas::depoisDeDevolver()
 {
-    ModoChamada = 0;
+    ModoChamada = modoNormal;
 }
 
 void frmCadaPecas::limpa()

@@ -9,6 +9,7 @@
 #include "core/banco.h"
 #include "core/funcoes.h"
 #include "core/informacoes.h"
+#include "core/modos.h"
 #include "core/modulo.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
@@ -24,9 +25,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-
-/// `ModoChamada` of the customer register when it is opened from here.
-enum Modo : qint16 { procuraCliente = 1, incluiCliente = 2, incluiVeiculoDaOrdem = 4 };
 
 /// What "Limpar Campos" empties. The chassis number is not among them.
 constexpr std::array<QStringView, 9> limpos{u"lblCodigo", u"txtCodCliente",  u"lblNomeCliente",
@@ -80,13 +78,13 @@ void frmCadaVeiculos::txtPlaca_LostFocus()
 
 void frmCadaVeiculos::btnClienteFind_Click()
 {
-    Chama(u"frmCadaCliente"_s, procuraCliente);
+    Chama(u"frmCadaCliente"_s, modoProcuraClienteDoVeiculo);
 }
 
 /// The order that asked for a new vehicle is still waiting for it: its mode is kept.
 void frmCadaVeiculos::btnClienteAdd_Click()
 {
-    Chama(u"frmCadaCliente"_s, ModoChamada == incluiVeiculoDaOrdem ? incluiVeiculoDaOrdem : incluiCliente);
+    Chama(u"frmCadaCliente"_s, ModoChamada == modoIncluiVeiculo ? modoIncluiVeiculo : modoIncluiClienteDoVeiculo);
 }
 
 void frmCadaVeiculos::btnClienteInfo_Click()

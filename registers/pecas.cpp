@@ -4,6 +4,7 @@
 
 #include "core/banco.h"
 #include "core/funcoes.h"
+#include "core/modos.h"
 #include "core/razao.h"
 #include "platform/dao/recordset.h"
 #include "platform/runtime/runtime.h"
@@ -95,9 +96,9 @@ bool marcaAceita(const QString &texto)
 }
 
 constexpr std::array aberturas{
-    Abertura{5, u" - [Consulta Código de Peças]", u"txtTexto"},
-    Abertura{6, u" - [Incluir Peça/Serviço]", u"txtNome"},
-    Abertura{19, u" - [Incluir Peça/Serviço]", u"txtNome"},
+    Abertura{modoProcuraPeca, u" - [Consulta Código de Peças]", u"txtTexto"},
+    Abertura{modoIncluiPeca, u" - [Incluir Peça/Serviço]", u"txtNome"},
+    Abertura{modoIncluiPecaDaNota, u" - [Incluir Peça/Serviço]", u"txtNome"},
 };
 
 constexpr std::array campos{
@@ -144,18 +145,18 @@ constexpr std::array pesquisas{
 constexpr std::array<QStringView, 2> exclusoes{u"DELETE * FROM Pecas WHERE codigo = ",
                                                u"DELETE * FROM Estoque WHERE codPeca = "};
 
-/// Four windows open mode 5, and the opening of orders gets the code whichever it was.
+/// Four windows open the picker, and the opening of orders gets the code whichever it was.
 constexpr std::array devolucoes{
-    Devolucao{5, u"frmOSAbre", u"txtCodPeca"},
-    Devolucao{18, u"frmMoviEntradaPeca", u"txtCodPeca"},
-    Devolucao{23, u"frmMoviEstoque", u"txtCodPeca"},
+    Devolucao{modoProcuraPeca, u"frmOSAbre", u"txtCodPeca"},
+    Devolucao{modoProcuraPecaDaNota, u"frmMoviEntradaPeca", u"txtCodPeca"},
+    Devolucao{modoProcuraPecaDoEstoque, u"frmMoviEstoque", u"txtCodPeca"},
 };
 
-/// A part added for an order (mode 6) goes nowhere; the mode that does go there is one that others leave behind.
+/// A part added for an order goes nowhere; the mode that does go there is one that others leave behind.
 constexpr std::array devolucoesInclusao{
-    Devolucao{2, u"frmOSAbre", u"txtCodPeca"},
-    Devolucao{19, u"frmMoviEntradaPeca", u"txtCodPeca"},
-    Devolucao{22, u"frmMoviEstoque", u"txtCodPeca"},
+    Devolucao{modoIncluiPecaDeixado, u"frmOSAbre", u"txtCodPeca"},
+    Devolucao{modoIncluiPecaDaNota, u"frmMoviEntradaPeca", u"txtCodPeca"},
+    Devolucao{modoIncluiPecaDoEstoque, u"frmMoviEstoque", u"txtCodPeca"},
 };
 
 constexpr Registro registro{

@@ -2,6 +2,7 @@
 #include "registers/registro.h"
 
 #include "core/funcoes.h"
+#include "core/modos.h"
 #include "platform/runtime/runtime.h"
 
 #include <array>
@@ -22,8 +23,8 @@ std::optional<Value> comoLongo(const QString &texto, Gravacao /*gravacao*/)
 }
 
 constexpr std::array aberturas{
-    Abertura{3, u" - [Consulta Código de Veículos]", u"txtTexto"},
-    Abertura{4, u" - [Incluir Veículo]", u"txtCodCliente"},
+    Abertura{modoProcuraVeiculo, u" - [Consulta Código de Veículos]", u"txtTexto"},
+    Abertura{modoIncluiVeiculo, u" - [Incluir Veículo]", u"txtCodCliente"},
 };
 
 constexpr std::array campos{
@@ -67,9 +68,9 @@ constexpr std::array pesquisas{
 
 constexpr std::array<QStringView, 1> exclusoes{u"DELETE * FROM Veiculos WHERE codigo = "};
 
-constexpr std::array devolucoes{Devolucao{3, u"frmOSAbre", u"txtCodVeiculo"}};
+constexpr std::array devolucoes{Devolucao{modoProcuraVeiculo, u"frmOSAbre", u"txtCodVeiculo"}};
 
-constexpr std::array devolucoesInclusao{Devolucao{4, u"frmOSAbre", u"txtCodVeiculo"}};
+constexpr std::array devolucoesInclusao{Devolucao{modoIncluiVeiculo, u"frmOSAbre", u"txtCodVeiculo"}};
 
 constexpr Registro registro{
     .janela = u"frmCadaVeiculos",

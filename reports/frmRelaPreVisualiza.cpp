@@ -1,5 +1,6 @@
 #include "reports/frmRelaPreVisualiza.h"
 
+#include "core/modos.h"
 #include "core/modulo.h"
 #include "platform/printer/printer.h"
 #include "platform/runtime/numbers.h"
@@ -35,9 +36,9 @@ constexpr int grausPorPasso = QWheelEvent::DefaultDeltasPerStep; // eighths of a
 QString donoDasPaginas(int modo)
 {
     static const QMap<int, QString> donos{
-        {30, u"frmMoviCaixa"_s},
-        {34, u"frmMoviEntradaPecaConsultaFornecedor"_s},
-        {35, u"frmMoviLivroOrigem"_s},
+        {core::modoRelaCaixa, u"frmMoviCaixa"_s},
+        {core::modoConsultaNotasFornecedor, u"frmMoviEntradaPecaConsultaFornecedor"_s},
+        {core::modoRelaOrigem, u"frmMoviLivroOrigem"_s},
     };
     return donos.value(modo, u"frmRelatorio"_s);
 }

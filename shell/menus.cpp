@@ -1,5 +1,6 @@
 #include "shell/menus.h"
 
+#include "core/modos.h"
 #include "core/modulo.h"
 #include "platform/ui/application.h"
 #include "platform/ui/controls.h"
@@ -22,6 +23,8 @@ namespace shell
 {
 namespace
 {
+
+using enum core::Modo;
 
 /// One command of the menus: the window it opens, or the function it runs. A command that has neither shows a text, or
 /// its window does not exist yet, and is unavailable.
@@ -85,62 +88,65 @@ constexpr auto icones = std::to_array<Icone>({
 constexpr ItemMenu linha = {};
 
 constexpr auto cadastro = std::to_array<ItemMenu>({
-    {u"itmCadaClie", u"Cadastro de &Clientes...", u"frmCadaCliente", 0},
-    {u"itmCadaVeiculos", u"Cadastro de &Veiculos...", u"frmCadaVeiculos", 0},
-    {u"itmCadaPecas", u"Cadastro de &Peças/Serviços...", u"frmCadaPecas", 0},
-    {u"itmCadaFornecedores", u"Cadastro de &Fornecedores...", u"frmCadaFornecedor", 0},
+    {u"itmCadaClie", u"Cadastro de &Clientes...", u"frmCadaCliente", modoNormal},
+    {u"itmCadaVeiculos", u"Cadastro de &Veiculos...", u"frmCadaVeiculos", modoNormal},
+    {u"itmCadaPecas", u"Cadastro de &Peças/Serviços...", u"frmCadaPecas", modoNormal},
+    {u"itmCadaFornecedores", u"Cadastro de &Fornecedores...", u"frmCadaFornecedor", modoNormal},
 });
 
 constexpr auto movimentacoes = std::to_array<ItemMenu>({
-    {u"itmMoviEntradaPecas", u"&Entrada de Peças...", u"frmMoviEntradaPeca", 0},
-    {u"itmMoviEntradaPecasConsultar", u"Consulta &Entrada de Peças Geral...", u"frmMoviEntradaPecaConsulta", 0},
-    {u"itmMoviConsEntrPecaFornecedor", u"Consulta &Entrada de Peças Fornecedor...", u"frmRelaSelecaoNotasEntradas", 34},
-    {u"itmMoviEstoque", u"E&stoque...", u"frmMoviEstoque", 0},
+    {u"itmMoviEntradaPecas", u"&Entrada de Peças...", u"frmMoviEntradaPeca", modoNormal},
+    {u"itmMoviEntradaPecasConsultar", u"Consulta &Entrada de Peças Geral...", u"frmMoviEntradaPecaConsulta",
+     modoNormal},
+    {u"itmMoviConsEntrPecaFornecedor", u"Consulta &Entrada de Peças Fornecedor...", u"frmRelaSelecaoNotasEntradas",
+     modoConsultaNotasFornecedor},
+    {u"itmMoviEstoque", u"E&stoque...", u"frmMoviEstoque", modoNormal},
     linha,
-    {u"itmMoviCaixa", u"&Livro Caixa...", u"frmMoviCaixa", 0},
-    {u"itmMoviContasPR", u"&Contas a Pagar/Receber...", u"frmMoviContasPR", 0},
-    {u"itmMoviCheques", u"&Relação de Cheques...", u"frmMoviCheques", 0},
+    {u"itmMoviCaixa", u"&Livro Caixa...", u"frmMoviCaixa", modoNormal},
+    {u"itmMoviContasPR", u"&Contas a Pagar/Receber...", u"frmMoviContasPR", modoNormal},
+    {u"itmMoviCheques", u"&Relação de Cheques...", u"frmMoviCheques", modoNormal},
     linha,
-    {u"itmMoviFiado", u"&Ordens de Serviços Pendentes...", u"frmMoviFiados", 0},
-    {u"itmMoviClientePendente", u"Clientes com &Pendências...", u"frmMoviFiadosConta", 11},
+    {u"itmMoviFiado", u"&Ordens de Serviços Pendentes...", u"frmMoviFiados", modoNormal},
+    {u"itmMoviClientePendente", u"Clientes com &Pendências...", u"frmMoviFiadosConta", modoClientesPendentes},
     linha,
-    {u"itmMoviOrigem", u"Livro de Origem...", u"frmMoviLivroOrigem", 0},
+    {u"itmMoviOrigem", u"Livro de Origem...", u"frmMoviLivroOrigem", modoNormal},
 });
 
 constexpr auto ordemServico = std::to_array<ItemMenu>({
-    {u"itmOSAbrir", u"&Abrir O.S. ...", u"frmOSAbre", 0},
-    {u"itmOSConsultar", u"&Consultar O.S. ...", u"frmOSConsulta", 0},
-    {u"itmOSAltera", u"Alterar/&Excluir O.S. ...", u"frmOSAltera", 0},
-    {u"itmOSFecha", u"&Fechar O.S. ...", u"frmOSConsulta", 9},
+    {u"itmOSAbrir", u"&Abrir O.S. ...", u"frmOSAbre", modoNormal},
+    {u"itmOSConsultar", u"&Consultar O.S. ...", u"frmOSConsulta", modoNormal},
+    {u"itmOSAltera", u"Alterar/&Excluir O.S. ...", u"frmOSAltera", modoNormal},
+    {u"itmOSFecha", u"&Fechar O.S. ...", u"frmOSConsulta", modoFechaOS},
     linha,
     {u"itmOSImprimirNota", u"Imprimir Nota...", u"frmNota"},
 });
 
 constexpr auto orcamento = std::to_array<ItemMenu>({
-    {u"itmOSOrcaNovo", u"&Novo Orçamento...", u"frmOSOrcaNovo", 0},
-    {u"itmOSOrcaConsulta", u"&Consultar Orçamento...", u"frmOSOrcaConsulta", 0},
-    {u"itmOSOrcaAltera", u"&Alterar/Excluir Orçamento...", u"frmOSOrcaAltera", 0},
+    {u"itmOSOrcaNovo", u"&Novo Orçamento...", u"frmOSOrcaNovo", modoNormal},
+    {u"itmOSOrcaConsulta", u"&Consultar Orçamento...", u"frmOSOrcaConsulta", modoNormal},
+    {u"itmOSOrcaAltera", u"&Alterar/Excluir Orçamento...", u"frmOSOrcaAltera", modoNormal},
 });
 
 constexpr auto relatorios = std::to_array<ItemMenu>({
-    {u"itmRelaNotaEntradaUmFornecedor", u"&Notas de Entrada de um Fornecedor...", u"frmRelaSelecaoNotasEntradas", 0},
-    {u"itmRelaEstoqueGeralPecas", u"&Estoque Geral de Peças...", u"frmRelatorio", 22},
-    {u"itmRelaListaCompras", u"Lis&ta de Compras...", u"frmRelatorio", 32},
-    {u"itmRelaListaPecas", u"Lista de Peças / Serviços...", u"frmRelatorio", 37},
+    {u"itmRelaNotaEntradaUmFornecedor", u"&Notas de Entrada de um Fornecedor...", u"frmRelaSelecaoNotasEntradas",
+     modoNormal},
+    {u"itmRelaEstoqueGeralPecas", u"&Estoque Geral de Peças...", u"frmRelatorio", modoRelaEstoqueGeral},
+    {u"itmRelaListaCompras", u"Lis&ta de Compras...", u"frmRelatorio", modoRelaCompras},
+    {u"itmRelaListaPecas", u"Lista de Peças / Serviços...", u"frmRelatorio", modoRelaPecas},
     {u"itmRelaPecaServVendidos", u"Peças/Serviços Vendidos...", u"frmRelaSelecaoPecas"},
     linha,
-    {u"itmRelaVencimentosContas", u"&Vencimentos de Contas...", u"frmInfoAviso", 0},
-    {u"itmRelaOrdensServicos", u"&Ordens de Serviços...", u"frmRelaSelecaoOS", 0},
-    {u"itmRelaContasPagarReceber", u"&Contas à Pagar/Receber...", u"frmRelaSelecaoContasPR", 27},
-    {u"itmRelaListaDevedores", u"&Lista de Devedores...", u"frmRelatorio", 28},
-    {u"itmRelaCheques", u"C&heques...", u"frmRelaSelecaoCheques", 29},
-    {u"itmRelaLivroCaixa", u"Livro Cai&xa...", u"frmMoviCaixa", 30},
+    {u"itmRelaVencimentosContas", u"&Vencimentos de Contas...", u"frmInfoAviso", modoNormal},
+    {u"itmRelaOrdensServicos", u"&Ordens de Serviços...", u"frmRelaSelecaoOS", modoNormal},
+    {u"itmRelaContasPagarReceber", u"&Contas à Pagar/Receber...", u"frmRelaSelecaoContasPR", modoRelaContas},
+    {u"itmRelaListaDevedores", u"&Lista de Devedores...", u"frmRelatorio", modoRelaDevedores},
+    {u"itmRelaCheques", u"C&heques...", u"frmRelaSelecaoCheques", modoRelaCheques},
+    {u"itmRelaLivroCaixa", u"Livro Cai&xa...", u"frmMoviCaixa", modoRelaCaixa},
     linha,
-    {u"itmRelaVisitas", u"V&isitas de Clientes...", u"frmRelatorio", 30},
-    {u"itmRelaVeiculos", u"Visitas de Veíc&ulos...", u"frmRelatorio", 31},
-    {u"itmRelaNiver", u"Aniversariantes do Mês...", u"frmRelatorio", 33},
+    {u"itmRelaVisitas", u"V&isitas de Clientes...", u"frmRelatorio", modoRelaVisitas},
+    {u"itmRelaVeiculos", u"Visitas de Veíc&ulos...", u"frmRelatorio", modoRelaVisitasVeiculos},
+    {u"itmRelaNiver", u"Aniversariantes do Mês...", u"frmRelatorio", modoRelaAniversarios},
     linha,
-    {u"itmRelaBalanco", u"&Balanço Geral...", u"frmBalanco", 0},
+    {u"itmRelaBalanco", u"&Balanço Geral...", u"frmBalanco", modoNormal},
 });
 
 constexpr auto configuracoes = std::to_array<ItemMenu>({

@@ -7,6 +7,7 @@
 #include "core/funcoes.h"
 #include "core/janelas.h"
 #include "core/limites.h"
+#include "core/modos.h"
 #include "core/modulo.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
@@ -29,10 +30,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-
-/// The report opens the window in the mode in which it opens the register itself; the register knows by the other one
-/// that a part it adds is for this window.
-enum Modo : qint16 { modoUmaOrdem = 10, modoIncluiPeca = 22, modoUmaPeca = 23, modoProcuraPeca = 23 };
 
 constexpr int marcaVenda = 1;      ///< the small picture of a row that opens an order
 constexpr int larguraDaMarca = 20; ///< and its width in pixels
@@ -118,7 +115,7 @@ void frmMoviEstoque::Form_Load()
     LimitaAosCampos(*this, caixas);
     ui_->txtDataInicio->setDate(toDateTime(DateAdd(u"m", -1, Today())).date());
     ui_->txtDataFim->setDate(toDateTime(Today()).date());
-    if (ModoChamada == modoUmaPeca) {
+    if (ModoChamada == modoEstoqueDeUmaPeca) {
         mostraSoAPeca();
     } else if (!administrador()) {
         ui::enableIf(false, ui_->btnExcluir, u"Somente o administrador exclui registros"_s);
@@ -142,10 +139,11 @@ void frmMoviEstoque::mostraSoAPeca()
     ui::enableIf(false, ui_->btnPecaFind, u"A janela foi aberta para esta peça"_s);
 }
 
+/// The register of parts knows by this mode that a part it adds is for this window.
 void frmMoviEstoque::Form_Unload()
 {
-    if (ModoChamada == modoUmaPeca) {
-        ModoChamada = modoIncluiPeca;
+    if (ModoChamada == modoEstoqueDeUmaPeca) {
+        ModoChamada = modoIncluiPecaDoEstoque;
     }
 }
 
@@ -197,7 +195,7 @@ int frmMoviEstoque::codigoUM() const
 
 void frmMoviEstoque::btnPecaFind_Click()
 {
-    Chama(u"frmCadaPecas"_s, modoProcuraPeca);
+    Chama(u"frmCadaPecas"_s, modoProcuraPecaDoEstoque);
 }
 
 bool frmMoviEstoque::temPeca()
@@ -308,12 +306,12 @@ void frmMoviEstoque::Lista_DblClick(int linha)
     if (item.smallIcon() != marcaVenda || !IsNumeric(item.tag())) {
         return;
     }
-    const bool umaPeca = ModoChamada == modoUmaPeca;
-    ModoChamada = modoUmaOrdem;
+    const bool umaPeca = ModoChamada == modoEstoqueDeUmaPeca;
+    ModoChamada = modoUmaOS;
     CodigoConsulta = CLng(item.tag());
     ui::Forms::instance().ShowAfresh(u"frmOSConsulta"_s);
     if (umaPeca) {
-        ModoChamada = modoUmaPeca;
+        ModoChamada = modoEstoqueDeUmaPeca;
     }
 }
 

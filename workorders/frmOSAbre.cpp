@@ -8,6 +8,7 @@
 #include "core/informacoes.h"
 #include "core/janelas.h"
 #include "core/limites.h"
+#include "core/modos.h"
 #include "core/modulo.h"
 #include "platform/runtime/numbers.h"
 #include "platform/ui/boxes.h"
@@ -24,10 +25,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// `ModoChamada` of the windows that are opened from here.
-enum Modo : qint16 { procuraVeiculo = 3, incluiVeiculo = 4, procuraPeca = 5, incluiPeca = 6 };
-
-constexpr std::array<Devolucao, 1> tabelaDevolucoes{{{8, u"frmOSAltera", u"txtCodOS"}}};
+constexpr std::array<Devolucao, 1> tabelaDevolucoes{{{modoAbreOSParaAlterar, u"frmOSAltera", u"txtCodOS"}}};
 
 constexpr std::array caixas{
     CaixaDeTexto{u"txtKm", u"OrdemServico", u"KM"},
@@ -38,7 +36,8 @@ constexpr std::array caixas{
 
 } // namespace
 
-frmOSAbre::frmOSAbre() : JanelaItens(u"frmOSAbre"_s, {procuraPeca, incluiPeca}), ui_(std::make_unique<Ui::frmOSAbre>())
+frmOSAbre::frmOSAbre()
+    : JanelaItens(u"frmOSAbre"_s, {modoProcuraPeca, modoIncluiPeca}), ui_(std::make_unique<Ui::frmOSAbre>())
 {
     ui_->setupUi(this);
 
@@ -170,12 +169,12 @@ void frmOSAbre::txtMecanico_Change()
 
 void frmOSAbre::btnVeiculoFind_Click()
 {
-    Chama(u"frmCadaVeiculos"_s, procuraVeiculo);
+    Chama(u"frmCadaVeiculos"_s, modoProcuraVeiculo);
 }
 
 void frmOSAbre::btnVeiculoAdd_Click()
 {
-    Chama(u"frmCadaVeiculos"_s, incluiVeiculo);
+    Chama(u"frmCadaVeiculos"_s, modoIncluiVeiculo);
 }
 
 void frmOSAbre::btnInfoVeiculo_Click()

@@ -6,6 +6,7 @@
 #include "core/config.h"
 #include "core/funcoes.h"
 #include "core/informacoes.h"
+#include "core/modos.h"
 #include "core/modulo.h"
 #include "core/previsualiza.h"
 #include "platform/printer/printer.h"
@@ -30,17 +31,15 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-enum Modo : qint16 { modoConsulta = 0, modoFecha = 9, modoUmaOrdem = 10 };
-
 constexpr std::array abas{abaPecas, abaServicos, abaTercerizados, abaMaterial};
 
 constexpr std::array tabelaDevolucoes{
-    Devolucao{7, u"frmOSAltera", u"txtCodOS"},
-    Devolucao{40, u"frmNota", u"txtOS"},
+    Devolucao{modoProcuraOSParaAlterar, u"frmOSAltera", u"txtCodOS"},
+    Devolucao{modoProcuraOSDaNota, u"frmNota", u"txtOS"},
 };
 
 /// The button works in every mode.
-constexpr std::array tabelaBotao{Devolucao{modoConsulta, u"frmOSAltera", u"txtCodOS"}};
+constexpr std::array tabelaBotao{Devolucao{modoNormal, u"frmOSAltera", u"txtCodOS"}};
 
 /// How the details of a payment are looked up: what the payment form holds, and the mode of the report.
 struct RelatorioPagto {
@@ -49,9 +48,9 @@ struct RelatorioPagto {
 };
 
 constexpr std::array relatoriosPagto{
-    RelatorioPagto{u"CHEQUE", 24},
-    RelatorioPagto{u"CARNÊ", 25},
-    RelatorioPagto{u"PAGAMENTO PERSONALIZADO", 36},
+    RelatorioPagto{u"CHEQUE", modoRelaChequesDaOS},
+    RelatorioPagto{u"CARNÊ", modoRelaCarneDaOS},
+    RelatorioPagto{u"PAGAMENTO PERSONALIZADO", modoRelaPlanoDaOS},
 };
 
 const QString colunasDaLista =
@@ -200,8 +199,8 @@ void frmOSConsulta::montaListas()
 /// What the five uses differ in.
 void frmOSConsulta::aplicaModo()
 {
-    ui_->btnFechar->setVisible(ModoChamada == modoFecha);
-    if (ModoChamada == modoUmaOrdem) {
+    ui_->btnFechar->setVisible(ModoChamada == modoFechaOS);
+    if (ModoChamada == modoUmaOS) {
         const QString codigo = Format(CodigoConsulta, mascaraCodigo);
         setWindowTitle(captionOf(u" - [Consulta O.S. "_s + codigo + u"]"_s));
         for (QWidget *controle :
@@ -211,7 +210,7 @@ void frmOSConsulta::aplicaModo()
         mostraOrdem(codigo);
         return;
     }
-    if (ModoChamada == modoFecha) {
+    if (ModoChamada == modoFechaOS) {
         setWindowTitle(captionOf(u" - [Fecha O.S.]"_s));
         ui_->Rotulos_2->hide();
         ui_->cboOS->hide();
@@ -399,7 +398,7 @@ void frmOSConsulta::Lista_DblClick(int linha)
     if (ui_->lblCodigo->text() != codigo) {
         mostraOrdem(codigo);
     }
-    if (ModoChamada == modoFecha) {
+    if (ModoChamada == modoFechaOS) {
         btnFechar_Click();
         return;
     }
@@ -438,7 +437,7 @@ void frmOSConsulta::btnFechar_Click()
 
 void frmOSConsulta::btnOSAdd_Click()
 {
-    ModoChamada = modoConsulta;
+    ModoChamada = modoNormal;
     ui::Forms::instance().Show(u"frmOSAbre"_s);
     Unload();
 }

@@ -9,6 +9,7 @@
 #include "core/funcoes.h"
 #include "core/janelas.h"
 #include "core/limites.h"
+#include "core/modos.h"
 #include "core/modulo.h"
 #include "platform/printer/printer.h"
 #include "platform/runtime/runtime.h"
@@ -43,7 +44,6 @@ enum Forma { aVista = 0, chequePre = 1, carne = 2, cheques = 3, fiado = 4, perso
 constexpr int maximoParcelas = 99;
 constexpr qsizetype maximoNumeroCheque = 20;
 constexpr int maximoCampoCheque = 50; ///< what the bank, account and number of a cheque hold
-constexpr qint16 modoProcuraCliente = 39;
 
 QString hoje()
 {
@@ -433,7 +433,7 @@ void frmOSFormaPagto::txtCodCliente_LostFocus()
 
 void frmOSFormaPagto::btnClienteFind_Click()
 {
-    Chama(u"frmCadaCliente"_s, modoProcuraCliente);
+    Chama(u"frmCadaCliente"_s, modoProcuraClienteDoPagamento);
 }
 
 // --- custom plan

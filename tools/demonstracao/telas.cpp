@@ -1,4 +1,5 @@
 #include "core/config.h"
+#include "core/modos.h"
 #include "core/modulo.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
@@ -220,7 +221,7 @@ ui::Form *Telas::newestOrder(qint16 mode)
 
 void Telas::consulta()
 {
-    for (const qint16 mode : {qint16(0), qint16(9), qint16(10)}) {
+    for (const core::Modo mode : {core::modoNormal, core::modoFechaOS, core::modoUmaOS}) {
         core::ModoChamada = mode;
         auto *empty = ui::Forms::instance().Show(u"frmOSConsulta"_s);
         picture(u"frmOSConsulta_vazio_%1"_s.arg(mode));
