@@ -10,6 +10,7 @@ namespace workorders
 
 using namespace runtime;
 using namespace core;
+using namespace documents;
 using namespace Qt::StringLiterals;
 
 namespace
@@ -59,7 +60,7 @@ std::optional<VeiculoOS> abreVeiculo(const QString &condicao)
 
 } // namespace
 
-void GravaItem(dao::Recordset &itens, qint32 codOS, const LinhaOS &linha)
+void GravaItem(dao::Recordset &itens, qint32 codOS, const LinhaItem &linha)
 {
     itens.AddNew();
     itens[u"CodOS"] = codOS;
@@ -75,7 +76,7 @@ qint32 AbreOrdem(const NovaOrdem &ordem)
 {
     const qint32 numero = gravaOrdem(ordem);
     auto itens = DBDados->OpenRecordset(u"OSPecas"_s);
-    for (const LinhaOS &linha : ordem.itens) {
+    for (const LinhaItem &linha : ordem.itens) {
         GravaItem(itens, numero, linha);
     }
     itens.Close();
@@ -88,20 +89,6 @@ std::optional<VeiculoOS> ProcuraVeiculo(const QString &texto)
     auto achado = numerico ? abreVeiculo(u"veiculos.codigo = "_s + texto)
                            : abreVeiculo(u"veiculos.placas = '"_s + texto + u"'"_s);
     return achado ? achado : abreVeiculo(u"veiculos.chassi = '"_s + texto + u"'"_s);
-}
-
-std::optional<PecaOS> ProcuraPeca(const QString &texto)
-{
-    auto peca = DBDados->OpenRecordset(u"SELECT * FROM Pecas WHERE Codigo = "_s + decimalText(Val(texto), 15) +
-                                       u" OR CodExterno = '"_s + texto + u"'"_s);
-    if (peca.Eof()) {
-        return std::nullopt;
-    }
-    return PecaOS{.codigo = Format(peca[u"Codigo"].Value(), mascaraCodigo),
-                  .nome = NuloParaVazio(peca[u"Nome"].Value()),
-                  .valorVenda = Format(peca[u"ValorVenda"].Value(), mascaraValor),
-                  .ps = NuloParaVazio(peca[u"PS"].Value()),
-                  .um = NuloParaVazio(peca[u"UM"].Value())};
 }
 
 } // namespace workorders

@@ -23,14 +23,14 @@ struct NovaOrdem {
     QString valor;
     QString servicos;
     QString mecanico;
-    std::vector<LinhaOS> itens; ///< `tipo` is the PSA code that goes to the table
+    std::vector<documents::LinhaItem> itens; ///< `tipo` is the PSA code that goes to the table
 };
 
 /// Writes the order, then its items, and gives its number. No transaction: what was written before a failure stays.
 qint32 AbreOrdem(const NovaOrdem &ordem);
 
 /// Adds one item to `itens`, the open table OSPecas, under its order. `tipo` is the PSA code that goes to the table.
-void GravaItem(dao::Recordset &itens, qint32 codOS, const LinhaOS &linha);
+void GravaItem(dao::Recordset &itens, qint32 codOS, const documents::LinhaItem &linha);
 
 /// A vehicle and its owner, as the order windows show them. The vehicle's code is "0000", a Null is empty.
 struct VeiculoOS {
@@ -49,18 +49,5 @@ struct VeiculoOS {
 /// The vehicle of a text: a number is a code, any other text a plate, and what is neither is tried as a chassis number.
 /// A plate of digits only is therefore never found. An apostrophe in the text is error 3075.
 std::optional<VeiculoOS> ProcuraVeiculo(const QString &texto);
-
-/// A part or service as the entry row takes it.
-struct PecaOS {
-    QString codigo; ///< "0000"
-    QString nome;
-    QString valorVenda; ///< "###,##0.00"
-    QString ps;
-    QString um;
-};
-
-/// The registered item whose code is the number that the text begins with, or whose external code is the text; the
-/// first row wins. An apostrophe in the text is error 3075.
-std::optional<PecaOS> ProcuraPeca(const QString &texto);
 
 } // namespace workorders

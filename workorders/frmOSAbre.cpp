@@ -1,7 +1,6 @@
 #include "workorders/frmOSAbre.h"
 
 #include "ui_frmOSAbre.h"
-#include "ui_painelitens.h"
 
 #include "core/combos.h"
 #include "core/config.h"
@@ -12,6 +11,7 @@
 #include "core/modulo.h"
 #include "platform/runtime/numbers.h"
 #include "platform/ui/boxes.h"
+#include "platform/ui/listview.h"
 #include "platform/ui/reasons.h"
 
 #include <array>
@@ -20,6 +20,7 @@ namespace workorders
 {
 
 using namespace core;
+using namespace documents;
 using namespace Qt::StringLiterals;
 
 namespace
@@ -60,7 +61,7 @@ frmOSAbre::frmOSAbre()
     onChange(ui_->lblCodCliente, &frmOSAbre::habilitaInformacoes);
     habilitaInformacoes();
     ligaItens(*ui_->painelItens);
-    ligaTeclas(ui_->painelItens->controles().Lista);
+    ligaTeclas(&ui_->painelItens->lista(abaPecas));
 
     ui_->btnVeiculoFind->setIcon(ui::icon(u"edit-find"_s));
     ui_->btnVeiculoAdd->setIcon(ui::icon(u"document-new"_s));
@@ -86,7 +87,7 @@ void frmOSAbre::Form_Load()
     setWindowTitle(captionOf(u" - [Abrir Ordem de Serviço]"_s));
     ui::setTagOf(this, QString::number(ModoChamada));
     itens().monta();
-    itens().controles().btnAdicionar->setVisible(Config(u"Personalizacao"_s) == u"1-1");
+    itens().ofereceTrabalhos(Config(u"Personalizacao"_s) == u"1-1");
     LimitaAosCampos(*this, caixas);
     AtualizaCombo(ui_->txtMecanico, ListaCombo::Mecanicos, ModoCombo::Carrega);
 }
@@ -223,7 +224,7 @@ NovaOrdem frmOSAbre::ordem() const
             .codVeiculo = ui_->txtCodVeiculo->text(),
             .km = ui_->txtKm->text(),
             .observacao = ui_->txtObs->text(),
-            .valor = itens().controles().lblTotal->text(),
+            .valor = itens().total(),
             .servicos = ui_->txtServicos->toPlainText(),
             .mecanico = ui_->txtMecanico->currentText(),
             .itens = itens().itensParaGravar()};

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "workorders/abertura.h"
-#include "workorders/janelaitens.h"
-
 #include "core/devolucao.h"
+#include "documents/janelaitens.h"
+#include "workorders/abertura.h"
 
 #include <memory>
 #include <span>
@@ -18,7 +17,7 @@ namespace workorders
 
 /// Opens a work order: the vehicle brings its owner, the items are gathered in lists, and all of it is written at the
 /// confirmation. Nothing else is touched: stock, cash and credit wait for the closing.
-class frmOSAbre : public JanelaItens
+class frmOSAbre : public documents::JanelaItens
 {
     Q_OBJECT
 

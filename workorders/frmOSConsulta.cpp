@@ -9,13 +9,13 @@
 #include "core/modos.h"
 #include "core/modulo.h"
 #include "core/previsualiza.h"
+#include "documents/itens.h"
 #include "platform/printer/printer.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/boxes.h"
 #include "platform/ui/controls.h"
 #include "platform/ui/listview.h"
 #include "platform/ui/reasons.h"
-#include "workorders/itens.h"
 #include "workorders/layouts.h"
 
 #include <algorithm>
@@ -26,6 +26,7 @@ namespace workorders
 
 using namespace runtime;
 using namespace core;
+using namespace documents;
 using namespace Qt::StringLiterals;
 
 namespace
@@ -106,7 +107,7 @@ QString numero(const Value &valor)
     return IsNull(valor) ? u"0"_s : CStr(valor);
 }
 
-LinhaOS linhaDoItem(const dao::Recordset &item)
+LinhaItem linhaDoItem(const dao::Recordset &item)
 {
     const QString quantidade = numero(item.value(u"Quantidade"));
     const QString valorUnit = numero(item.value(u"ValorUnit"));

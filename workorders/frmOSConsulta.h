@@ -79,7 +79,7 @@ private:
     bool temOrdem() const;
     bool compacto() const;
     int layout() const;
-    ui::ListView &lista(Aba aba) const;
+    ui::ListView &lista(documents::Aba aba) const;
 
     std::unique_ptr<Ui::frmOSConsulta> ui_;
 };

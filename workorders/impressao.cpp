@@ -12,6 +12,7 @@ namespace workorders
 
 using namespace Qt::StringLiterals;
 using namespace core;
+using namespace documents;
 
 namespace
 {
@@ -99,7 +100,7 @@ QString ColunasDosItens()
     return u"CÓDIGO - T -     QUANT. - DESCRIÇÃO                                    -   V. UNIT. -   V. TOTAL"_s;
 }
 
-QString LinhaDoItem(const LinhaOS &linha)
+QString LinhaDoItem(const LinhaItem &linha)
 {
     const QStringList colunas{AlinhaEsquerda(linha.codigo, 6),     AlinhaEsquerda(linha.tipo, 1),
                               AlinhaDireita(linha.quantidade, 10), AlinhaEsquerda(linha.descricao, 44),

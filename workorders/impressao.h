@@ -35,7 +35,7 @@ void ImprimeCabecalho(printer::Surface &saida, const Cabecalho &cabecalho, bool 
 
 /// The column line of the items and a row of them, 96 columns each. What is longer than its column is cut.
 QString ColunasDosItens();
-QString LinhaDoItem(const LinhaOS &linha);
+QString LinhaDoItem(const documents::LinhaItem &linha);
 
 /// A label and an amount that ends where the last column ends. The amount is never cut.
 QString LinhaDoTotal(const QString &rotulo, const QString &total);

@@ -12,6 +12,7 @@ namespace workorders
 
 using namespace Qt::StringLiterals;
 using namespace core;
+using namespace documents;
 
 namespace
 {
@@ -44,7 +45,7 @@ void imprimeTitulo(const OrdemMostrada &ordem, printer::Surface &saida)
 void imprimeItens(const OrdemMostrada &ordem, printer::Surface &saida)
 {
     saida.Print(ColunasDosItens());
-    for (const LinhaOS &linha : ordem.pecas) {
+    for (const LinhaItem &linha : ordem.pecas) {
         if (!cabe(saida, 1)) {
             saida.NewPage();
             saida.Print(ColunasDosItens());

@@ -6,6 +6,7 @@ namespace workorders
 {
 
 using namespace Qt::StringLiterals;
+using namespace documents;
 
 namespace
 {
@@ -20,11 +21,11 @@ void imprimeColunas(printer::Surface &saida)
 }
 
 /// An observation of four lines and more leaves room for fewer items than a sheet may hold.
-void imprimeItens(Folhas &folhas, const std::vector<LinhaOS> &itens)
+void imprimeItens(Folhas &folhas, const std::vector<LinhaItem> &itens)
 {
     int naFolha = 0;
     imprimeColunas(folhas.saida());
-    for (const LinhaOS &item : itens) {
+    for (const LinhaItem &item : itens) {
         if (naFolha == itensPorFolha || !folhas.cabe()) {
             folhas.vira();
             imprimeColunas(folhas.saida());

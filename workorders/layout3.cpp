@@ -12,6 +12,7 @@ namespace workorders
 
 using namespace Qt::StringLiterals;
 using namespace core;
+using namespace documents;
 
 namespace
 {
@@ -24,7 +25,7 @@ constexpr double ultimoTotal = 25;
 
 struct Secao {
     QString titulo;
-    std::vector<LinhaOS> OrdemMostrada::*linhas;
+    std::vector<LinhaItem> OrdemMostrada::*linhas;
     QString OrdemMostrada::*executados; ///< text below the rows, or none
     QString rotuloTotal;
     QString OrdemMostrada::*total;
@@ -59,10 +60,10 @@ bool imprimeLinha(Folhas &folhas, const QString &linha)
     return true;
 }
 
-void imprimeLinhas(Folhas &folhas, const Secao &secao, const std::vector<LinhaOS> &linhas)
+void imprimeLinhas(Folhas &folhas, const Secao &secao, const std::vector<LinhaItem> &linhas)
 {
     imprimeTitulo(secao, folhas.saida());
-    for (const LinhaOS &linha : linhas) {
+    for (const LinhaItem &linha : linhas) {
         const bool virou = imprimeLinha(folhas, LinhaDoItem(linha));
         if (virou && &linha != &linhas.back()) {
             imprimeTitulo(secao, folhas.saida());
@@ -85,7 +86,7 @@ void imprimeExecutados(Folhas &folhas, const QString &texto)
 
 void imprimeSecao(Folhas &folhas, const Secao &secao, const OrdemMostrada &ordem)
 {
-    const std::vector<LinhaOS> &linhas = ordem.*secao.linhas;
+    const std::vector<LinhaItem> &linhas = ordem.*secao.linhas;
     if (linhas.empty()) {
         return;
     }

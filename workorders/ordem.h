@@ -1,24 +1,13 @@
 #pragma once
 
+#include "documents/itens.h"
+
 #include <QString>
 
 #include <vector>
 
 namespace workorders
 {
-
-/// The four item lists of an order, in the order of their tabs.
-enum Aba { abaPecas = 0, abaServicos = 1, abaTercerizados = 2, abaMaterial = 3 };
-
-/// One row of an item list, each value as the list shows it ("0000", "###,##0.00").
-struct LinhaOS {
-    QString codigo;
-    QString tipo; ///< P part, S service, A one-off; in OSPecas also Z, X and K
-    QString quantidade;
-    QString descricao;
-    QString valorUnit;
-    QString valorTotal;
-};
 
 /// An order as the query shows it. What is printed is what stands there, not what the tables hold.
 struct OrdemMostrada {
@@ -39,9 +28,9 @@ struct OrdemMostrada {
     QString totalPecas;
     QString totalServicos;
     QString totalTercerizados;
-    std::vector<LinhaOS> pecas;
-    std::vector<LinhaOS> servicos;
-    std::vector<LinhaOS> tercerizados;
+    std::vector<documents::LinhaItem> pecas;
+    std::vector<documents::LinhaItem> servicos;
+    std::vector<documents::LinhaItem> tercerizados;
 };
 
 /// One row of a payment plan, as its list shows it.

@@ -16,6 +16,7 @@
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+using namespace documents;
 using namespace workorders;
 
 namespace consulta
@@ -67,8 +68,8 @@ QStringList rowsOf(const ui::ListView &list)
     return found;
 }
 
-LinhaOS line(const QString &code, const QString &psa, const QString &quantity, const QString &name,
-             const QString &price)
+LinhaItem line(const QString &code, const QString &psa, const QString &quantity, const QString &name,
+               const QString &price)
 {
     return {code, psa, quantity, name, price, {}};
 }
@@ -91,7 +92,7 @@ void Case::finish()
     window_ = nullptr;
 }
 
-QString Case::newOrder(const std::vector<LinhaOS> &items, qint32 vehicle)
+QString Case::newOrder(const std::vector<LinhaItem> &items, qint32 vehicle)
 {
     NovaOrdem order;
     order.codCliente = QString::number(customer_);

@@ -28,8 +28,8 @@ void pretend(const QString &form, const QString &field);
 QStringList codes(const ui::ListView &list);
 QStringList rowsOf(const ui::ListView &list);
 
-workorders::LinhaOS line(const QString &code, const QString &psa, const QString &quantity, const QString &name,
-                         const QString &price);
+documents::LinhaItem line(const QString &code, const QString &psa, const QString &quantity, const QString &name,
+                          const QString &price);
 
 class Case : public QObject
 {
@@ -40,7 +40,7 @@ protected:
     void finish();
 
     ui::Form *open(qint16 mode = 0);
-    QString newOrder(const std::vector<workorders::LinhaOS> &items, qint32 vehicle = 0);
+    QString newOrder(const std::vector<documents::LinhaItem> &items, qint32 vehicle = 0);
     static void closeOrder(const QString &code);
 
     /// Clicks the row of the order.

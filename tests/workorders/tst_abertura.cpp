@@ -1,14 +1,15 @@
 #include "workorders/abertura.h"
-#include "workorders/entradaitem.h"
-#include "workorders/itens.h"
 
 #include "core/modulo.h"
+#include "documents/itens.h"
+#include "documents/pecas.h"
 #include "platform/runtime/runtime.h"
 #include "support/program.h"
 
 #include <memory>
 
 using namespace Qt::StringLiterals;
+using namespace documents;
 using namespace workorders;
 
 namespace
@@ -28,8 +29,8 @@ NovaOrdem order()
             .itens = {}};
 }
 
-LinhaOS item(const QString &code, const QString &psa, const QString &quantity, const QString &text,
-             const QString &price)
+LinhaItem item(const QString &code, const QString &psa, const QString &quantity, const QString &text,
+               const QString &price)
 {
     return {
         .codigo = code, .tipo = psa, .quantidade = quantity, .descricao = text, .valorUnit = price, .valorTotal = {}};
@@ -389,7 +390,7 @@ void TstAbertura::aStoredLetterGoesBackToItsList()
 
 void TstAbertura::materialIsStoredWithoutValue()
 {
-    const LinhaOS stored = ParaGravar(item(u"0003"_s, {}, u"01"_s, u"GRAXA"_s, {}), abaMaterial, false);
+    const LinhaItem stored = ParaGravar(item(u"0003"_s, {}, u"01"_s, u"GRAXA"_s, {}), abaMaterial, false);
     QCOMPARE(stored.tipo, u"K"_s);
     QCOMPARE(stored.valorUnit, u"0,00"_s);
 }

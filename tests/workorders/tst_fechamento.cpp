@@ -14,6 +14,7 @@
 #include <bit>
 
 using namespace Qt::StringLiterals;
+using namespace documents;
 using namespace workorders;
 
 namespace
@@ -23,7 +24,7 @@ const QString today = u"15/05/2024 00:00:00"_s;
 const QString now = u"15/05/2024 10:30:00"_s;
 const QString none = u"<Null>"_s;
 
-LinhaOS line(const QString &code, const QString &psa, const QString &quantity)
+LinhaItem line(const QString &code, const QString &psa, const QString &quantity)
 {
     return {code, psa, quantity, u"ITEM"_s, u"10,00"_s, {}};
 }
@@ -32,14 +33,14 @@ LinhaOS line(const QString &code, const QString &psa, const QString &quantity)
 class Workshop
 {
 public:
-    explicit Workshop(const std::vector<LinhaOS> &items = {line(u"0000"_s, u"A"_s, u"01"_s)})
+    explicit Workshop(const std::vector<LinhaItem> &items = {line(u"0000"_s, u"A"_s, u"01"_s)})
     {
         customer = program.customer(u"MARIA"_s, u"500,00"_s);
         vehicle = program.vehicle(customer, u"ABC1D23"_s);
         openOrder(items);
     }
 
-    QString openOrder(const std::vector<LinhaOS> &items) const
+    QString openOrder(const std::vector<LinhaItem> &items) const
     {
         NovaOrdem order;
         order.codCliente = QString::number(customer);
@@ -469,7 +470,7 @@ void tst_Fechamento::stockIsKeptIn32Bits()
 {
     Workshop shop;
     const QString part = QString::number(shop.program.part(u"GRAXA"_s, u"P"_s, u"24,00"_s, true, 1));
-    const std::vector<LinhaOS> items(5, line(part, u"P"_s, u"0,100"_s));
+    const std::vector<LinhaItem> items(5, line(part, u"P"_s, u"0,100"_s));
     shop.openOrder(items);
     BaixaEstoque(u"0002"_s);
     float balance = 0;

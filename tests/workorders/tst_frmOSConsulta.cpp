@@ -15,6 +15,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace consulta;
+using namespace documents;
 using namespace workorders;
 using support::Boxes;
 using support::click;
@@ -279,12 +280,12 @@ void tst_frmOSConsulta::theObservationIsItsOwnToolTip()
     QCOMPARE(control<QWidget>(window_, u"lblObs"_s)->toolTip(), QString());
 }
 
-const std::vector<LinhaOS> everyKind{line(u"0001"_s, u"P"_s, u"02"_s, u"FILTRO"_s, u"30,00"_s),
-                                     line(u"0000"_s, u"A"_s, u"0,500"_s, u"GRAXA"_s, u"0,35"_s),
-                                     line(u"0002"_s, u"S"_s, u"01"_s, u"REVISÃO"_s, u"1.200,00"_s),
-                                     line(u"0000"_s, u"Z"_s, u"01"_s, u"LAVAGEM"_s, u"40,00"_s),
-                                     line(u"0000"_s, u"X"_s, u"03"_s, u"TORNO"_s, u"10,00"_s),
-                                     line(u"0001"_s, u"K"_s, u"01"_s, u"FILTRO"_s, u"0,00"_s)};
+const std::vector<LinhaItem> everyKind{line(u"0001"_s, u"P"_s, u"02"_s, u"FILTRO"_s, u"30,00"_s),
+                                       line(u"0000"_s, u"A"_s, u"0,500"_s, u"GRAXA"_s, u"0,35"_s),
+                                       line(u"0002"_s, u"S"_s, u"01"_s, u"REVISÃO"_s, u"1.200,00"_s),
+                                       line(u"0000"_s, u"Z"_s, u"01"_s, u"LAVAGEM"_s, u"40,00"_s),
+                                       line(u"0000"_s, u"X"_s, u"03"_s, u"TORNO"_s, u"10,00"_s),
+                                       line(u"0001"_s, u"K"_s, u"01"_s, u"FILTRO"_s, u"0,00"_s)};
 
 void tst_frmOSConsulta::inTheFullLayoutEachItemHasItsList()
 {

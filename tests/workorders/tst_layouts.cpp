@@ -10,6 +10,7 @@
 #include <cmath>
 
 using namespace Qt::StringLiterals;
+using namespace documents;
 using namespace workorders;
 
 namespace
@@ -33,15 +34,15 @@ public:
     std::vector<printer::Page> document;
 };
 
-LinhaOS item(int number, const QString &description, const QString &type = u"P"_s)
+LinhaItem item(int number, const QString &description, const QString &type = u"P"_s)
 {
     const QString code = type == u"A"_s ? QString() : u"%1"_s.arg(number, 4, 10, QChar(u'0'));
     return {code, type, u"02"_s, description, u"123,45"_s, u"246,90"_s};
 }
 
-std::vector<LinhaOS> items(int count, const QString &description, const QString &type = u"P"_s)
+std::vector<LinhaItem> items(int count, const QString &description, const QString &type = u"P"_s)
 {
-    std::vector<LinhaOS> rows;
+    std::vector<LinhaItem> rows;
     for (int number = 1; number <= count; ++number) {
         rows.push_back(item(number, description + u" %1"_s.arg(number), type));
     }

@@ -302,9 +302,9 @@ Acertos::Acertos(const Oficina &oficina, int ordens)
     }
 }
 
-void Acertos::repoeEstoque(const std::vector<workorders::LinhaOS> &itens)
+void Acertos::repoeEstoque(const std::vector<documents::LinhaItem> &itens)
 {
-    for (const workorders::LinhaOS &linha : itens) {
+    for (const documents::LinhaItem &linha : itens) {
         const auto achado = comEstoque_.find(runtime::CLng(linha.codigo));
         if (achado == comEstoque_.end()) {
             continue;

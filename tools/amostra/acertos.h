@@ -16,7 +16,7 @@ public:
     Acertos(const Oficina &oficina, int ordens);
 
     /// Buys what this sale took below its minimum.
-    void repoeEstoque(const std::vector<workorders::LinhaOS> &itens);
+    void repoeEstoque(const std::vector<documents::LinhaItem> &itens);
 
     /// The end of a week: bills and receivables that fell due, and the cash box brought to the bank.
     void daSemana();

@@ -1,14 +1,14 @@
 #include "tools/amostra/conteudo.h"
 
 #include "core/funcoes.h"
+#include "documents/itens.h"
 #include "platform/runtime/runtime.h"
 #include "tools/amostra/catalogo.h"
-#include "workorders/itens.h"
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
-using workorders::LinhaOS;
+using documents::LinhaItem;
 
 namespace amostra
 {
@@ -26,7 +26,7 @@ double quantidade(Sorteio &sorteio, const Item &item)
     return sorteio.chance(80) ? 1 : sorteio.entre(2, 4);
 }
 
-LinhaOS linha(const Item &item, const QString &tipo, double quanto)
+LinhaItem linha(const Item &item, const QString &tipo, double quanto)
 {
     const QString quantas = core::FormataQuantidade(quanto, item.um);
     const QString unitario = Reais(item.preco);
@@ -35,10 +35,10 @@ LinhaOS linha(const Item &item, const QString &tipo, double quanto)
             .quantidade = quantas,
             .descricao = item.nome,
             .valorUnit = unitario,
-            .valorTotal = workorders::ValorDaLinha(quantas, unitario)};
+            .valorTotal = documents::ValorDaLinha(quantas, unitario)};
 }
 
-LinhaOS linhaAvulsa(Sorteio &sorteio)
+LinhaItem linhaAvulsa(Sorteio &sorteio)
 {
     Item item;
     item.nome = sorteio.um(avulsos()).toString();
@@ -55,17 +55,17 @@ const Item &pecaPara(const Veiculo &veiculo, const Oficina &oficina, Sorteio &so
 }
 
 /// A code stands in an order once: the clerk raises the quantity instead.
-void acrescenta(std::vector<LinhaOS> &itens, LinhaOS nova)
+void acrescenta(std::vector<LinhaItem> &itens, LinhaItem nova)
 {
-    const bool ha = std::ranges::any_of(itens, [&](const LinhaOS &item) { return item.codigo == nova.codigo; });
+    const bool ha = std::ranges::any_of(itens, [&](const LinhaItem &item) { return item.codigo == nova.codigo; });
     if (!ha) {
         itens.push_back(std::move(nova));
     }
 }
 
-std::vector<LinhaOS> itensPara(const Veiculo &veiculo, const Oficina &oficina, Sorteio &sorteio)
+std::vector<LinhaItem> itensPara(const Veiculo &veiculo, const Oficina &oficina, Sorteio &sorteio)
 {
-    std::vector<LinhaOS> itens;
+    std::vector<LinhaItem> itens;
     for (int pecas = sorteio.entre(1, 5); pecas > 0; --pecas) {
         const Item &item = pecaPara(veiculo, oficina, sorteio);
         acrescenta(itens, linha(item, u"P"_s, quantidade(sorteio, item)));
@@ -79,19 +79,19 @@ std::vector<LinhaOS> itensPara(const Veiculo &veiculo, const Oficina &oficina, S
     return itens;
 }
 
-QString soma(const std::vector<LinhaOS> &itens)
+QString soma(const std::vector<LinhaItem> &itens)
 {
     QString total = u"0,00"_s;
-    for (const LinhaOS &item : itens) {
+    for (const LinhaItem &item : itens) {
         total = core::SomaTexto(total, item.valorTotal);
     }
     return total;
 }
 
-QString servicosExecutados(const std::vector<LinhaOS> &itens)
+QString servicosExecutados(const std::vector<LinhaItem> &itens)
 {
     QStringList nomes;
-    for (const LinhaOS &item : itens) {
+    for (const LinhaItem &item : itens) {
         if (item.tipo == u"S") {
             nomes.append(item.descricao);
         }

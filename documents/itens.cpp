@@ -1,4 +1,4 @@
-#include "workorders/itens.h"
+#include "documents/itens.h"
 
 #include "core/banco.h"
 #include "core/config.h"
@@ -9,7 +9,7 @@
 
 #include <array>
 
-namespace workorders
+namespace documents
 {
 
 using namespace runtime;
@@ -46,7 +46,7 @@ void acrescentaColunas(ui::ListView &lista, const std::array<Coluna, N> &colunas
     }
 }
 
-QStringList subItensDe(Aba aba, const LinhaOS &linha)
+QStringList subItensDe(Aba aba, const LinhaItem &linha)
 {
     if (aba == abaMaterial) {
         return {linha.quantidade, linha.descricao};
@@ -90,14 +90,14 @@ void MontaColunas(ui::ListView &lista, Aba aba)
     }
 }
 
-int AcrescentaItem(ui::ListView &lista, Aba aba, const LinhaOS &linha)
+int AcrescentaItem(ui::ListView &lista, Aba aba, const LinhaItem &linha)
 {
     const int nova = lista.addItem(linha.codigo, subItensDe(aba, linha)).row();
     lista.ensureVisible(nova);
     return nova;
 }
 
-LinhaOS LinhaDe(const ui::ListView &lista, Aba aba, int linha)
+LinhaItem LinhaDe(const ui::ListView &lista, Aba aba, int linha)
 {
     const ui::ListItem item = lista.item(linha);
     if (aba == abaMaterial) {
@@ -111,9 +111,9 @@ LinhaOS LinhaDe(const ui::ListView &lista, Aba aba, int linha)
             item.subItem(colValorTotal)};
 }
 
-std::vector<LinhaOS> LinhasDe(const ui::ListView &lista, Aba aba)
+std::vector<LinhaItem> LinhasDe(const ui::ListView &lista, Aba aba)
 {
-    std::vector<LinhaOS> linhas;
+    std::vector<LinhaItem> linhas;
     linhas.reserve(static_cast<std::size_t>(lista.count()));
     for (int linha = 0; linha < lista.count(); ++linha) {
         linhas.push_back(LinhaDe(lista, aba, linha));
@@ -121,7 +121,7 @@ std::vector<LinhaOS> LinhasDe(const ui::ListView &lista, Aba aba)
     return linhas;
 }
 
-void EscreveLinha(ui::ListView &lista, int linha, const LinhaOS &item)
+void EscreveLinha(ui::ListView &lista, int linha, const LinhaItem &item)
 {
     ui::ListItem destino = lista.item(linha);
     destino.setText(item.codigo);
@@ -168,7 +168,7 @@ QString PSADaLinha(Aba aba, const QString &tipo, bool compacto)
     return tipo == u"S" ? tipo : u"Z"_s;
 }
 
-LinhaOS ParaGravar(LinhaOS linha, Aba aba, bool compacto)
+LinhaItem ParaGravar(LinhaItem linha, Aba aba, bool compacto)
 {
     linha.tipo = PSADaLinha(aba, linha.tipo, compacto);
     if (aba == abaMaterial) {
@@ -203,4 +203,4 @@ QString QuantidadeDaPeca(double quantidade, qint32 codPeca)
     return FormataQuantidade(quantidade, IsNull(um) || IsEmpty(um) ? 0 : CInt(um));
 }
 
-} // namespace workorders
+} // namespace documents

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "workorders/entradaitem.h"
-#include "workorders/itens.h"
+#include "documents/entradaitem.h"
+#include "documents/itens.h"
 
 #include <QWidget>
 
@@ -14,7 +14,7 @@ namespace Ui
 class PainelItens;
 }
 
-namespace workorders
+namespace documents
 {
 
 /// Where a row stands.
@@ -60,6 +60,9 @@ public:
     /// entry row and runs `adiciona`.
     void pedeValores(const std::function<void()> &adiciona);
 
+    /// Shows or hides the button that asks for them.
+    void ofereceTrabalhos(bool sim);
+
     /// `RecalculaTotais`: all four totals from the lists.
     void recalcula();
     void zeraTotais();
@@ -69,7 +72,10 @@ public:
     void limpaListas();
 
     /// The rows as they go to the table, each under its PSA code. The compact layout writes `Lista` alone.
-    std::vector<LinhaOS> itensParaGravar() const;
+    std::vector<LinhaItem> itensParaGravar() const;
+
+    /// The order's total, as it is shown.
+    QString total() const;
 
     ui::ListView &lista(Aba aba) const;
     EntradaItem &entrada() { return entrada_; }
@@ -85,4 +91,4 @@ private:
     EntradaItem entrada_;
 };
 
-} // namespace workorders
+} // namespace documents

@@ -1,14 +1,29 @@
 #pragma once
 
-#include "workorders/ordem.h"
+#include <QString>
+
+#include <vector>
 
 namespace ui
 {
 class ListView;
 }
 
-namespace workorders
+namespace documents
 {
+
+/// The four item lists of a document, in the order of their tabs.
+enum Aba { abaPecas = 0, abaServicos = 1, abaTercerizados = 2, abaMaterial = 3 };
+
+/// One row of an item list, each value as the list shows it ("0000", "###,##0.00").
+struct LinhaItem {
+    QString codigo;
+    QString tipo; ///< P part, S service, A one-off; in the tables of orders also Z, X and K
+    QString quantidade;
+    QString descricao;
+    QString valorUnit;
+    QString valorTotal;
+};
 
 /// The columns of the lists of charged items; `lstMaterial` has only a code, a quantity and a description.
 enum ColunaItem {
@@ -25,16 +40,16 @@ enum ColunaMaterial { colMaterialCodigo = 0, colMaterialQuantidade = 1, colMater
 void MontaColunas(ui::ListView &lista, Aba aba);
 
 /// Appends a row and scrolls to it. The row's number is returned.
-int AcrescentaItem(ui::ListView &lista, Aba aba, const LinhaOS &linha);
+int AcrescentaItem(ui::ListView &lista, Aba aba, const LinhaItem &linha);
 
 /// One row of a list as it stands. Material has no type and no values: they are empty.
-LinhaOS LinhaDe(const ui::ListView &lista, Aba aba, int linha);
+LinhaItem LinhaDe(const ui::ListView &lista, Aba aba, int linha);
 
 /// The rows of a list, as they stand.
-std::vector<LinhaOS> LinhasDe(const ui::ListView &lista, Aba aba);
+std::vector<LinhaItem> LinhasDe(const ui::ListView &lista, Aba aba);
 
 /// Writes a charged item over the row that it was read from; the row keeps its key.
-void EscreveLinha(ui::ListView &lista, int linha, const LinhaOS &item);
+void EscreveLinha(ui::ListView &lista, int linha, const LinhaItem &item);
 
 /// Format(quantity x unit value, "###,##0.00"), the product in double precision. Error 13 for what is no number.
 QString ValorDaLinha(const QString &quantidade, const QString &valorUnit);
@@ -58,7 +73,7 @@ bool LayoutCompacto();
 QString PSADaLinha(Aba aba, const QString &tipo, bool compacto);
 
 /// A row as it goes to the table: its type becomes its PSA code, and material is worth nothing.
-LinhaOS ParaGravar(LinhaOS linha, Aba aba, bool compacto);
+LinhaItem ParaGravar(LinhaItem linha, Aba aba, bool compacto);
 
 /// The list that a stored letter goes back to. What has no list of its own stands with the parts.
 Aba AbaDoPSA(const QString &psa, bool compacto);
@@ -69,4 +84,4 @@ QString TipoDoPSA(const QString &psa);
 /// A quantity as the lists show it, by the `UM` of the part with this code; a line without a part counts in units.
 QString QuantidadeDaPeca(double quantidade, qint32 codPeca);
 
-} // namespace workorders
+} // namespace documents

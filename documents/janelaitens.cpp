@@ -1,8 +1,8 @@
-#include "workorders/janelaitens.h"
+#include "documents/janelaitens.h"
 
 #include "ui_painelitens.h"
 
-#include "workorders/painelitens.h"
+#include "documents/painelitens.h"
 
 #include "core/combos.h"
 #include "core/devolucao.h"
@@ -10,7 +10,7 @@
 #include "core/janelas.h"
 #include "core/modulo.h"
 
-namespace workorders
+namespace documents
 {
 
 using namespace core;
@@ -138,4 +138,4 @@ void JanelaItens::btnMarcaRemove_Click()
     AtualizaCombo(painel_->controles().txtDescricao, ListaCombo::DescricaoItens, ModoCombo::Exclui);
 }
 
-} // namespace workorders
+} // namespace documents

@@ -2,7 +2,7 @@
 
 #include "platform/ui/form.h"
 
-namespace workorders
+namespace documents
 {
 
 class PainelItens;
@@ -54,4 +54,4 @@ private:
     ModosPeca modos_;
 };
 
-} // namespace workorders
+} // namespace documents

@@ -1,4 +1,4 @@
-#include "workorders/painelitens.h"
+#include "documents/painelitens.h"
 
 #include "ui_painelitens.h"
 
@@ -14,7 +14,7 @@
 
 #include <array>
 
-namespace workorders
+namespace documents
 {
 
 using namespace core;
@@ -177,7 +177,7 @@ void PainelItens::remove(const PosicaoItem &posicao)
 
 void PainelItens::edita(const PosicaoItem &posicao)
 {
-    const LinhaOS linha = PedeLinha(LinhaDe(lista(posicao.aba), posicao.aba, posicao.linha));
+    const LinhaItem linha = PedeLinha(LinhaDe(lista(posicao.aba), posicao.aba, posicao.linha));
     EscreveLinha(lista(posicao.aba), posicao.linha, linha);
     recalcula();
 }
@@ -191,6 +191,11 @@ void PainelItens::pedeValores(const std::function<void()> &adiciona)
             adiciona();
         }
     }
+}
+
+void PainelItens::ofereceTrabalhos(bool sim)
+{
+    ui_->btnAdicionar->setVisible(sim);
 }
 
 void PainelItens::recalcula()
@@ -224,18 +229,23 @@ void PainelItens::limpaListas()
     }
 }
 
-std::vector<LinhaOS> PainelItens::itensParaGravar() const
+std::vector<LinhaItem> PainelItens::itensParaGravar() const
 {
-    std::vector<LinhaOS> itens;
+    std::vector<LinhaItem> itens;
     for (const Aba aba : abas) {
         if (compacto() && aba != abaPecas) {
             continue;
         }
-        for (LinhaOS &linha : LinhasDe(lista(aba), aba)) {
+        for (LinhaItem &linha : LinhasDe(lista(aba), aba)) {
             itens.push_back(ParaGravar(linha, aba, compacto()));
         }
     }
     return itens;
+}
+
+QString PainelItens::total() const
+{
+    return ui_->lblTotal->text();
 }
 
 ui::ListView &PainelItens::lista(Aba aba) const
@@ -244,4 +254,4 @@ ui::ListView &PainelItens::lista(Aba aba) const
     return *listas.at(aba);
 }
 
-} // namespace workorders
+} // namespace documents

@@ -1,7 +1,6 @@
-#include "workorders/entradaitem.h"
+#include "documents/entradaitem.h"
 
-#include "workorders/abertura.h"
-#include "workorders/itens.h"
+#include "documents/pecas.h"
 
 #include "core/combos.h"
 #include "core/funcoes.h"
@@ -13,7 +12,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 
-namespace workorders
+namespace documents
 {
 
 using namespace runtime;
@@ -131,7 +130,7 @@ bool EntradaItem::avulso() const
     return campos_.codigo->text().isEmpty();
 }
 
-LinhaOS EntradaItem::linha() const
+LinhaItem EntradaItem::linha() const
 {
     const QString valorUnit = Format(campos_.valor->text(), mascaraValor);
     return {.codigo = avulso() ? u"0000"_s : Format(campos_.codigo->text(), mascaraCodigo),
@@ -167,7 +166,7 @@ void EntradaItem::escreveDescricao(const QString &texto)
     preenchendo_ = false;
 }
 
-LinhaOS PedeLinha(LinhaOS linha)
+LinhaItem PedeLinha(LinhaItem linha)
 {
     pede(u"Código"_s, linha.codigo, numeroComo(mascaraCodigo));
     pede(u"Tipo:\nP - Peça\nS - Serviços\nA - Avulso"_s, linha.tipo, seTipo);
@@ -178,4 +177,4 @@ LinhaOS PedeLinha(LinhaOS linha)
     return linha;
 }
 
-} // namespace workorders
+} // namespace documents

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "workorders/ordem.h"
+#include "documents/itens.h"
 
 class QComboBox;
 class QLineEdit;
 
-namespace workorders
+namespace documents
 {
 
 /// The entry row of an item (code, quantity, description, unit value), as orders and estimates share it. The kind of a
@@ -44,7 +44,7 @@ public:
     bool avulso() const;
 
     /// The row as a list shows it.
-    LinhaOS linha() const;
+    LinhaItem linha() const;
 
     /// An item of the job values: one piece of this description at this value.
     void preencheAvulso(const QString &descricao, const QString &valor);
@@ -61,6 +61,6 @@ private:
 
 /// Edits a row through five input boxes, each with the present value. A cancelled or unusable answer leaves its column
 /// as it was; the total follows from quantity and unit value.
-LinhaOS PedeLinha(LinhaOS linha);
+LinhaItem PedeLinha(LinhaItem linha);
 
-} // namespace workorders
+} // namespace documents

@@ -1,0 +1,29 @@
+#include "documents/pecas.h"
+
+#include "core/banco.h"
+#include "core/funcoes.h"
+#include "core/modulo.h"
+#include "platform/runtime/runtime.h"
+
+namespace documents
+{
+
+using namespace runtime;
+using namespace core;
+using namespace Qt::StringLiterals;
+
+std::optional<PecaItem> ProcuraPeca(const QString &texto)
+{
+    auto peca = DBDados->OpenRecordset(u"SELECT * FROM Pecas WHERE Codigo = "_s + decimalText(Val(texto), 15) +
+                                       u" OR CodExterno = '"_s + texto + u"'"_s);
+    if (peca.Eof()) {
+        return std::nullopt;
+    }
+    return PecaItem{.codigo = Format(peca[u"Codigo"].Value(), mascaraCodigo),
+                    .nome = NuloParaVazio(peca[u"Nome"].Value()),
+                    .valorVenda = Format(peca[u"ValorVenda"].Value(), mascaraValor),
+                    .ps = NuloParaVazio(peca[u"PS"].Value()),
+                    .um = NuloParaVazio(peca[u"UM"].Value())};
+}
+
+} // namespace documents
