@@ -63,7 +63,7 @@ Recordset Database::OpenRecordset(const QString &source)
     }
     auto plan = connection_->plan(tokens, source);
     if (plan->kind != StatementKind::Select) {
-        throw runtime::RuntimeError(3219, u"Operação inválida."_s);
+        runtime::raise(3219);
     }
     return Recordset(std::make_unique<RecordsetData>(connection_, std::move(plan), std::move(tokens.literals)));
 }

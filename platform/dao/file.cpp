@@ -128,7 +128,7 @@ void createFile(const QString &path)
 {
     const QFileInfo info(path);
     if (info.exists()) {
-        throw runtime::RuntimeError(3204, u"O banco de dados '%1' já existe."_s.arg(shownName(path)));
+        runtime::raise(3204, {shownName(path)});
     }
     if (!info.absoluteDir().exists()) {
         runtime::raise(3024, {shownName(path)});
