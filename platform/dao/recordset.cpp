@@ -17,9 +17,14 @@ RecordsetData &opened(const std::unique_ptr<RecordsetData> &data)
     return *data;
 }
 
-int checkedPlace(const RecordsetData &data, int place)
+int columnCount(RecordsetData &data)
 {
-    if (place < 0 || place >= static_cast<int>(data.columns().size())) {
+    return static_cast<int>(data.keyset().plan().columns.size());
+}
+
+int checkedPlace(RecordsetData &data, int place)
+{
+    if (place < 0 || place >= columnCount(data)) {
         runtime::raise(3265);
     }
     return place;
@@ -45,27 +50,27 @@ Recordset &Recordset::operator=(Recordset &&) noexcept = default;
 
 bool Recordset::Bof() const
 {
-    return opened(data_).bof();
+    return opened(data_).keyset().bof();
 }
 bool Recordset::Eof() const
 {
-    return opened(data_).eof();
+    return opened(data_).keyset().eof();
 }
 void Recordset::MoveFirst()
 {
-    opened(data_).moveFirst();
+    opened(data_).leave().moveFirst();
 }
 void Recordset::MoveLast()
 {
-    opened(data_).moveLast();
+    opened(data_).leave().moveLast();
 }
 void Recordset::MoveNext()
 {
-    opened(data_).moveNext();
+    opened(data_).leave().moveNext();
 }
 void Recordset::MovePrevious()
 {
-    opened(data_).movePrevious();
+    opened(data_).leave().movePrevious();
 }
 void Recordset::AddNew()
 {
@@ -89,13 +94,13 @@ void Recordset::CancelUpdate()
 }
 void Recordset::Close()
 {
-    opened(data_).close();
+    opened(data_).leave().close();
 }
 
 FieldRef Recordset::operator[](QStringView name)
 {
     RecordsetData &data = opened(data_);
-    return {data, data.place(name)};
+    return {data, data.keyset().place(name)};
 }
 
 FieldRef Recordset::operator[](int place)
@@ -107,7 +112,7 @@ FieldRef Recordset::operator[](int place)
 runtime::Value Recordset::value(QStringView name) const
 {
     RecordsetData &data = opened(data_);
-    return data.value(data.place(name));
+    return data.value(data.keyset().place(name));
 }
 
 runtime::Value Recordset::value(int place) const
@@ -118,18 +123,18 @@ runtime::Value Recordset::value(int place) const
 
 int Recordset::fieldCount() const
 {
-    return static_cast<int>(opened(data_).columns().size());
+    return columnCount(opened(data_));
 }
 
 Field Recordset::field(int place) const
 {
-    const auto checked = static_cast<size_t>(checkedPlace(opened(data_), place));
-    return data_->columns()[checked].field;
+    RecordsetData &data = opened(data_);
+    return data.keyset().column(checkedPlace(data, place)).field;
 }
 
 int Recordset::fieldPlace(QStringView name) const
 {
-    return opened(data_).place(name);
+    return opened(data_).keyset().place(name);
 }
 
 } // namespace dao

@@ -3,356 +3,44 @@
 #include "platform/dao/fields.h"
 #include "platform/runtime/error.h"
 
-#include <algorithm>
-#include <limits>
 #include <utility>
-
-using namespace Qt::StringLiterals;
 
 namespace dao
 {
 
 RecordsetData::RecordsetData(std::shared_ptr<Connection> connection, std::shared_ptr<Plan> plan,
                              std::vector<runtime::Value> literals)
-    : connection_(std::move(connection)), plan_(std::move(plan)), literals_(std::move(literals)),
-      width_(plan_->keyset ? plan_->tables.size() : 0), newest_(width_, std::numeric_limits<qint64>::max())
+    : keyset_(std::move(connection), std::move(plan), std::move(literals))
 {
-    connection_->handle();
-    if (width_ != 0 && (plan_->sorted || looksElsewhere())) {
-        drain();
-        holdFile();
-    } else {
-        scan_ = plan_->scan.take(connection_->handle());
-        bindLiterals(scan_, *plan_, literals_);
-        width_ == 0 ? copyRows() : static_cast<void>(fetch());
-    }
-    place_ = empty() ? Place::After : Place::Row;
-    connection_->join(this);
 }
 
-RecordsetData::~RecordsetData()
+Keyset &RecordsetData::leave()
 {
-    close();
-}
-
-/// Whether the rows depend on a table whose row numbers are not theirs: in a query inside the condition a new row can't
-/// be told from those that were there at opening.
-bool RecordsetData::looksElsewhere() const
-{
-    return plan_->reads.size() > plan_->rowNumbers();
-}
-
-void RecordsetData::copyRows()
-{
-    while (scan_.step()) {
-        for (size_t i = 0; i < plan_->columns.size(); ++i) {
-            const auto &type = plan_->columns[i].type;
-            const auto column = static_cast<int>(i);
-            copy_.push_back(type ? scan_.value(column, *type) : scan_.value(column));
-        }
-        ++copied_;
-    }
-    drained_ = true;
-    plan_->scan.giveBack(std::move(scan_));
-}
-
-/// Takes the running statement one row further. False at its end.
-bool RecordsetData::fetch()
-{
-    if (current_ == &scan_) {
-        current_ = nullptr;
-    }
-    if (!drained_ && !fetchKey(scan_)) {
-        endScan();
-    }
-    if (drained_) {
-        return false;
-    }
-    current_ = &scan_;
-    return true;
-}
-
-/// Steps to the next row of this set and keeps its row numbers. A row that was added after the set was opened is none
-/// of its rows.
-bool RecordsetData::fetchKey(Prepared &statement)
-{
-    while (statement.step()) {
-        bool belongs = true;
-        for (size_t i = 0; i < width_ && belongs; ++i) {
-            belongs = statement.integer(static_cast<int>(i)) <= newest_[i];
-        }
-        if (belongs) {
-            for (size_t i = 0; i < width_; ++i) {
-                keys_.push_back(statement.integer(static_cast<int>(i)));
-            }
-            return true;
-        }
-    }
-    return false;
-}
-
-void RecordsetData::endScan()
-{
-    drained_ = true;
-    plan_->scan.giveBack(std::exchange(scan_, {}));
-    keys_.insert(keys_.end(), added_.begin(), added_.end());
-    if (place_ == Place::Last) {
-        place_ = Place::Row;
-        row_ = rows() - 1 - (added_.size() - addedMet_);
-    }
-}
-
-/// Meets all remaining rows. Near the beginning it is quicker to read the row numbers alone, afresh.
-void RecordsetData::drain()
-{
-    constexpr size_t near = 1000;
-    if (drained_) {
-        return;
-    }
-    current_ = current_ == &scan_ ? nullptr : current_;
-    if (rows() > near) {
-        while (fetchKey(scan_)) {
-        }
-    } else {
-        Prepared keys = plan_->keys.take(connection_->handle());
-        bindLiterals(keys, *plan_, literals_);
-        keys_.clear();
-        while (fetchKey(keys)) {
-        }
-        plan_->keys.giveBack(std::move(keys));
-    }
-    endScan();
-}
-
-/// The rows of a sorted set are read one by one: under one lock of the file, as those of a running statement are, and
-/// not one a row.
-void RecordsetData::holdFile()
-{
-    constexpr size_t many = 100;
-    if (rows() > many) {
-        hold_ = Prepared(connection_->handle(), QByteArrayLiteral("SELECT 1 FROM sqlite_schema"));
-        hold_.step();
-    }
-}
-
-void RecordsetData::requireOpen() const
-{
-    if (!connection_) {
-        runtime::raise(91);
-    }
-}
-
-void RecordsetData::requireRow() const
-{
-    requireOpen();
-    if (place_ != Place::Row && place_ != Place::Last) {
-        runtime::raise(3021);
-    }
+    mode_ = Mode::Reading;
+    return keyset_;
 }
 
 void RecordsetData::requireWritable() const
 {
-    requireOpen();
-    if (width_ != 1) {
-        throw runtime::RuntimeError(3027,
-                                    u"Não é possível atualizar. O conjunto de registros é somente para leitura."_s);
+    keyset_.requireOpen();
+    if (!keyset_.isWritable()) {
+        runtime::raise(3027);
     }
 }
 
-bool RecordsetData::bof() const
+void RecordsetData::requireWriting() const
 {
-    requireOpen();
-    return place_ == Place::Before || (place_ == Place::After && empty());
-}
-
-bool RecordsetData::eof() const
-{
-    requireOpen();
-    return place_ == Place::After || (place_ == Place::Before && empty());
-}
-
-void RecordsetData::dropCurrent()
-{
-    if (current_ == &seek_) {
-        seek_.reset();
+    keyset_.requireOpen();
+    if (mode_ == Mode::Reading) {
+        runtime::raise(3020);
     }
-    if (last_) {
-        plan_->last.giveBack(std::exchange(last_, {}));
-    }
-    current_ = nullptr;
-}
-
-/// Leaves the current row; a row that is being written is given up.
-void RecordsetData::release()
-{
-    requireOpen();
-    mode_ = Mode::Reading;
-    if (current_ != &scan_) {
-        dropCurrent();
-    }
-}
-
-void RecordsetData::goTo(size_t row)
-{
-    place_ = Place::Row;
-    row_ = row;
-    const bool ahead = !drained_ && (row + 1) * width_ == keys_.size();
-    current_ = ahead ? &scan_ : nullptr;
-}
-
-void RecordsetData::goBehind()
-{
-    hold_ = {};
-    place_ = Place::After;
-    current_ = nullptr;
-}
-
-/// Goes to the nearest row in front of `row` that is not deleted.
-void RecordsetData::goBackFrom(size_t row)
-{
-    while (row > 0 && isDeleted(row - 1)) {
-        --row;
-    }
-    if (row > 0) {
-        goTo(row - 1);
-    } else {
-        place_ = Place::Before;
-        current_ = nullptr;
-    }
-}
-
-void RecordsetData::moveFirst()
-{
-    release();
-    if (empty()) {
-        runtime::raise(3021);
-    }
-    place_ = Place::Before;
-    moveNext();
-}
-
-void RecordsetData::moveNext()
-{
-    release();
-    if (place_ == Place::After || (place_ == Place::Before && empty())) {
-        runtime::raise(3021);
-    }
-    if (place_ == Place::Last) {
-        addedMet_ < added_.size() ? goToAdded(addedMet_) : goBehind();
-        return;
-    }
-    size_t next = place_ == Place::Before ? 0 : row_ + 1;
-    while (next < rows() && width_ != 0 && isDeleted(next)) {
-        ++next;
-    }
-    if (next < rows() || fetch() || next < rows()) {
-        goTo(next);
-    } else {
-        goBehind();
-    }
-}
-
-void RecordsetData::movePrevious()
-{
-    release();
-    if (place_ == Place::Before || (place_ == Place::After && empty())) {
-        runtime::raise(3021);
-    }
-    if (place_ == Place::After) {
-        moveLast();
-        return;
-    }
-    if (place_ == Place::Last) {
-        drain();
-    }
-    goBackFrom(row_);
-}
-
-void RecordsetData::moveLast()
-{
-    release();
-    if (empty()) {
-        runtime::raise(3021);
-    }
-    if (drained_ || !lookUpLast()) {
-        drain();
-        goBackFrom(rows());
-    }
-}
-
-/// Finds the last row without meeting the ones before it. False where the order can't be read backwards.
-bool RecordsetData::lookUpLast()
-{
-    current_ = nullptr;
-    if (!added_.empty()) {
-        goToAdded(added_.size() - 1);
-        return true;
-    }
-    if (plan_->last.sql().isEmpty()) {
-        return false;
-    }
-    last_ = plan_->last.take(connection_->handle());
-    bindLiterals(last_, *plan_, literals_);
-    last_.bind(static_cast<int>(literals_.size()) + 1, newest_[0]);
-    if (!last_.step()) {
-        return false;
-    }
-    place_ = Place::Last;
-    lastRow_ = last_.integer(0);
-    addedMet_ = 0;
-    current_ = &last_;
-    return true;
-}
-
-/// Stands on a row that this set added, while the ones before it are not met.
-void RecordsetData::goToAdded(size_t added)
-{
-    place_ = Place::Last;
-    lastRow_ = added_[added];
-    addedMet_ = added + 1;
-    current_ = nullptr;
-}
-
-/// Brings the current row under a statement. Error 3167 where it is deleted.
-void RecordsetData::load()
-{
-    if (!seek_) {
-        seek_ = plan_->seek.take(connection_->handle());
-        bindLiterals(seek_, *plan_, literals_);
-    }
-    for (size_t i = 0; i < width_; ++i) {
-        seek_.bind(static_cast<int>(literals_.size() + i) + 1,
-                   place_ == Place::Last ? lastRow_ : keys_[row_ * width_ + i]);
-    }
-    if (!seek_.step()) {
-        runtime::raise(3167);
-    }
-    current_ = &seek_;
-}
-
-qint64 RecordsetData::rowNumber() const
-{
-    return place_ == Place::Last ? lastRow_ : keys_[row_];
-}
-
-runtime::Value RecordsetData::stored(int column)
-{
-    const ResultColumn &described = plan_->columns[static_cast<size_t>(column)];
-    if (width_ == 0) {
-        return copy_[row_ * plan_->columns.size() + static_cast<size_t>(column)];
-    }
-    if (current_ == nullptr) {
-        load();
-    }
-    const int place = column + static_cast<int>(width_);
-    return described.type ? current_->value(place, *described.type) : current_->value(place);
 }
 
 runtime::Value RecordsetData::value(int column)
 {
-    requireOpen();
     if (mode_ != Mode::Reading) {
-        const int place = plan_->columns[static_cast<size_t>(column)].place;
+        keyset_.requireOpen();
+        const int place = keyset_.column(column).place;
         if (place >= 0 && buffer_[static_cast<size_t>(place)]) {
             return *buffer_[static_cast<size_t>(place)];
         }
@@ -360,49 +48,45 @@ runtime::Value RecordsetData::value(int column)
             return runtime::Null{};
         }
     }
-    requireRow();
-    return stored(column);
+    return keyset_.value(column);
 }
 
 int RecordsetData::writablePlace(int column) const
 {
-    const ResultColumn &described = plan_->columns[static_cast<size_t>(column)];
+    const ResultColumn &described = keyset_.column(column);
     if (described.place < 0) {
-        throw runtime::RuntimeError(3164, u"O campo '%1' não pode ser atualizado."_s.arg(described.field.name));
+        runtime::raise(3164, {described.field.name});
     }
     return described.place;
 }
 
 void RecordsetData::assign(int column, const runtime::Value &value)
 {
-    requireOpen();
-    if (mode_ == Mode::Reading) {
-        runtime::raise(3020);
-    }
+    requireWriting();
     const auto place = static_cast<size_t>(writablePlace(column));
-    buffer_[place] = convertForField(value, plan_->tables[0]->fields[place]);
+    buffer_[place] = convertForField(value, table().fields[place]);
 }
 
-TableWriter &RecordsetData::writer()
+std::shared_ptr<TableWriter> RecordsetData::writer()
 {
-    if (!writer_ || writerAge_ != connection_->schemaAge()) {
-        writer_ = connection_->writer(plan_->tables[0]);
-        writerAge_ = connection_->schemaAge();
+    auto writer = writer_.lock();
+    if (!writer) {
+        writer = keyset_.connection().writer(keyset_.plan().tables.front());
+        writer_ = writer;
     }
-    return *writer_;
+    return writer;
 }
 
 void RecordsetData::addNew()
 {
     requireWritable();
-    release();
-    const Table &table = *plan_->tables[0];
+    leave().release();
     std::vector<std::optional<runtime::Value>> fields;
-    for (const Field &field : table.fields) {
+    for (const Field &field : table().fields) {
         fields.emplace_back(convertForField(runtime::Null{}, field));
     }
-    if (table.counter >= 0) {
-        fields[static_cast<size_t>(table.counter)] = writer().nextCounter();
+    if (table().counter >= 0) {
+        fields[static_cast<size_t>(table().counter)] = writer()->nextCounter();
     }
     buffer_ = std::move(fields);
     mode_ = Mode::Adding;
@@ -411,21 +95,14 @@ void RecordsetData::addNew()
 void RecordsetData::edit()
 {
     requireWritable();
-    mode_ = Mode::Reading;
-    requireRow();
-    if (current_ == nullptr) {
-        load();
-    }
-    buffer_.assign(plan_->tables[0]->fields.size(), std::nullopt);
+    leave().load();
+    buffer_.assign(table().fields.size(), std::nullopt);
     mode_ = Mode::Editing;
 }
 
 void RecordsetData::update()
 {
-    requireOpen();
-    if (mode_ == Mode::Reading) {
-        runtime::raise(3020);
-    }
+    requireWriting();
     if (mode_ == Mode::Adding) {
         insertRow();
     } else {
@@ -441,8 +118,7 @@ void RecordsetData::insertRow()
     for (const auto &field : buffer_) {
         values.push_back(*field);
     }
-    const qint64 row = writer().insert(values);
-    (drained_ ? keys_ : added_).push_back(row);
+    keyset_.append(writer()->insert(values));
 }
 
 void RecordsetData::updateRow()
@@ -455,7 +131,7 @@ void RecordsetData::updateRow()
             changedValues_.push_back(*buffer_[place]);
         }
     }
-    if (!changedPlaces_.empty() && !writer().update(rowNumber(), changedPlaces_, changedValues_)) {
+    if (!changedPlaces_.empty() && !writer()->update(keyset_.rowNumber(), changedPlaces_, changedValues_)) {
         runtime::raise(3167);
     }
 }
@@ -463,93 +139,17 @@ void RecordsetData::updateRow()
 void RecordsetData::remove()
 {
     requireWritable();
-    mode_ = Mode::Reading;
-    requireRow();
-    if (!writer().remove(rowNumber())) {
+    const qint64 row = leave().rowNumber();
+    if (!writer()->remove(row)) {
         runtime::raise(3167);
     }
-    keys_[row_] = 0;
-    ++deleted_;
+    keyset_.markDeleted();
 }
 
 void RecordsetData::cancelUpdate()
 {
-    requireOpen();
+    keyset_.requireOpen();
     mode_ = Mode::Reading;
-}
-
-void RecordsetData::close()
-{
-    if (!connection_) {
-        return;
-    }
-    connection_->leave(this);
-    dropCurrent();
-    hold_ = {};
-    plan_->scan.giveBack(std::move(scan_));
-    plan_->seek.giveBack(std::move(seek_));
-    writer_.reset();
-    connection_.reset();
-}
-
-/// The file is being closed: nothing of it may stay with the plans.
-void RecordsetData::disconnect()
-{
-    scan_ = {};
-    seek_ = {};
-    last_ = {};
-    hold_ = {};
-    current_ = nullptr;
-    plan_->clearPools();
-    writer_.reset();
-    connection_.reset();
-}
-
-int RecordsetData::place(QStringView name) const
-{
-    const auto &columns = plan_->columns;
-    const auto named = [name](const QString &text) {
-        return text.size() == name.size() && (name == text || name.compare(text, Qt::CaseInsensitive) == 0);
-    };
-    for (size_t i = 0; i < columns.size(); ++i) {
-        if (named(columns[i].field.name)) {
-            return static_cast<int>(i);
-        }
-    }
-    for (size_t i = 0; i < columns.size(); ++i) {
-        const QString &qualified = columns[i].qualifiedName;
-        if (named(qualified) || (qualified.endsWith(name, Qt::CaseInsensitive) &&
-                                 qualified.endsWith(u'.' + name.toString(), Qt::CaseInsensitive))) {
-            return static_cast<int>(i);
-        }
-    }
-    runtime::raise(3265);
-}
-
-const std::vector<ResultColumn> &RecordsetData::columns() const
-{
-    return plan_->columns;
-}
-
-bool RecordsetData::reads(const QString &table) const
-{
-    return width_ != 0 && plan_->reads.contains(table);
-}
-
-void RecordsetData::settle()
-{
-    drain();
-    dropCurrent();
-    hold_ = {};
-}
-
-void RecordsetData::rowAdded(const QString &table, qint64 row)
-{
-    for (size_t i = 0; i < width_; ++i) {
-        if (plan_->tables[i]->name == table) {
-            newest_[i] = std::min(newest_[i], row - 1);
-        }
-    }
 }
 
 } // namespace dao

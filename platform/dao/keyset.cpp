@@ -1,0 +1,424 @@
+#include "platform/dao/keyset.h"
+
+#include "platform/runtime/error.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace dao
+{
+
+Keyset::Keyset(std::shared_ptr<Connection> connection, std::shared_ptr<Plan> plan, std::vector<runtime::Value> literals)
+    : connection_(std::move(connection)), plan_(std::move(plan)), literals_(std::move(literals)),
+      width_(plan_->keyset ? plan_->tables.size() : 0), newest_(width_, std::numeric_limits<qint64>::max())
+{
+    connection_->handle();
+    if (width_ != 0 && (plan_->sorted || looksElsewhere())) {
+        constexpr size_t many = 100;
+        drain();
+        if (rows() > many) {
+            holdFile();
+        }
+    } else {
+        scan_ = plan_->scan.take(connection_->handle());
+        bindLiterals(scan_, *plan_, literals_);
+        width_ == 0 ? copyRows() : static_cast<void>(fetch());
+    }
+    place_ = empty() ? Place::After : Place::Row;
+    connection_->join(this);
+}
+
+Keyset::~Keyset()
+{
+    close();
+}
+
+/// Whether the rows depend on a table whose row numbers are not theirs: in a query inside the condition a new row can't
+/// be told from those that were there at opening.
+bool Keyset::looksElsewhere() const
+{
+    return plan_->reads.size() > plan_->rowNumbers();
+}
+
+void Keyset::copyRows()
+{
+    while (scan_.step()) {
+        for (size_t i = 0; i < plan_->columns.size(); ++i) {
+            const auto &type = plan_->columns[i].type;
+            const auto column = static_cast<int>(i);
+            copy_.push_back(type ? scan_.value(column, *type) : scan_.value(column));
+        }
+    }
+    drained_ = true;
+    plan_->scan.giveBack(std::move(scan_));
+}
+
+/// Takes the running statement one row further. False at its end.
+bool Keyset::fetch()
+{
+    if (current_ == &scan_) {
+        current_ = nullptr;
+    }
+    if (!drained_ && !fetchKey(scan_)) {
+        endScan();
+    }
+    if (drained_) {
+        return false;
+    }
+    current_ = &scan_;
+    return true;
+}
+
+/// Steps to the next row of this set and keeps its row numbers. A row that was added after the set was opened is none
+/// of its rows.
+bool Keyset::fetchKey(Prepared &statement)
+{
+    while (statement.step()) {
+        bool belongs = true;
+        for (size_t i = 0; i < width_ && belongs; ++i) {
+            belongs = statement.integer(static_cast<int>(i)) <= newest_[i];
+        }
+        if (belongs) {
+            for (size_t i = 0; i < width_; ++i) {
+                keys_.push_back(statement.integer(static_cast<int>(i)));
+            }
+            return true;
+        }
+    }
+    return false;
+}
+
+void Keyset::endScan()
+{
+    drained_ = true;
+    plan_->scan.giveBack(std::exchange(scan_, {}));
+    keys_.insert(keys_.end(), added_.begin(), added_.end());
+    if (place_ == Place::Last) {
+        place_ = Place::Row;
+        row_ = rows() - 1 - (added_.size() - addedMet_);
+    }
+}
+
+/// Meets all remaining rows. Near the beginning it is quicker to read the row numbers alone, afresh.
+void Keyset::drain()
+{
+    constexpr size_t near = 1000;
+    if (drained_) {
+        return;
+    }
+    current_ = current_ == &scan_ ? nullptr : current_;
+    if (rows() > near) {
+        while (fetchKey(scan_)) {
+        }
+    } else {
+        Prepared keys = plan_->keys.take(connection_->handle());
+        bindLiterals(keys, *plan_, literals_);
+        keys_.clear();
+        while (fetchKey(keys)) {
+        }
+        plan_->keys.giveBack(std::move(keys));
+    }
+    endScan();
+}
+
+/// Rows that are read one by one are read under one lock of the file, as those of a running statement are, and not one
+/// a row.
+void Keyset::holdFile()
+{
+    hold_ = Prepared(connection_->handle(), QByteArrayLiteral("SELECT 1 FROM sqlite_schema"));
+    hold_.step();
+}
+
+void Keyset::requireOpen() const
+{
+    if (!connection_) {
+        runtime::raise(91);
+    }
+}
+
+void Keyset::requireRow() const
+{
+    requireOpen();
+    if (place_ != Place::Row && place_ != Place::Last) {
+        runtime::raise(3021);
+    }
+}
+
+bool Keyset::bof() const
+{
+    requireOpen();
+    return place_ == Place::Before || (place_ == Place::After && empty());
+}
+
+bool Keyset::eof() const
+{
+    requireOpen();
+    return place_ == Place::After || (place_ == Place::Before && empty());
+}
+
+void Keyset::dropCurrent()
+{
+    if (current_ == &seek_) {
+        seek_.reset();
+    }
+    if (last_) {
+        plan_->last.giveBack(std::exchange(last_, {}));
+    }
+    current_ = nullptr;
+}
+
+void Keyset::release()
+{
+    requireOpen();
+    if (current_ != &scan_) {
+        dropCurrent();
+    }
+}
+
+void Keyset::goTo(size_t row)
+{
+    place_ = Place::Row;
+    row_ = row;
+    held_ = width_ == 0 ? copy_.data() + row * plan_->columns.size() : nullptr;
+    const bool ahead = !drained_ && (row + 1) * width_ == keys_.size();
+    current_ = ahead ? &scan_ : nullptr;
+}
+
+void Keyset::goBehind()
+{
+    hold_ = {};
+    place_ = Place::After;
+    current_ = nullptr;
+}
+
+/// Goes to the nearest row in front of `row` that is not deleted.
+void Keyset::goBackFrom(size_t row)
+{
+    while (row > 0 && isDeleted(row - 1)) {
+        --row;
+    }
+    if (row > 0) {
+        goTo(row - 1);
+    } else {
+        place_ = Place::Before;
+        current_ = nullptr;
+    }
+}
+
+void Keyset::moveFirst()
+{
+    release();
+    if (empty()) {
+        runtime::raise(3021);
+    }
+    place_ = Place::Before;
+    moveNext();
+}
+
+void Keyset::moveNext()
+{
+    release();
+    if (place_ == Place::After || (place_ == Place::Before && empty())) {
+        runtime::raise(3021);
+    }
+    if (place_ == Place::Last) {
+        addedMet_ < added_.size() ? goToAdded(addedMet_) : goBehind();
+        return;
+    }
+    size_t next = place_ == Place::Before ? 0 : row_ + 1;
+    while (next < rows() && width_ != 0 && isDeleted(next)) {
+        ++next;
+    }
+    if (next < rows() || fetch() || next < rows()) {
+        goTo(next);
+    } else {
+        goBehind();
+    }
+}
+
+void Keyset::movePrevious()
+{
+    release();
+    if (place_ == Place::Before || (place_ == Place::After && empty())) {
+        runtime::raise(3021);
+    }
+    if (place_ == Place::After) {
+        moveLast();
+        return;
+    }
+    if (place_ == Place::Last) {
+        drain();
+    }
+    goBackFrom(row_);
+}
+
+void Keyset::moveLast()
+{
+    release();
+    if (empty()) {
+        runtime::raise(3021);
+    }
+    if (drained_ || !lookUpLast()) {
+        drain();
+        goBackFrom(rows());
+    }
+}
+
+/// Finds the last row without meeting the ones before it. False where the order can't be read backwards.
+bool Keyset::lookUpLast()
+{
+    current_ = nullptr;
+    if (!added_.empty()) {
+        goToAdded(added_.size() - 1);
+        return true;
+    }
+    if (plan_->last.sql().isEmpty()) {
+        return false;
+    }
+    last_ = plan_->last.take(connection_->handle());
+    bindLiterals(last_, *plan_, literals_);
+    last_.bind(static_cast<int>(literals_.size()) + 1, newest_[0]);
+    if (!last_.step()) {
+        return false;
+    }
+    place_ = Place::Last;
+    lastRow_ = last_.integer(0);
+    addedMet_ = 0;
+    current_ = &last_;
+    return true;
+}
+
+/// Stands on a row that this set added, while the ones before it are not met.
+void Keyset::goToAdded(size_t added)
+{
+    place_ = Place::Last;
+    lastRow_ = added_[added];
+    addedMet_ = added + 1;
+    current_ = nullptr;
+}
+
+/// Looks the current row up. False where it is deleted.
+bool Keyset::seek()
+{
+    if (!seek_) {
+        seek_ = plan_->seek.take(connection_->handle());
+        bindLiterals(seek_, *plan_, literals_);
+    }
+    for (size_t i = 0; i < width_; ++i) {
+        seek_.bind(static_cast<int>(literals_.size() + i) + 1,
+                   place_ == Place::Last ? lastRow_ : keys_[row_ * width_ + i]);
+    }
+    if (!seek_.step()) {
+        return false;
+    }
+    current_ = &seek_;
+    return true;
+}
+
+void Keyset::load()
+{
+    requireRow();
+    if (current_ == nullptr && held_ == nullptr && !seek()) {
+        runtime::raise(3167);
+    }
+}
+
+qint64 Keyset::rowNumber() const
+{
+    requireRow();
+    return place_ == Place::Last ? lastRow_ : keys_[row_];
+}
+
+runtime::Value Keyset::value(int column)
+{
+    load();
+    if (held_ != nullptr) {
+        return held_[column];
+    }
+    const auto &type = plan_->columns[static_cast<size_t>(column)].type;
+    const int place = column + static_cast<int>(width_);
+    return type ? current_->value(place, *type) : current_->value(place);
+}
+
+void Keyset::append(qint64 row)
+{
+    (drained_ ? keys_ : added_).push_back(row);
+}
+
+void Keyset::markDeleted()
+{
+    keys_[row_] = 0;
+    ++deleted_;
+}
+
+void Keyset::close()
+{
+    if (!connection_) {
+        return;
+    }
+    connection_->leave(this);
+    dropCurrent();
+    hold_ = {};
+    plan_->scan.giveBack(std::move(scan_));
+    plan_->seek.giveBack(std::move(seek_));
+    connection_.reset();
+}
+
+/// The file is being closed: nothing of it may stay with the plans.
+void Keyset::disconnect()
+{
+    scan_ = {};
+    seek_ = {};
+    last_ = {};
+    hold_ = {};
+    current_ = nullptr;
+    plan_->clearPools();
+    connection_.reset();
+}
+
+int Keyset::place(QStringView name) const
+{
+    const auto &columns = plan_->columns;
+    const auto named = [name](const QString &text) {
+        return text.size() == name.size() && (name == text || name.compare(text, Qt::CaseInsensitive) == 0);
+    };
+    for (size_t i = 0; i < columns.size(); ++i) {
+        if (named(columns[i].field.name)) {
+            return static_cast<int>(i);
+        }
+    }
+    for (size_t i = 0; i < columns.size(); ++i) {
+        const QString &qualified = columns[i].qualifiedName;
+        if (named(qualified) || (qualified.endsWith(name, Qt::CaseInsensitive) &&
+                                 qualified.endsWith(u'.' + name.toString(), Qt::CaseInsensitive))) {
+            return static_cast<int>(i);
+        }
+    }
+    runtime::raise(3265);
+}
+
+bool Keyset::reads(const QString &table) const
+{
+    return width_ != 0 && plan_->reads.contains(table);
+}
+
+void Keyset::settle()
+{
+    drain();
+    dropCurrent();
+    hold_ = {};
+}
+
+void Keyset::rowAdded(const QString &table, qint64 row)
+{
+    for (size_t i = 0; i < width_; ++i) {
+        if (plan_->tables[i]->name == table) {
+            newest_[i] = std::min(newest_[i], row - 1);
+        }
+    }
+}
+
+} // namespace dao
