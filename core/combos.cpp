@@ -7,12 +7,10 @@
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/form.h"
-#include "platform/ui/listview.h"
 #include "platform/ui/reasons.h"
 #include "platform/ui/wait.h"
 
 #include <QComboBox>
-#include <QItemSelectionModel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QSignalBlocker>
@@ -129,16 +127,6 @@ void escreveEntrada(QComboBox *combo, const QString &entrada, qsizetype digitado
     combo->lineEdit()->setSelection(inicio, static_cast<int>(entrada.size()) - inicio);
 }
 
-void seleciona(ui::ListView *lista, int linha, bool selecionar)
-{
-    if (selecionar) {
-        lista->selectRow(linha);
-        return;
-    }
-    lista->selectionModel()->select(lista->model()->index(linha, 0),
-                                    QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
-}
-
 } // namespace
 
 void AtualizaCombo(QComboBox *combo, ListaCombo lista, ModoCombo modo)
@@ -184,27 +172,6 @@ void LigaBotoesDaLista(QComboBox *combo, QWidget *acrescenta, QWidget *remove)
     };
     QObject::connect(combo, &QComboBox::editTextChanged, combo, habilita);
     habilita();
-}
-
-bool LocalizaLista(ui::ListView *lista, const QString &texto, int coluna, bool selecionar, bool parar)
-{
-    if (texto.isEmpty()) {
-        return true;
-    }
-    const QString procurado = runtime::UCase(texto);
-    bool achou = false;
-    for (int linha = 0; linha < lista->count(); ++linha) {
-        if (runtime::UCase(lista->item(linha).subItem(coluna - 1).left(texto.size())) != procurado) {
-            continue;
-        }
-        achou = true;
-        seleciona(lista, linha, selecionar);
-        if (parar) {
-            lista->ensureVisible(linha);
-            break;
-        }
-    }
-    return achou;
 }
 
 } // namespace core

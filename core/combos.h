@@ -5,11 +5,6 @@
 class QComboBox;
 class QWidget;
 
-namespace ui
-{
-class ListView;
-}
-
 namespace core
 {
 
@@ -29,9 +24,5 @@ void AutoCompletaCombo(QComboBox *combo);
 
 /// The buttons beside a combo that keep its list do nothing while it is empty: they are enabled by its text.
 void LigaBotoesDaLista(QComboBox *combo, QWidget *acrescenta, QWidget *remove);
-
-/// Sets the row selection on every row whose cell begins with `texto`, without regard to case; with `parar` the first
-/// match ends the search and is scrolled to. `coluna` counts from 1. True for an empty text or a match.
-bool LocalizaLista(ui::ListView *lista, const QString &texto, int coluna, bool selecionar, bool parar);
 
 } // namespace core

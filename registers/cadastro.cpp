@@ -15,7 +15,6 @@
 #include "platform/runtime/runtime.h"
 #include "platform/ui/boxes.h"
 #include "platform/ui/controls.h"
-#include "platform/ui/wait.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -192,15 +191,9 @@ void Cadastro::Form_Load()
     if (auto *estados = combo(estado)) {
         PreencheEstados(estados);
     }
-    for (const Pesquisa &pesquisa : registro_.pesquisas) {
-        if (!pesquisa.item.isEmpty()) {
-            painel_->cboPesquisa->addItem(pesquisa.item.toString());
-        }
-    }
+    MontaPesquisas(*painel_->cboPesquisa, registro_.pesquisas);
     painel_->cboPesquisa->setCurrentIndex(registro_.pesquisaInicial);
-    for (const ColunaLista &coluna : registro_.colunas) {
-        painel_->Lista->addColumn(coluna.titulo.toString(), coluna.largura, coluna.alinhamento);
-    }
+    MontaLista(*painel_->Lista, registro_.lista);
     if (Config(u"PreencheCadastroAutomatico"_s) == u"S") {
         btnTodos_Click();
     }
@@ -230,20 +223,6 @@ void Cadastro::limitaTextos()
 
 // --- search and list
 
-QString Cadastro::condicao(const Pesquisa &pesquisa, const QString &procurado) const
-{
-    const QString coluna = pesquisa.coluna.toString();
-    switch (pesquisa.comparacao) {
-    case Comparacao::Codigo:
-        return coluna + u" LIKE "_s + procurado;
-    case Comparacao::Data:
-        return coluna + u" = "_s + DataSQL(procurado, 1);
-    case Comparacao::Contem:
-        return coluna + u" LIKE '*"_s + procurado + u"*'"_s;
-    }
-    return {};
-}
-
 void Cadastro::btnPesquisar_Click()
 {
     const QString procurado = painel_->txtTexto->text();
@@ -265,9 +244,9 @@ void Cadastro::pesquisa(const QString &procurado)
     const RegraPesquisa &regra = registro_.pesquisa;
     const auto &escolhida = registro_.pesquisas[static_cast<std::size_t>(painel_->cboPesquisa->currentIndex())];
     dao::Recordset linhas =
-        DBDados->OpenRecordset(regra.antes.toString() + condicao(escolhida, procurado) + regra.depois.toString());
+        DBDados->OpenRecordset(regra.antes.toString() + Condicao(escolhida, procurado) + regra.depois.toString());
     if (!linhas.Eof()) {
-        preenche(linhas);
+        EncheLista(*painel_->Lista, std::move(linhas), registro_.lista);
     } else if (!regra.mensagemVazia.isEmpty()) {
         Recusa(regra.mensagemVazia.toString(), painel_->txtTexto);
     }
@@ -275,27 +254,7 @@ void Cadastro::pesquisa(const QString &procurado)
 
 void Cadastro::btnTodos_Click()
 {
-    dao::Recordset linhas = DBDados->OpenRecordset(registro_.consultaTodos.toString());
-    preenche(linhas);
-}
-
-void Cadastro::preenche(dao::Recordset &linhas)
-{
-    const ui::Hourglass ampulheta;
-    painel_->Lista->clear();
-    std::vector<std::pair<Mostra, int>> colunas;
-    for (const ColunaLista &coluna : registro_.colunas) {
-        colunas.emplace_back(coluna.mostra, linhas.fieldPlace(coluna.coluna));
-    }
-    for (; !linhas.Eof(); linhas.MoveNext()) {
-        QStringList textos;
-        textos.reserve(static_cast<qsizetype>(colunas.size()));
-        for (const auto &[mostra, lugar] : colunas) {
-            textos.append(mostra(linhas, lugar));
-        }
-        const QString codigo = textos.takeFirst();
-        painel_->Lista->addItem(codigo, textos);
-    }
+    EncheLista(*painel_->Lista, DBDados->OpenRecordset(registro_.consultaTodos.toString()), registro_.lista);
 }
 
 void Cadastro::btnLocalizar_Click()

@@ -92,9 +92,7 @@ private:
     void ligaCampos();
     void abre();
     void limitaTextos();
-    QString condicao(const Pesquisa &pesquisa, const QString &procurado) const;
     void pesquisa(const QString &procurado);
-    void preenche(dao::Recordset &linhas);
     void carrega(const QString &codigo);
     void carregaSegunda(const QString &codigo);
     void carregaLocalizado(const QString &codigo);

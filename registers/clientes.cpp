@@ -89,10 +89,10 @@ constexpr std::array colunas{
 /// The combo lacks the entries "RG" and "Data Nasc.": its last two search what stands at their place here, and the last
 /// two rows are never reached.
 constexpr auto pesquisas = junta(pesquisasDeContato, std::array{
-                                                         Pesquisa{u"CPF/CNPJ", u"RG", Comparacao::Contem},
-                                                         Pesquisa{u"E-mail", u"CPF", Comparacao::Contem},
-                                                         Pesquisa{u"", u"DataNascimento", Comparacao::Data},
-                                                         Pesquisa{u"", u"Email", Comparacao::Contem},
+                                                         Pesquisa{u"CPF/CNPJ", u"RG LIKE '*", Comparacao::Contem},
+                                                         Pesquisa{u"E-mail", u"CPF LIKE '*", Comparacao::Contem},
+                                                         Pesquisa{u"", u"DataNascimento = ", Comparacao::Data},
+                                                         Pesquisa{u"", u"Email LIKE '*", Comparacao::Contem},
                                                      });
 
 constexpr std::array excecoesLocaliza{
@@ -126,7 +126,7 @@ constexpr Registro registro{
     .aberturas = aberturas,
     .campos = campos,
     .verificacoes = verificacoes,
-    .colunas = colunas,
+    .lista = {.colunas = colunas},
     .pesquisas = pesquisas,
     .pesquisaInicial = 2,
     .pesquisa = {.antes = u"SELECT * FROM Clientes WHERE ", .depois = u" ORDER By Nome"},

@@ -26,12 +26,17 @@ inline constexpr std::array camposDeContato{
 };
 
 inline constexpr std::array pesquisasDeContato{
-    Pesquisa{u"Código", u"Codigo", Comparacao::Codigo},   Pesquisa{u"Data Cadastro", u"DataCadastro", Comparacao::Data},
-    Pesquisa{u"Nome", u"Nome", Comparacao::Contem},       Pesquisa{u"Endereço", u"Endereco", Comparacao::Contem},
-    Pesquisa{u"Bairro", u"Bairro", Comparacao::Contem},   Pesquisa{u"Cidade", u"Cidade", Comparacao::Contem},
-    Pesquisa{u"Estado", u"Estado", Comparacao::Contem},   Pesquisa{u"CEP", u"CEP", Comparacao::Contem},
-    Pesquisa{u"Fone1", u"Fone1", Comparacao::Contem},     Pesquisa{u"Fone2", u"Fone2", Comparacao::Contem},
-    Pesquisa{u"Celular", u"Celular", Comparacao::Contem},
+    Pesquisa{u"Código", u"Codigo LIKE ", Comparacao::Igual},
+    Pesquisa{u"Data Cadastro", u"DataCadastro = ", Comparacao::Data},
+    Pesquisa{u"Nome", u"Nome LIKE '*", Comparacao::Contem},
+    Pesquisa{u"Endereço", u"Endereco LIKE '*", Comparacao::Contem},
+    Pesquisa{u"Bairro", u"Bairro LIKE '*", Comparacao::Contem},
+    Pesquisa{u"Cidade", u"Cidade LIKE '*", Comparacao::Contem},
+    Pesquisa{u"Estado", u"Estado LIKE '*", Comparacao::Contem},
+    Pesquisa{u"CEP", u"CEP LIKE '*", Comparacao::Contem},
+    Pesquisa{u"Fone1", u"Fone1 LIKE '*", Comparacao::Contem},
+    Pesquisa{u"Fone2", u"Fone2 LIKE '*", Comparacao::Contem},
+    Pesquisa{u"Celular", u"Celular LIKE '*", Comparacao::Contem},
 };
 
 /// The rows of several tables as one.

@@ -2,7 +2,6 @@
 
 #include "core/banco.h"
 #include "core/funcoes.h"
-#include "platform/dao/recordset.h"
 #include "platform/runtime/runtime.h"
 
 namespace registers
@@ -10,26 +9,6 @@ namespace registers
 
 using namespace runtime;
 using namespace core;
-
-QString comoEsta(const dao::Recordset &linha, int lugar)
-{
-    return NuloParaVazio(linha.value(lugar));
-}
-
-QString comoCodigo(const dao::Recordset &linha, int lugar)
-{
-    return Format(linha.value(lugar), mascaraCodigo);
-}
-
-QString comoData(const dao::Recordset &linha, int lugar)
-{
-    return Format(linha.value(lugar), mascaraData);
-}
-
-QString comoValor(const dao::Recordset &linha, int lugar)
-{
-    return Format(linha.value(lugar), mascaraValor);
-}
 
 std::optional<Value> comoTexto(const QString &texto, Gravacao /*gravacao*/)
 {

@@ -7,10 +7,11 @@ namespace registers
 {
 
 // --- shown
-QString comoEsta(const dao::Recordset &linha, int lugar);   ///< as stored, "" for Null
-QString comoCodigo(const dao::Recordset &linha, int lugar); ///< "0000"
-QString comoData(const dao::Recordset &linha, int lugar);   ///< "dd/mm/yyyy"
-QString comoValor(const dao::Recordset &linha, int lugar);  ///< "###,##0.00"
+using core::comoCodigo;
+using core::comoData;
+using core::comoEsta;
+using core::comoSimNao;
+using core::comoValor;
 
 // --- written
 std::optional<runtime::Value> comoTexto(const QString &texto, Gravacao gravacao);      ///< the text as it stands

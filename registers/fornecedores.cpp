@@ -55,8 +55,8 @@ constexpr std::array colunas{
 };
 
 constexpr auto pesquisas = junta(pesquisasDeContato, std::array{
-                                                         Pesquisa{u"CNPJ", u"CnpJ", Comparacao::Contem},
-                                                         Pesquisa{u"E-mail", u"Email", Comparacao::Contem},
+                                                         Pesquisa{u"CNPJ", u"CnpJ LIKE '*", Comparacao::Contem},
+                                                         Pesquisa{u"E-mail", u"Email LIKE '*", Comparacao::Contem},
                                                      });
 
 constexpr std::array<QStringView, 1> exclusoes{u"DELETE * FROM Fornecedores WHERE codigo = "};
@@ -78,7 +78,7 @@ constexpr Registro registro{
     .aberturas = aberturas,
     .campos = campos,
     .verificacoes = verificacoes,
-    .colunas = colunas,
+    .lista = {.colunas = colunas},
     .pesquisas = pesquisas,
     .pesquisaInicial = 2,
     .pesquisa = {.antes = u"SELECT * FROM Fornecedores WHERE ", .depois = u" ORDER By Nome"},

@@ -62,11 +62,6 @@ QString nomeDaUnidade(const dao::Recordset &linha, int lugar)
     return NomeDaUnidade(comoEsta(linha, lugar).toInt());
 }
 
-QString simOuNao(const dao::Recordset &linha, int lugar)
-{
-    return Verdadeiro(linha.value(lugar)) ? u"Sim"_s : u"Não"_s;
-}
-
 // --- written
 
 std::optional<Value> letraDoTipo(const QString &texto, Gravacao /*gravacao*/)
@@ -133,13 +128,13 @@ constexpr std::array colunas{
     ColunaLista{u"Valor Custo", 1500, u"ValorCusto", comoValor, Qt::AlignRight},
     ColunaLista{u"Valor de Venda", 1500, u"ValorVenda", comoValor, Qt::AlignRight},
     ColunaLista{u"Estoque Mínimo", 1500, u"EstoqueMinimo", quantidadeOuBranco, Qt::AlignRight},
-    ColunaLista{u"Controlar Estoque", 1500, u"ControlaEstoque", simOuNao},
+    ColunaLista{u"Controlar Estoque", 1500, u"ControlaEstoque", comoSimNao},
 };
 
 constexpr std::array pesquisas{
-    Pesquisa{u"Código", u"Codigo", Comparacao::Codigo},
-    Pesquisa{u"Nome", u"Nome", Comparacao::Contem},
-    Pesquisa{u"Cód. Externo", u"CodExterno", Comparacao::Contem},
+    Pesquisa{u"Código", u"Codigo LIKE ", Comparacao::Igual},
+    Pesquisa{u"Nome", u"Nome LIKE '*", Comparacao::Contem},
+    Pesquisa{u"Cód. Externo", u"CodExterno LIKE '*", Comparacao::Contem},
 };
 
 constexpr std::array<QStringView, 2> exclusoes{u"DELETE * FROM Pecas WHERE codigo = ",
@@ -166,7 +161,7 @@ constexpr Registro registro{
     .aberturas = aberturas,
     .campos = campos,
     .verificacoes = verificacoes,
-    .colunas = colunas,
+    .lista = {.colunas = colunas},
     .pesquisas = pesquisas,
     .pesquisaInicial = 1,
     .pesquisa = {.antes = u"SELECT * FROM pecas WHERE ", .depois = u" ORDER By PS, Nome, MarcaModelo"},

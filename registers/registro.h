@@ -2,6 +2,7 @@
 
 #include "core/devolucao.h"
 #include "core/janelas.h"
+#include "core/lista.h"
 #include "platform/runtime/value.h"
 
 #include <QString>
@@ -10,11 +11,6 @@
 #include <optional>
 #include <span>
 
-namespace dao
-{
-class Recordset;
-}
-
 /// A register told as data: its fields, list, searches, checks, statements and hand-backs. `Cadastro` is the window
 /// that works by it.
 namespace registers
@@ -22,8 +18,10 @@ namespace registers
 
 enum class Gravacao { Inclusao, Alteracao };
 
-/// What a column of the current row shows as, by its place in the row.
-using Mostra = QString (*)(const dao::Recordset &linha, int lugar);
+using core::ColunaLista;
+using core::Comparacao;
+using core::Mostra;
+using core::Pesquisa;
 
 /// What a control's text is written as; none where the column is not written.
 using Converte = std::optional<runtime::Value> (*)(const QString &texto, Gravacao gravacao);
@@ -44,26 +42,6 @@ struct Campo {
 struct ExcecaoLocaliza {
     QStringView controle;
     Mostra mostra;
-};
-
-/// A column of the list; its width in the window's own units gives the proportions.
-struct ColunaLista {
-    QStringView titulo;
-    int largura;
-    QStringView coluna;
-    Mostra mostra;
-    Qt::Alignment alinhamento = Qt::AlignLeft;
-};
-
-/// How the searched text enters the statement.
-enum class Comparacao { Codigo, Data, Contem };
-
-/// An entry of "Pesquisar em:" and the column that its search looks in. The table may go on behind the combo's last
-/// entry.
-struct Pesquisa {
-    QStringView item;
-    QStringView coluna;
-    Comparacao comparacao;
 };
 
 /// A check before writing. A refused one shows its message and gives `foco` the focus, or the control itself.
@@ -99,7 +77,7 @@ struct Registro {
     std::span<const Campo> campos;
     std::span<const Verificacao> verificacoes = {};
 
-    std::span<const ColunaLista> colunas;
+    core::Lista lista;
     std::span<const Pesquisa> pesquisas;
     int pesquisaInicial = 0;
     RegraPesquisa pesquisa;

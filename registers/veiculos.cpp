@@ -58,12 +58,12 @@ constexpr std::array colunas{
 };
 
 constexpr std::array pesquisas{
-    Pesquisa{u"Nome do Cliente", u"Clientes.Nome", Comparacao::Contem},
-    Pesquisa{u"Marca/Modelo", u"Veiculos.MarcaModelo", Comparacao::Contem},
-    Pesquisa{u"Placa", u"Veiculos.Placas", Comparacao::Contem},
-    Pesquisa{u"Ano", u"Veiculos.Ano", Comparacao::Contem},
-    Pesquisa{u"Cor", u"Veiculos.Cor", Comparacao::Contem},
-    Pesquisa{u"Chassi", u"Veiculos.Chassi", Comparacao::Contem},
+    Pesquisa{u"Nome do Cliente", u"Clientes.Nome LIKE '*", Comparacao::Contem},
+    Pesquisa{u"Marca/Modelo", u"Veiculos.MarcaModelo LIKE '*", Comparacao::Contem},
+    Pesquisa{u"Placa", u"Veiculos.Placas LIKE '*", Comparacao::Contem},
+    Pesquisa{u"Ano", u"Veiculos.Ano LIKE '*", Comparacao::Contem},
+    Pesquisa{u"Cor", u"Veiculos.Cor LIKE '*", Comparacao::Contem},
+    Pesquisa{u"Chassi", u"Veiculos.Chassi LIKE '*", Comparacao::Contem},
 };
 
 constexpr std::array<QStringView, 1> exclusoes{u"DELETE * FROM Veiculos WHERE codigo = "};
@@ -79,7 +79,7 @@ constexpr Registro registro{
     .aberturas = aberturas,
     .campos = campos,
     .verificacoes = verificacoes,
-    .colunas = colunas,
+    .lista = {.colunas = colunas},
     .pesquisas = pesquisas,
     .pesquisa = {.antes = u"select Veiculos.Codigo, Clientes.Nome, Veiculos.MarcaModelo, Veiculos.Ano, Veiculos.Cor, "
                           u"Veiculos.Placas, Veiculos.Combustivel, Veiculos.Observacoes from Veiculos INNER JOIN "

@@ -1,4 +1,5 @@
 #include "core/combos.h"
+#include "core/lista.h"
 
 #include "core/modulo.h"
 #include "platform/dao/database.h"

@@ -26,7 +26,7 @@ constexpr std::array colunas{
     ColunaLista{u"Código", 1000, u"Codigo", comoCodigo},
     ColunaLista{u"Cor", 3000, u"Nome", comoEsta},
 };
-constexpr std::array pesquisas{Pesquisa{u"Cor", u"Nome", Comparacao::Contem}};
+constexpr std::array pesquisas{Pesquisa{u"Cor", u"Nome LIKE '*", Comparacao::Contem}};
 constexpr std::array<QStringView, 1> exclusoes{u"DELETE * FROM Cores WHERE codigo = "};
 
 constexpr Registro registro{
@@ -35,7 +35,7 @@ constexpr Registro registro{
     .titulo = u" - [Cadastro de Cores]",
     .campos = campos,
     .verificacoes = verificacoes,
-    .colunas = colunas,
+    .lista = {.colunas = colunas},
     .pesquisas = pesquisas,
     .pesquisa = {.antes = u"SELECT * FROM Cores WHERE ", .depois = u" ORDER By Nome"},
     .consultaTodos = u"SELECT * FROM Cores ORDER BY Nome",

@@ -1,0 +1,170 @@
+#include "core/lista.h"
+
+#include "core/funcoes.h"
+#include "platform/runtime/runtime.h"
+#include "platform/ui/listview.h"
+#include "platform/ui/wait.h"
+
+#include <QComboBox>
+#include <QItemSelectionModel>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace core
+{
+
+namespace
+{
+
+/// A column as the rows of one statement bring it.
+struct Celula {
+    MostraDaJanela mostra;
+    int lugar;
+};
+
+std::vector<Celula> celulasDe(const dao::Recordset &linhas, const Lista &descricao, const MostraDaJanela &daJanela)
+{
+    std::vector<Celula> celulas;
+    for (const ColunaLista &coluna : descricao.colunas) {
+        const int lugar = coluna.coluna.isEmpty() ? -1 : linhas.fieldPlace(coluna.coluna);
+        celulas.push_back({coluna.mostra != nullptr ? MostraDaJanela(coluna.mostra) : daJanela, lugar});
+    }
+    return celulas;
+}
+
+/// A single-precision addition, as the amounts are kept.
+void soma(float &total, const runtime::Value &valor)
+{
+    if (!runtime::IsNull(valor)) {
+        total = runtime::CSng(double{total} + double{runtime::CSng(valor)});
+    }
+}
+
+Somas somaLinhas(dao::Recordset &linhas, std::span<const Soma> somas)
+{
+    Somas totais(somas.size());
+    if (somas.empty()) {
+        return totais;
+    }
+    for (; !linhas.Eof(); linhas.MoveNext()) {
+        for (std::size_t i = 0; i < somas.size(); ++i) {
+            if (somas[i].conta == nullptr || somas[i].conta(linhas)) {
+                soma(totais[i], linhas.value(somas[i].coluna));
+            }
+        }
+    }
+    return totais;
+}
+
+void acrescenta(ui::ListView &lista, QStringList textos)
+{
+    const QString primeiro = textos.takeFirst();
+    lista.addItem(primeiro, textos);
+}
+
+void acrescentaVazia(ui::ListView &lista, std::span<const QStringView> vazia)
+{
+    QStringList textos;
+    std::ranges::transform(vazia, std::back_inserter(textos), &QStringView::toString);
+    if (!textos.isEmpty()) {
+        acrescenta(lista, textos);
+    }
+}
+
+void seleciona(ui::ListView *lista, int linha, bool selecionar)
+{
+    if (selecionar) {
+        lista->selectRow(linha);
+        return;
+    }
+    lista->selectionModel()->select(lista->model()->index(linha, 0),
+                                    QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
+}
+
+} // namespace
+
+void MontaLista(ui::ListView &lista, const Lista &descricao)
+{
+    for (const ColunaLista &coluna : descricao.colunas) {
+        lista.addColumn(coluna.titulo.toString(), coluna.largura, coluna.alinhamento);
+    }
+}
+
+Somas EncheLista(ui::ListView &lista, dao::Recordset linhas, const Lista &descricao, MostraDaJanela daJanela)
+{
+    const ui::Hourglass ampulheta;
+    lista.clear();
+    if (linhas.Eof()) {
+        acrescentaVazia(lista, descricao.vazia);
+        return Somas(descricao.somas.size());
+    }
+    const auto celulas = celulasDe(linhas, descricao, daJanela);
+    Somas somas = somaLinhas(linhas, descricao.somas);
+    for (linhas.MoveFirst(); !linhas.Eof(); linhas.MoveNext()) {
+        QStringList textos;
+        for (const Celula &celula : celulas) {
+            textos.append(celula.mostra(linhas, celula.lugar));
+        }
+        acrescenta(lista, textos);
+        if (descricao.marca != nullptr) {
+            const Marca marca = descricao.marca(linhas);
+            ui::ListItem item = lista.item(lista.count() - 1);
+            item.setTag(marca.tag);
+            if (marca.icone > 0) {
+                item.setSmallIcon(marca.icone);
+            }
+        }
+    }
+    return somas;
+}
+
+bool LocalizaLista(ui::ListView *lista, const QString &texto, int coluna, bool selecionar, bool parar)
+{
+    if (texto.isEmpty()) {
+        return true;
+    }
+    const QString procurado = runtime::UCase(texto);
+    bool achou = false;
+    for (int linha = 0; linha < lista->count(); ++linha) {
+        if (runtime::UCase(lista->item(linha).subItem(coluna - 1).left(texto.size())) != procurado) {
+            continue;
+        }
+        achou = true;
+        seleciona(lista, linha, selecionar);
+        if (parar) {
+            lista->ensureVisible(linha);
+            break;
+        }
+    }
+    return achou;
+}
+
+void MontaPesquisas(QComboBox &combo, std::span<const Pesquisa> pesquisas)
+{
+    for (const Pesquisa &pesquisa : pesquisas) {
+        if (!pesquisa.item.isEmpty()) {
+            combo.addItem(pesquisa.item.toString());
+        }
+    }
+}
+
+QString Condicao(const Pesquisa &pesquisa, const QString &procurado)
+{
+    constexpr int umDia = 1;
+    constexpr int diaInteiro = 3;
+    switch (pesquisa.comparacao) {
+    case Comparacao::Contem:
+        return pesquisa.condicao + procurado + u"*'"_s;
+    case Comparacao::Data:
+        return pesquisa.condicao + DataSQL(procurado, umDia);
+    case Comparacao::Dia:
+        return pesquisa.condicao + DataSQL(procurado, diaInteiro);
+    case Comparacao::Igual:
+        break;
+    }
+    return pesquisa.condicao + procurado;
+}
+
+} // namespace core

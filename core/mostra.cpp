@@ -1,0 +1,38 @@
+#include "core/mostra.h"
+
+#include "core/banco.h"
+#include "core/funcoes.h"
+#include "platform/dao/recordset.h"
+#include "platform/runtime/runtime.h"
+
+using namespace Qt::StringLiterals;
+
+namespace core
+{
+
+QString comoEsta(const dao::Recordset &linha, int lugar)
+{
+    return NuloParaVazio(linha.value(lugar));
+}
+
+QString comoCodigo(const dao::Recordset &linha, int lugar)
+{
+    return runtime::Format(linha.value(lugar), mascaraCodigo);
+}
+
+QString comoData(const dao::Recordset &linha, int lugar)
+{
+    return runtime::Format(linha.value(lugar), mascaraData);
+}
+
+QString comoValor(const dao::Recordset &linha, int lugar)
+{
+    return runtime::Format(linha.value(lugar), mascaraValor);
+}
+
+QString comoSimNao(const dao::Recordset &linha, int lugar)
+{
+    return Verdadeiro(linha.value(lugar)) ? u"Sim"_s : u"Não"_s;
+}
+
+} // namespace core
