@@ -1,7 +1,9 @@
 #include "shell/frmSenhaManut.h"
 
+#include "core/banco.h"
 #include "core/funcoes.h"
 #include "core/janelas.h"
+#include "core/lista.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/boxes.h"
 #include "platform/ui/controls.h"
@@ -9,6 +11,8 @@
 #include "ui_frmSenhaManut.h"
 
 #include <QRegularExpressionValidator>
+
+#include <array>
 
 using namespace Qt::StringLiterals;
 using core::Recusa;
@@ -33,6 +37,29 @@ const auto usuario = u"Usuário"_s;
 const auto administrador = u"Administrador"_s;
 
 enum Coluna { Codigo, Nome, Nivel };
+
+QString codigoDoOperador(const dao::Recordset &linha, int lugar)
+{
+    return runtime::Format(linha.value(lugar), u"00");
+}
+
+QString nivelDoOperador(const dao::Recordset &linha, int lugar)
+{
+    return core::Verdadeiro(linha.value(lugar)) ? administrador : usuario;
+}
+
+core::Marca senhaGuardada(const dao::Recordset &linha)
+{
+    return {.tag = senhaDe(linha)};
+}
+
+constexpr std::array colunas{
+    core::ColunaLista{u"Código", 900, u"Codigo", codigoDoOperador},
+    core::ColunaLista{u"Nome Operador", 4000, u"Nome", core::comoEsta},
+    core::ColunaLista{u"Nível", 1600, u"Admin", nivelDoOperador},
+};
+
+constexpr core::Lista lista{.colunas = colunas, .marca = senhaGuardada};
 
 } // namespace
 
@@ -68,17 +95,10 @@ frmSenhaManut::~frmSenhaManut() = default;
 
 void frmSenhaManut::Form_Load()
 {
-    preparaLista();
+    core::MontaLista(*ui_->Lista, lista);
     ui_->btnOk->hide();
     travaAdmin();
     ui::CentraForm(*this, true);
-}
-
-void frmSenhaManut::preparaLista()
-{
-    ui_->Lista->addColumn(u"Código"_s, 900);
-    ui_->Lista->addColumn(u"Nome Operador"_s, 4000);
-    ui_->Lista->addColumn(u"Nível"_s, 1600);
 }
 
 /// The first operator is always an administrator.
@@ -93,11 +113,7 @@ void frmSenhaManut::travaAdmin()
 
 void frmSenhaManut::btnAtualiza_Click()
 {
-    ui_->Lista->clear();
-    for (const Operador &operador : operadores()) {
-        auto linha = ui_->Lista->addItem(operador.codigo, {operador.nome, operador.admin ? administrador : usuario});
-        linha.setTag(operador.senha);
-    }
+    core::EncheLista(*ui_->Lista, operadores(), lista);
 }
 
 void frmSenhaManut::btnLimpar_Click()

@@ -27,7 +27,6 @@ public:
     void Form_Load() override;
 
 private:
-    void preparaLista();
     void travaAdmin();
     bool codigoValido();
     bool camposValidos();

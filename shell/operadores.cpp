@@ -28,7 +28,7 @@ Operador daLinha(const dao::Recordset &linha)
 {
     return {.codigo = {},
             .nome = core::NuloParaVazio(linha.value(u"Nome")),
-            .senha = core::Desembaralha(core::NuloParaVazio(linha.value(u"Senha"))),
+            .senha = senhaDe(linha),
             .admin = core::Verdadeiro(linha.value(u"Admin"))};
 }
 
@@ -63,15 +63,14 @@ std::optional<Operador> leOperador(const QString &codigo)
     return operador;
 }
 
-std::vector<Operador> operadores()
+dao::Recordset operadores()
 {
-    std::vector<Operador> todos;
-    for (dao::Recordset linha = banco().OpenRecordset(u"SELECT * FROM Senha ORDER BY Codigo"_s); !linha.Eof();
-         linha.MoveNext()) {
-        todos.push_back(daLinha(linha));
-        todos.back().codigo = runtime::Format(linha.value(u"Codigo"), u"00");
-    }
-    return todos;
+    return banco().OpenRecordset(u"SELECT * FROM Senha ORDER BY Codigo"_s);
+}
+
+QString senhaDe(const dao::Recordset &linha)
+{
+    return core::Desembaralha(core::NuloParaVazio(linha.value(u"Senha")));
 }
 
 QString nomeDoOperador(const QString &codigo)

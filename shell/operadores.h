@@ -1,9 +1,10 @@
 #pragma once
 
+#include "platform/dao/recordset.h"
+
 #include <QString>
 
 #include <optional>
-#include <vector>
 
 /// The operators: table `Senha`, passwords scrambled. Codes are texts as the windows hold them, digits only.
 namespace shell
@@ -26,7 +27,10 @@ bool haOperadores();
 std::optional<Operador> leOperador(const QString &codigo);
 
 /// All operators in the order of their codes.
-std::vector<Operador> operadores();
+dao::Recordset operadores();
+
+/// The password of an operator's row, in clear.
+QString senhaDe(const dao::Recordset &linha);
 
 /// The name of a code; "" where there is no such operator.
 QString nomeDoOperador(const QString &codigo);

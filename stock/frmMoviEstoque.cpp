@@ -7,6 +7,7 @@
 #include "core/funcoes.h"
 #include "core/janelas.h"
 #include "core/limites.h"
+#include "core/lista.h"
 #include "core/modos.h"
 #include "core/modulo.h"
 #include "platform/dao/database.h"
@@ -34,19 +35,33 @@ namespace
 constexpr int marcaVenda = 1;      ///< the small picture of a row that opens an order
 constexpr int larguraDaMarca = 20; ///< and its width in pixels
 
-struct Coluna {
-    QStringView titulo;
-    int largura;
-    Qt::Alignment alinhamento;
-};
-
 constexpr std::array caixas{CaixaDeTexto{u"txtDescricao", u"Estoque", u"Descricao"}};
 
+/// Quantities show by the unit of the part.
 constexpr std::array colunas{
-    Coluna{u"Código", 300, Qt::AlignLeft},     Coluna{u"Data", 1300, Qt::AlignLeft},
-    Coluna{u"Descrição", 3300, Qt::AlignLeft}, Coluna{u"Entrada", 1400, Qt::AlignRight},
-    Coluna{u"Saída", 1400, Qt::AlignRight},    Coluna{u"Estoque", 1400, Qt::AlignRight},
+    ColunaLista{u"Código", 300, u"Codigo", comoCodigo},
+    ColunaLista{u"Data", 1300, u"Data", comoData},
+    ColunaLista{u"Descrição", 3300, u"Descricao", comoEsta},
+    ColunaLista{u"Entrada", 1400, u"Entrada", nullptr, Qt::AlignRight},
+    ColunaLista{u"Saída", 1400, u"Saida", nullptr, Qt::AlignRight},
+    ColunaLista{u"Estoque", 1400, u"Estoque", nullptr, Qt::AlignRight},
 };
+
+constexpr std::array<QStringView, 3> semLinhas{u" ", u"", u"Registro Não Localizado"};
+
+/// A row that a sale left keeps the order's number.
+Marca marcaDaVenda(const dao::Recordset &linha)
+{
+    const QString codOS = OrdemDaVenda(comoEsta(linha, linha.fieldPlace(u"Descricao")));
+    return codOS.isEmpty() ? Marca{} : Marca{marcaVenda, codOS};
+}
+
+constexpr Lista movimentos{.colunas = colunas, .marca = marcaDaVenda, .vazia = semLinhas};
+
+QString quantidade(const Value &valor, int codigoUM)
+{
+    return IsNull(valor) ? u" "_s : FormataQuantidade(CDbl(valor), codigoUM);
+}
 
 bool administrador()
 {
@@ -124,9 +139,7 @@ void frmMoviEstoque::Form_Load()
 
 void frmMoviEstoque::montaLista()
 {
-    for (const Coluna &coluna : colunas) {
-        ui_->Lista->addColumn(coluna.titulo.toString(), coluna.largura, coluna.alinhamento);
-    }
+    MontaLista(*ui_->Lista, movimentos);
     // The first column's width is that of the mark alone; the code stands beside it.
     ui_->Lista->setColumnWidth(0, ui_->Lista->header()->sectionSizeHint(0) + larguraDaMarca);
 }
@@ -285,18 +298,9 @@ void frmMoviEstoque::btnPreenche_Click()
     if (codigo.isEmpty()) {
         return;
     }
-    const auto linhas = LinhasDoPeriodo(codigo, textoDe(*ui_->txtDataInicio), textoDe(*ui_->txtDataFim), codigoUM());
-    for (const LinhaEstoque &linha : linhas) {
-        ui::ListItem item =
-            ui_->Lista->addItem(linha.codigo, {linha.data, linha.descricao, linha.entrada, linha.saida, linha.estoque});
-        if (!linha.codOS.isEmpty()) {
-            item.setTag(linha.codOS);
-            item.setSmallIcon(marcaVenda);
-        }
-    }
-    if (linhas.empty()) {
-        ui_->Lista->addItem(u" "_s, {QString(), u"Registro Não Localizado"_s});
-    }
+    EncheLista(
+        *ui_->Lista, LinhasDoPeriodo(codigo, textoDe(*ui_->txtDataInicio), textoDe(*ui_->txtDataFim)), movimentos,
+        [um = codigoUM()](const dao::Recordset &linha, int lugar) { return quantidade(linha.value(lugar), um); });
 }
 
 /// A sale opens its order. A description typed by hand may begin as a sale's and name none.

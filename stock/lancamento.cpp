@@ -58,28 +58,6 @@ dao::Recordset linhasEntre(const QString &codPeca, const QString &inicio, const 
                                   DataSQL(inicio, periodo, fim) + porCodigo);
 }
 
-QString quantidade(const Value &valor, int codigoUM)
-{
-    return IsNull(valor) ? u" "_s : FormataQuantidade(CDbl(valor), codigoUM);
-}
-
-QString ordemDaVenda(const QString &descricao)
-{
-    return descricao.startsWith(venda) ? Right(descricao, tamanhoCodigoOS) : QString();
-}
-
-LinhaEstoque linhaDaLista(const dao::Recordset &linha, int codigoUM)
-{
-    const QString descricao = NuloParaVazio(linha.value(u"Descricao"));
-    return {.codigo = Format(linha.value(u"Codigo"), mascaraCodigo),
-            .data = Format(linha.value(u"Data"), mascaraData),
-            .descricao = descricao,
-            .entrada = quantidade(linha.value(u"Entrada"), codigoUM),
-            .saida = quantidade(linha.value(u"Saida"), codigoUM),
-            .estoque = quantidade(linha.value(u"Estoque"), codigoUM),
-            .codOS = ordemDaVenda(descricao)};
-}
-
 } // namespace
 
 void LancaMovimento(const Movimento &movimento)
@@ -102,19 +80,19 @@ void ExcluiUltimo(const QString &codPeca)
     }
 }
 
-std::vector<LinhaEstoque> LinhasDoPeriodo(const QString &codPeca, const QString &inicio, const QString &fim,
-                                          int codigoUM)
+dao::Recordset LinhasDoPeriodo(const QString &codPeca, const QString &inicio, const QString &fim)
 {
     auto linhas = linhasEntre(codPeca, inicio, fim);
     if (linhas.Eof() && semLinhas(codPeca)) {
         AbreEstoque(codPeca, u"INÍCIO"_s, 0.0F);
         linhas = linhasEntre(codPeca, inicio, fim);
     }
-    std::vector<LinhaEstoque> encontradas;
-    for (; !linhas.Eof(); linhas.MoveNext()) {
-        encontradas.push_back(linhaDaLista(linhas, codigoUM));
-    }
-    return encontradas;
+    return linhas;
+}
+
+QString OrdemDaVenda(const QString &descricao)
+{
+    return descricao.startsWith(venda) ? Right(descricao, tamanhoCodigoOS) : QString();
 }
 
 } // namespace stock

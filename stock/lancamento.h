@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QString>
+#include "platform/dao/recordset.h"
 
-#include <vector>
+#include <QString>
 
 /// The ledger of a part without its window: movements posted by hand, the last row taken back, the rows of a period.
 namespace stock
@@ -27,20 +27,11 @@ void LancaMovimento(const Movimento &movimento);
 /// part without rows.
 void ExcluiUltimo(const QString &codPeca);
 
-/// A row as the list shows it. `codOS` is the order that a sale left by, four digits; "" for any other row.
-struct LinhaEstoque {
-    QString codigo;
-    QString data;
-    QString descricao;
-    QString entrada;
-    QString saida;
-    QString estoque;
-    QString codOS;
-};
+/// The part's rows from one day to another ("dd/mm/yyyy"), in the order of posting. A part without any row gets its
+/// first one here, of 0.
+dao::Recordset LinhasDoPeriodo(const QString &codPeca, const QString &inicio, const QString &fim);
 
-/// The part's rows from one day to another ("dd/mm/yyyy"), in the order of posting, quantities by the unit's code. A
-/// part without any row gets its first one here, of 0.
-std::vector<LinhaEstoque> LinhasDoPeriodo(const QString &codPeca, const QString &inicio, const QString &fim,
-                                          int codigoUM);
+/// The order that a sale left by, by its description: four digits; "" for any other row.
+QString OrdemDaVenda(const QString &descricao);
 
 } // namespace stock

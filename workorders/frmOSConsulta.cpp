@@ -6,6 +6,7 @@
 #include "core/config.h"
 #include "core/funcoes.h"
 #include "core/informacoes.h"
+#include "core/lista.h"
 #include "core/modos.h"
 #include "core/modulo.h"
 #include "core/previsualiza.h"
@@ -60,37 +61,24 @@ const QString colunasDaLista =
 const QString juncao = u"(Veiculos.Codigo = OrdemServico.CodVeiculo AND Clientes.Codigo = OrdemServico.CodCliente)"_s;
 const QString porCodigo = u" ORDER BY OrdemServico.Codigo"_s;
 
-enum class Comparacao { Igual, Parecido, Dia };
-
-struct CampoPesquisa {
-    QStringView condicao;
-    Comparacao comparacao;
+constexpr std::array colunas{
+    ColunaLista{u"Código", 1000, u"Codigo", comoCodigo},
+    ColunaLista{u"Marca/Modelo", 6000, u"MarcaModelo", comoEsta},
+    ColunaLista{u"Ano", 1500, u"Ano", comoEsta},
+    ColunaLista{u"Placas", 2000, u"Placas", comoEsta},
 };
 
-/// By the entry of `cboPesquisa`.
-constexpr std::array camposPesquisa{
-    CampoPesquisa{u"OrdemServico.Codigo = ", Comparacao::Igual},
-    CampoPesquisa{u"Clientes.Nome Like '*", Comparacao::Parecido},
-    CampoPesquisa{u"Veiculos.MarcaModelo Like '*", Comparacao::Parecido},
-    CampoPesquisa{u"ORDEMServico.DataIn BETWEEN ", Comparacao::Dia},
-    CampoPesquisa{u"ORDEMServico.DataOut BETWEEN ", Comparacao::Dia},
-    CampoPesquisa{u"Veiculos.Placas Like '*", Comparacao::Parecido},
-    CampoPesquisa{u"Veiculos.chassi Like '*", Comparacao::Parecido},
-};
+constexpr Lista ordens{.colunas = colunas};
 
-QString condicao(const CampoPesquisa &campo, const QString &texto)
-{
-    constexpr int umDia = 3;
-    switch (campo.comparacao) {
-    case Comparacao::Parecido:
-        return campo.condicao + texto + u"*'"_s;
-    case Comparacao::Dia:
-        return campo.condicao + DataSQL(texto, umDia);
-    case Comparacao::Igual:
-        break;
-    }
-    return campo.condicao + texto;
-}
+constexpr std::array pesquisas{
+    Pesquisa{u"Código O.S.", u"OrdemServico.Codigo = ", Comparacao::Igual},
+    Pesquisa{u"Nome do Cliente", u"Clientes.Nome Like '*", Comparacao::Contem},
+    Pesquisa{u"Marca/Modelo", u"Veiculos.MarcaModelo Like '*", Comparacao::Contem},
+    Pesquisa{u"Data Entrada", u"ORDEMServico.DataIn BETWEEN ", Comparacao::Dia},
+    Pesquisa{u"Data Saída", u"ORDEMServico.DataOut BETWEEN ", Comparacao::Dia},
+    Pesquisa{u"Placas", u"Veiculos.Placas Like '*", Comparacao::Contem},
+    Pesquisa{u"Chassi", u"Veiculos.chassi Like '*", Comparacao::Contem},
+};
 
 /// By the entry of `cboOS`: open, closed, all.
 constexpr std::array<QStringView, 3> situacoes{u" AND OrdemServico.EmAberto = True",
@@ -182,10 +170,8 @@ void frmOSConsulta::Form_Load()
 
 void frmOSConsulta::montaListas()
 {
-    ui_->Lista->addColumn(u"Código"_s, 1000);
-    ui_->Lista->addColumn(u"Marca/Modelo"_s, 6000);
-    ui_->Lista->addColumn(u"Ano"_s, 1500);
-    ui_->Lista->addColumn(u"Placas"_s, 2000);
+    MontaLista(*ui_->Lista, ordens);
+    MontaPesquisas(*ui_->cboPesquisa, pesquisas);
     for (const Aba aba : abas) {
         MontaColunas(lista(aba), aba);
     }
@@ -222,13 +208,7 @@ void frmOSConsulta::aplicaModo()
 
 void frmOSConsulta::enche(const QString &consulta)
 {
-    auto ordens = DBDados->OpenRecordset(consulta);
-    ui_->Lista->clear();
-    for (; !ordens.Eof(); ordens.MoveNext()) {
-        ui_->Lista->addItem(Format(ordens.value(u"Codigo"), mascaraCodigo),
-                            {NuloParaVazio(ordens.value(u"MarcaModelo")), NuloParaVazio(ordens.value(u"Ano")),
-                             NuloParaVazio(ordens.value(u"Placas"))});
-    }
+    EncheLista(*ui_->Lista, DBDados->OpenRecordset(consulta), ordens);
 }
 
 void frmOSConsulta::btnPesquisar_Click()
@@ -237,8 +217,8 @@ void frmOSConsulta::btnPesquisar_Click()
     if (texto.isEmpty()) {
         return;
     }
-    const auto &campo = camposPesquisa.at(static_cast<std::size_t>(ui_->cboPesquisa->currentIndex()));
-    enche(colunasDaLista + condicao(campo, texto) + u" AND "_s + juncao + porCodigo);
+    const Pesquisa &escolhida = pesquisas.at(static_cast<std::size_t>(ui_->cboPesquisa->currentIndex()));
+    enche(colunasDaLista + Condicao(escolhida, texto) + u" AND "_s + juncao + porCodigo);
 }
 
 void frmOSConsulta::btnTodos_Click()

@@ -2,6 +2,7 @@
 
 #include "core/funcoes.h"
 #include "core/janelas.h"
+#include "core/lista.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/controls.h"
 #include "platform/ui/listview.h"
@@ -10,6 +11,8 @@
 
 #include <QLineEdit>
 #include <QRadioButton>
+
+#include <array>
 
 namespace workorders
 {
@@ -22,6 +25,13 @@ namespace
 {
 
 enum Coluna { colVencimento = 1, colValor = 2, colDocumento = 3 };
+
+constexpr std::array colunas{
+    ColunaLista{u"Parcela", 1200},
+    ColunaLista{u"Data Vencim.", 2400},
+    ColunaLista{.titulo = u"Valor Parc.", .largura = 2400, .alinhamento = Qt::AlignRight},
+    ColunaLista{u"Documento", 3600},
+};
 
 struct Situacao {
     QStringView texto;
@@ -52,12 +62,8 @@ void pinta(QWidget *rotulo, QRgb cor)
 
 void MontaColunasDoPlano(ui::ListView &lista, bool comDocumento)
 {
-    lista.addColumn(u"Parcela"_s, 1200);
-    lista.addColumn(u"Data Vencim."_s, 2400);
-    lista.addColumn(u"Valor Parc."_s, 2400, Qt::AlignRight);
-    if (comDocumento) {
-        lista.addColumn(u"Documento"_s, 3600);
-    }
+    const std::span todas(colunas);
+    MontaLista(lista, {.colunas = comDocumento ? todas : todas.first(colDocumento)});
 }
 
 void AcrescentaParcela(ui::ListView &lista, const ParcelaOS &parcela)
