@@ -11,7 +11,6 @@
 #include "platform/ui/listmodel.h"
 #include "platform/ui/listview.h"
 #include "registers/pecas.h"
-#include "stock/lancamento.h"
 #include "tools/amostra/amostra.h"
 
 #include <QAbstractButton>
@@ -205,7 +204,9 @@ const Parts &parts()
 void post(benchmark::State &state, const QString &part)
 {
     for (auto turn : state) {
-        stock::LancaMovimento({part, u"15/05/2024"_s, u"AJUSTE"_s, u"1"_s, stock::Operacao::Entrada});
+        core::LancaNoRazao(core::razaoEstoque,
+                           {.dono = part, .data = u"15/05/2024"_s, .descricao = u"AJUSTE"_s, .valor = u"1"_s},
+                           {core::SaldoAnterior::Busca});
     }
 }
 

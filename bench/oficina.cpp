@@ -108,13 +108,8 @@ void post(benchmark::State &state, const Oficina &workshop)
 {
     workshop.abre();
     for (auto turn : state) {
-        const float last = core::UltimoSaldo(u"SELECT * FROM Caixa Order By Codigo"_s, u"Saldo"_s);
-        core::AcrescentaLinha(u"Caixa"_s, [last](dao::Recordset &row) {
-            row[u"Data"] = runtime::Date{45000.0};
-            row[u"Descricao"] = u"O.S. 0001"_s;
-            row[u"Entrada"] = 1.0F;
-            row[u"Saldo"] = last + 1.0F;
-        });
+        core::LancaNoRazao(core::razaoCaixa,
+                           {.data = runtime::Date{45000.0}, .descricao = u"O.S. 0001"_s, .valor = 1.0F});
     }
 }
 
@@ -122,7 +117,7 @@ void recalculate(benchmark::State &state)
 {
     grande().abre();
     for (auto turn : state) {
-        core::RecalculaRazao(u"SELECT * FROM Caixa ORDER BY Data, Codigo"_s);
+        core::RecalculaRazao(core::razaoCaixa);
     }
 }
 

@@ -12,6 +12,18 @@ namespace core
 namespace
 {
 
+constexpr int semContador = -1;
+
+int lugarDoContador(const dao::Recordset &linhas)
+{
+    for (int lugar = 0; lugar < linhas.fieldCount(); ++lugar) {
+        if (linhas.field(lugar).isCounter()) {
+            return lugar;
+        }
+    }
+    return semContador;
+}
+
 QString primeiroCampo(const QString &consulta)
 {
     if (!DBDados) {
@@ -31,6 +43,17 @@ QString LocalizaCampo(const QString &campo, const QString &tabela, const QString
         // A look-up that fails is a look-up without an answer: the callers test for "" alone.
         return {};
     }
+}
+
+qint32 AcrescentaLinha(const QString &tabela, const std::function<void(dao::Recordset &)> &preenche)
+{
+    dao::Recordset linhas = DBDados->OpenRecordset(tabela);
+    linhas.AddNew();
+    preenche(linhas);
+    const int contador = lugarDoContador(linhas);
+    const qint32 codigo = contador == semContador ? 0 : runtime::CLng(linhas[contador].Value());
+    linhas.Update();
+    return codigo;
 }
 
 runtime::Value ValorOuNulo(const QString &texto)

@@ -3,7 +3,6 @@
 #include "core/banco.h"
 #include "core/janelas.h"
 #include "core/modulo.h"
-#include "core/razao.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/form.h"

@@ -67,6 +67,11 @@ QString DataSQL(const runtime::Value &data1, int modo, const runtime::Value &dat
     }
 }
 
+QString Hoje()
+{
+    return runtime::Format(runtime::Today(), mascaraData);
+}
+
 QString FormataQuantidade(double valor, int codigoUM)
 {
     const NomeUnidade *um = unidade(codigoUM);

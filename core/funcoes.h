@@ -20,6 +20,9 @@ inline constexpr auto mascaraCodigo = u"0000";
 /// the last three to follow BETWEEN. Any other mode gives "".
 QString DataSQL(const runtime::Value &data1, int modo, const runtime::Value &data2 = {});
 
+/// The present day as the windows write it, "dd/mm/yyyy".
+QString Hoje();
+
 /// A quantity by its unit code: three decimals where it has a fraction to three places, else "00" for the units
 /// counted in pieces (0, 3, 4) and "##,##0.000" for those measured (1, 2). Any other code gives "".
 QString FormataQuantidade(double valor, int codigoUM);

@@ -1,5 +1,6 @@
 #include "core/razao.h"
 
+#include "core/banco.h"
 #include "core/funcoes.h"
 #include "core/modulo.h"
 #include "platform/dao/database.h"
@@ -10,29 +11,77 @@ namespace core
 {
 
 using namespace Qt::StringLiterals;
+using runtime::Value;
 
 namespace
 {
 
-constexpr int semContador = -1;
-
-int lugarDoContador(const dao::Recordset &linhas)
+/// Its rows, or those of one owner.
+QString linhasDe(const Razao &razao, const QString &dono)
 {
-    for (int lugar = 0; lugar < linhas.fieldCount(); ++lugar) {
-        if (linhas.field(lugar).isCounter()) {
-            return lugar;
-        }
+    const QString todas = u" FROM "_s + razao.tabela;
+    return razao.dono.isEmpty() ? todas : todas + u" WHERE "_s + razao.dono + u" = "_s + dono;
+}
+
+QString buscado(const Razao &razao, const QString &dono)
+{
+    const QString condicao = razao.dono.isEmpty() ? u"1=1"_s : razao.dono + u" = "_s + dono;
+    return LocalizaCampo(razao.saldo.toString(), razao.tabela.toString(), condicao + u" ORDER BY Codigo DESC"_s);
+}
+
+double numero(const QString &saldo, Precisao precisao)
+{
+    return precisao == Precisao::Double ? runtime::CDbl(saldo) : double{runtime::CSng(saldo)};
+}
+
+double saldoAnterior(const Razao &razao, const QString &dono, const Calculo &calculo)
+{
+    switch (calculo.anterior) {
+    case SaldoAnterior::UltimaLinha:
+        return UltimoSaldo(razao, dono);
+    case SaldoAnterior::Busca:
+        return numero(buscado(razao, dono), calculo.precisao);
+    case SaldoAnterior::BuscaOuZero: {
+        const QString saldo = buscado(razao, dono);
+        return saldo.isEmpty() ? 0 : numero(saldo, calculo.precisao);
     }
-    return semContador;
+    case SaldoAnterior::Nenhum:
+        break;
+    }
+    return 0;
+}
+
+/// What a movement comes to, as the row holds it: a text has become a number by being written.
+float gravado(dao::Recordset &linha, QStringView coluna)
+{
+    return runtime::CSng(linha[coluna].Value());
+}
+
+/// The sides of the row, and the balance behind them.
+Value escreveLados(dao::Recordset &linha, const Lancamento &lancamento, double anterior, Precisao precisao)
+{
+    const bool saida = lancamento.lado == Lado::Saida;
+    const QStringView coluna = saida ? u"Saida" : u"Entrada";
+    linha[coluna] = lancamento.valor;
+    if (lancamento.lado == Lado::Conferencia) {
+        linha[u"Saida"] = lancamento.valor;
+        return lancamento.valor;
+    }
+    if (precisao == Precisao::Double) {
+        const double valor = runtime::CDbl(lancamento.valor);
+        return anterior + (saida ? -valor : valor);
+    }
+    const float valor = gravado(linha, coluna);
+    return SaldoDepois(static_cast<float>(anterior), saida ? -valor : valor);
 }
 
 /// A movement's effect on the balance. A row with neither side has none to give: the conversion of Null fails.
-float movimento(const runtime::Value &entrada, const runtime::Value &saida)
+float movimento(const Value &entrada, const Value &saida)
 {
     return runtime::IsNull(entrada) ? -runtime::CSng(saida) : runtime::CSng(entrada);
 }
 
-void recalcula(dao::Recordset &linhas, const QString &colunaSaldo)
+void recalcula(dao::Recordset &linhas, QStringView colunaSaldo)
 {
     const int entrada = linhas.fieldPlace(u"Entrada");
     const int saida = linhas.fieldPlace(u"Saida");
@@ -48,6 +97,28 @@ void recalcula(dao::Recordset &linhas, const QString &colunaSaldo)
 
 } // namespace
 
+void LancaNoRazao(const Razao &razao, const Lancamento &lancamento, const Calculo &calculo)
+{
+    const double saldo = saldoAnterior(razao, lancamento.dono, calculo);
+    AcrescentaLinha(razao.tabela.toString(), [&](dao::Recordset &linha) {
+        if (!razao.dono.isEmpty()) {
+            linha[razao.dono] = lancamento.dono;
+        }
+        linha[u"Data"] = runtime::IsEmpty(lancamento.data) ? Value(Hoje()) : lancamento.data;
+        linha[u"Descricao"] = lancamento.descricao;
+        linha[razao.saldo] = escreveLados(linha, lancamento, saldo, calculo.precisao);
+        if (!runtime::IsEmpty(lancamento.codOs)) {
+            linha[u"CodOs"] = lancamento.codOs;
+        }
+    });
+}
+
+float UltimoSaldo(const Razao &razao, const QString &dono)
+{
+    return UltimoSaldo(u"SELECT "_s + razao.saldo + linhasDe(razao, dono) + u" ORDER BY Codigo"_s,
+                       razao.saldo.toString());
+}
+
 float UltimoSaldo(const QString &consulta, const QString &coluna)
 {
     dao::Recordset linhas = DBDados->OpenRecordset(consulta);
@@ -58,40 +129,24 @@ float UltimoSaldo(const QString &consulta, const QString &coluna)
     return runtime::CSng(linhas.value(coluna));
 }
 
-qint32 AcrescentaLinha(const QString &tabela, const std::function<void(dao::Recordset &)> &preenche)
-{
-    dao::Recordset linhas = DBDados->OpenRecordset(tabela);
-    linhas.AddNew();
-    preenche(linhas);
-    const int contador = lugarDoContador(linhas);
-    const qint32 codigo = contador == semContador ? 0 : runtime::CLng(linhas[contador].Value());
-    linhas.Update();
-    return codigo;
-}
-
 float SaldoDepois(float saldo, float movimento)
 {
     // The sum of two 32-bit floats is exact enough in 64 bits: rounding it once is the 32-bit sum.
     return runtime::CSng(double{saldo} + double{movimento});
 }
 
-void AbreEstoque(const runtime::Value &codPeca, const QString &descricao, const runtime::Value &quantidade)
+void AbreEstoque(const Value &codPeca, const QString &descricao, const Value &quantidade)
 {
-    AcrescentaLinha(u"Estoque"_s, [&](dao::Recordset &linha) {
-        linha[u"CodPeca"] = codPeca;
-        linha[u"Data"] = runtime::Format(runtime::Today(), mascaraData);
-        linha[u"Descricao"] = descricao;
-        linha[u"Entrada"] = quantidade;
-        linha[u"Estoque"] = quantidade;
-    });
+    LancaNoRazao(razaoEstoque, {.dono = runtime::CStr(codPeca), .descricao = descricao, .valor = quantidade},
+                 {SaldoAnterior::Nenhum});
 }
 
-void RecalculaRazao(const QString &consulta, const QString &colunaSaldo)
+void RecalculaRazao(const Razao &razao, const QString &dono)
 {
     const dao::Unit lote;
-    dao::Recordset linhas = DBDados->OpenRecordset(consulta);
+    dao::Recordset linhas = DBDados->OpenRecordset(u"SELECT *"_s + linhasDe(razao, dono) + u" ORDER BY Data, Codigo"_s);
     if (!linhas.Eof()) {
-        recalcula(linhas, colunaSaldo);
+        recalcula(linhas, razao.saldo);
     }
 }
 

@@ -4,24 +4,59 @@
 
 #include <QString>
 
-#include <functional>
-
-namespace dao
-{
-class Recordset;
-}
-
-/// The running-balance ledger: a table whose every row carries the balance after it (Caixa, Banco1, Banco2, ContaFiado
-/// by customer, Estoque by part). Balances are 32-bit floats, rounded after every row.
+/// The running-balance ledger: a table whose every row carries the balance after it. Balances are 32-bit floats,
+/// rounded after every row.
 namespace core
 {
 
-/// The last row's `coluna` of a statement ordered by Codigo; 0 for no row. Costs one look-up.
-float UltimoSaldo(const QString &consulta, const QString &coluna);
+/// A ledger: its table and balance column, and the column of its owners where every owner has a balance of his own.
+struct Razao {
+    QStringView tabela;
+    QStringView saldo = u"Saldo";
+    QStringView dono = {};
+};
 
-/// Appends a row to `tabela`: `preenche` sets its fields in the order of the caller.
-/// The new row's counter is returned, 0 for a table without one.
-qint32 AcrescentaLinha(const QString &tabela, const std::function<void(dao::Recordset &)> &preenche);
+inline constexpr Razao razaoCaixa{.tabela = u"Caixa"};
+inline constexpr Razao razaoBanco1{.tabela = u"Banco1"};
+inline constexpr Razao razaoBanco2{.tabela = u"Banco2"};
+inline constexpr Razao razaoContaFiado{.tabela = u"ContaFiado", .dono = u"CodCliente"};
+inline constexpr Razao razaoEstoque{.tabela = u"Estoque", .saldo = u"Estoque", .dono = u"CodPeca"};
+
+/// What a movement does to the balance. A stock-taking fills both sides and sets it, whatever it was.
+enum class Lado { Entrada, Saida, Conferencia };
+
+/// A movement to be posted. Values are texts of the screen or numbers.
+struct Lancamento {
+    QString dono = {};        ///< the owner's code, in a ledger that has owners
+    runtime::Value data = {}; ///< today where none is given
+    QString descricao;
+    runtime::Value valor;
+    Lado lado = Lado::Entrada;
+    runtime::Value codOs = {}; ///< the order behind it; not written where none is given
+};
+
+/// How a poster comes to the balance before its row. The windows differ, and their balances with them: a look-up goes
+/// by way of a text, with the seven digits of a Single, and has no number for an empty ledger (error 13).
+enum class SaldoAnterior { UltimaLinha, Busca, BuscaOuZero, Nenhum };
+
+/// The width of the sum. A Double adds the value's text, a Single what the row has stored of it.
+enum class Precisao { Single, Double };
+
+struct Calculo {
+    SaldoAnterior anterior = SaldoAnterior::UltimaLinha;
+    Precisao precisao = Precisao::Single;
+};
+
+/// Appends a movement behind the newest row of its ledger, the one with the highest code, whatever their dates. The
+/// balances of other rows stay. Error 6 for a balance out of range, 3421 for a value that is no number; nothing is
+/// written then.
+void LancaNoRazao(const Razao &razao, const Lancamento &lancamento, const Calculo &calculo = {});
+
+/// The balance of the newest row; 0 for an empty ledger. Costs one look-up.
+float UltimoSaldo(const Razao &razao, const QString &dono = {});
+
+/// The last row's `coluna` of a statement; 0 for no row.
+float UltimoSaldo(const QString &consulta, const QString &coluna);
 
 /// The balance after a movement, negative where something leaves, in 32-bit arithmetic. Error 6 for a sum out of range.
 float SaldoDepois(float saldo, float movimento);
@@ -29,8 +64,8 @@ float SaldoDepois(float saldo, float movimento);
 /// Appends the first row of a part's ledger, dated today: `quantidade` comes in and is the balance.
 void AbreEstoque(const runtime::Value &codPeca, const QString &descricao, const runtime::Value &quantidade);
 
-/// Walks a whole ledger in the order of `consulta` and rewrites each balance: `Entrada` adds, where it is Null
-/// `Saida` takes away. One edit and update a row, whether or not it changed; no transaction.
-void RecalculaRazao(const QString &consulta, const QString &colunaSaldo = QStringLiteral("Saldo"));
+/// Walks a whole ledger, or that of one owner, in the order of date and code, and rewrites each balance: `Entrada`
+/// adds, where it is Null `Saida` takes away. One edit and update a row, whether or not it changed.
+void RecalculaRazao(const Razao &razao, const QString &dono = {});
 
 } // namespace core

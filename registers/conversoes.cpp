@@ -30,7 +30,7 @@ std::optional<Value> hojeNaInclusao(const QString & /*texto*/, Gravacao gravacao
     if (gravacao == Gravacao::Alteracao) {
         return std::nullopt;
     }
-    return Format(Today(), mascaraData);
+    return Hoje();
 }
 
 bool naoVazio(const QString &texto)

@@ -12,7 +12,6 @@
 #include "core/limites.h"
 #include "core/modos.h"
 #include "core/modulo.h"
-#include "core/razao.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/boxes.h"
@@ -233,7 +232,7 @@ bool frmCadaFast::confere()
 qint32 frmCadaFast::incluiCliente() const
 {
     return AcrescentaLinha(u"Clientes"_s, [this](dao::Recordset &cliente) {
-        cliente[u"DataCadastro"] = Format(Today(), mascaraData);
+        cliente[u"DataCadastro"] = Hoje();
         GravaCampos(cliente, camposDoCliente, Gravacao::Inclusao, textos());
     });
 }

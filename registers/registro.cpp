@@ -1,6 +1,6 @@
 #include "registers/registro.h"
 
-#include "core/razao.h"
+#include "core/banco.h"
 #include "platform/dao/recordset.h"
 
 namespace registers

@@ -10,6 +10,7 @@
 #include "core/lista.h"
 #include "core/modos.h"
 #include "core/modulo.h"
+#include "core/razao.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/boxes.h"
@@ -229,7 +230,7 @@ void frmMoviEstoque::txtData_Change()
 
 void frmMoviEstoque::txtData_F1()
 {
-    ui_->txtData->setText(Format(Today(), mascaraData));
+    ui_->txtData->setText(Hoje());
 }
 
 void frmMoviEstoque::txtValor_LostFocus()
@@ -247,12 +248,12 @@ bool frmMoviEstoque::confere()
            ValidaCampo(ui_->txtValor, u"Quantidade Inválida"_s, TipoCampo::Numerico);
 }
 
-Operacao frmMoviEstoque::operacao() const
+Lado frmMoviEstoque::lado() const
 {
     if (ui_->optEntrada->isChecked()) {
-        return Operacao::Entrada;
+        return Lado::Entrada;
     }
-    return ui_->optSaida->isChecked() ? Operacao::Saida : Operacao::Conferencia;
+    return ui_->optSaida->isChecked() ? Lado::Saida : Lado::Conferencia;
 }
 
 void frmMoviEstoque::btnIncluir_Click()
@@ -260,11 +261,13 @@ void frmMoviEstoque::btnIncluir_Click()
     if (!confere() || !ui::Confirm(u"Confirma Inclusão"_s, NomeEmpresa)) {
         return;
     }
-    LancaMovimento({.codPeca = ui_->txtCodPeca->text(),
-                    .data = ui_->txtData->text(),
-                    .descricao = ui_->txtDescricao->text(),
-                    .quantidade = ui_->txtValor->text(),
-                    .operacao = operacao()});
+    LancaNoRazao(razaoEstoque,
+                 {.dono = ui_->txtCodPeca->text(),
+                  .data = ui_->txtData->text(),
+                  .descricao = ui_->txtDescricao->text(),
+                  .valor = ui_->txtValor->text(),
+                  .lado = lado()},
+                 {SaldoAnterior::Busca});
     ui_->txtData->clear();
     ui_->txtDescricao->clear();
     ui_->txtValor->clear();

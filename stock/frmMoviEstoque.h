@@ -14,10 +14,13 @@ namespace dao
 class Recordset;
 }
 
+namespace core
+{
+enum class Lado;
+}
+
 namespace stock
 {
-
-enum class Operacao;
 
 /// The stock ledger of one part: its rows over a period, movements posted by hand, and the last row taken back, which
 /// only an administrator may do. Opened from the report of stocks it shows the report's part alone, to anyone.
@@ -54,7 +57,7 @@ private:
     bool temPeca();
     bool confere();
     int codigoUM() const;
-    Operacao operacao() const;
+    core::Lado lado() const;
 
     std::unique_ptr<Ui::frmMoviEstoque> ui_;
 };

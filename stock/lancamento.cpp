@@ -20,32 +20,6 @@ const QString porCodigo = u" ORDER BY Codigo"_s;
 const QString venda = u"VENDA O.S. "_s;
 constexpr int tamanhoCodigoOS = 4;
 
-/// By way of its text, with the seven digits of a Single; a part without rows has none, and no number either.
-float saldoDaPeca(const QString &codPeca)
-{
-    return CSng(LocalizaCampo(u"Estoque"_s, u"Estoque"_s, u"CodPeca = "_s + codPeca + u" ORDER BY Codigo DESC"_s));
-}
-
-void escreve(dao::Recordset &linha, const Movimento &movimento, float saldo)
-{
-    const QString &quantidade = movimento.quantidade;
-    switch (movimento.operacao) {
-    case Operacao::Entrada:
-        linha[u"Entrada"] = quantidade;
-        linha[u"Estoque"] = SaldoDepois(saldo, CSng(quantidade));
-        break;
-    case Operacao::Saida:
-        linha[u"Saida"] = quantidade;
-        linha[u"Estoque"] = SaldoDepois(saldo, -CSng(quantidade));
-        break;
-    case Operacao::Conferencia:
-        linha[u"Entrada"] = quantidade;
-        linha[u"Saida"] = quantidade;
-        linha[u"Estoque"] = quantidade;
-        break;
-    }
-}
-
 bool semLinhas(const QString &codPeca)
 {
     return DBDados->OpenRecordset(u"SELECT * FROM Estoque WHERE CodPeca = "_s + codPeca + porCodigo).Eof();
@@ -59,17 +33,6 @@ dao::Recordset linhasEntre(const QString &codPeca, const QString &inicio, const 
 }
 
 } // namespace
-
-void LancaMovimento(const Movimento &movimento)
-{
-    const float saldo = saldoDaPeca(movimento.codPeca);
-    AcrescentaLinha(u"SELECT * FROM Estoque"_s, [&](dao::Recordset &linha) {
-        linha[u"CodPeca"] = movimento.codPeca;
-        linha[u"Data"] = movimento.data;
-        linha[u"Descricao"] = movimento.descricao;
-        escreve(linha, movimento, saldo);
-    });
-}
 
 void ExcluiUltimo(const QString &codPeca)
 {

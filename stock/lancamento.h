@@ -4,24 +4,9 @@
 
 #include <QString>
 
-/// The ledger of a part without its window: movements posted by hand, the last row taken back, the rows of a period.
+/// The ledger of a part without its window: the last row taken back, the rows of a period.
 namespace stock
 {
-
-enum class Operacao { Entrada, Saida, Conferencia };
-
-/// A movement as it stands on the screen. A stock-taking sets the balance to its quantity, whatever it was.
-struct Movimento {
-    QString codPeca;
-    QString data;
-    QString descricao;
-    QString quantidade;
-    Operacao operacao = Operacao::Entrada;
-};
-
-/// Appends a movement behind the part's newest row. Error 13 for a part without a ledger row, 6 where the balance
-/// leaves the range of a 32-bit float; nothing is written then.
-void LancaMovimento(const Movimento &movimento);
 
 /// Deletes the part's newest row, whatever wrote it: the balance before it is the current one again. Nothing for a
 /// part without rows.

@@ -226,13 +226,7 @@ qint32 Program::part(const QString &name, const QString &kind, const QString &pr
             row[u"ControlaEstoque"] = static_cast<qint16>(stock ? -1 : 0);
         });
         if (stock) {
-            core::AcrescentaLinha(u"Estoque"_s, [&](dao::Recordset &row) {
-                row[u"CodPeca"] = code;
-                row[u"Data"] = runtime::Today();
-                row[u"Descricao"] = u"ENTRADA INICIAL"_s;
-                row[u"Entrada"] = 0.0F;
-                row[u"Estoque"] = 0.0F;
-            });
+            core::AbreEstoque(code, u"ENTRADA INICIAL"_s, 0.0F);
         }
         return code;
     });

@@ -1,6 +1,7 @@
 #include "workorders/fechamento.h"
 
 #include "core/banco.h"
+#include "core/financas.h"
 #include "core/funcoes.h"
 #include "core/modulo.h"
 #include "core/razao.h"
@@ -19,11 +20,6 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-QString hoje()
-{
-    return Format(Today(), mascaraData);
-}
-
 QString quatroDigitos(const Value &codigo)
 {
     return Format(codigo, mascaraCodigo);
@@ -31,98 +27,50 @@ QString quatroDigitos(const Value &codigo)
 
 // --- the rows of the finance tables
 
-struct Lancamento {
-    QString descricao;
-    QString valor;
-    bool saida = false;
-};
-
-/// Posts to the cash book behind a balance, and gives the new one. The work order is told by the description alone.
-float lancaCaixa(const Lancamento &lancamento, float saldoAnterior)
+/// The work order is told by the description alone.
+void lancaCaixa(const QString &descricao, const QString &valor, Lado lado = Lado::Entrada)
 {
-    float saldo = saldoAnterior;
-    AcrescentaLinha(u"Caixa"_s, [&](dao::Recordset &linha) {
-        linha[u"Data"] = hoje();
-        linha[u"Descricao"] = lancamento.descricao;
-        linha[lancamento.saida ? u"Saida" : u"Entrada"] = lancamento.valor;
-        const float valor = CSng(lancamento.valor);
-        saldo = lancamento.saida ? saldo - valor : saldo + valor;
-        linha[u"Saldo"] = saldo;
-    });
-    return saldo;
-}
-
-float ultimoSaldoCaixa()
-{
-    return UltimoSaldo(u"SELECT * FROM Caixa Order By Codigo"_s, u"Saldo"_s);
+    LancaNoRazao(razaoCaixa, {.descricao = descricao, .valor = valor, .lado = lado});
 }
 
 void lancaContaReceber(const QString &descricao, const QString &valor, const QString &vencimento)
 {
-    AcrescentaLinha(u"ContasReceber"_s, [&](dao::Recordset &linha) {
-        linha[u"Data"] = hoje();
-        linha[u"Descricao"] = descricao;
-        linha[u"Valor"] = valor;
-        linha[u"Vencimento"] = vencimento;
-        linha[u"Pago"] = false;
-    });
+    IncluiConta(TabelaContas::Receber, {.descricao = descricao, .valor = valor, .vencimento = vencimento});
 }
 
-/// Adds a cheque and gives its number in the system, which the account receivable names.
-qint32 lancaCheque(const QString &codigo, const Fechamento::DadosCheque &cheque, const QString &valor,
-                   const QString &vencimento)
+using DadosCheque = Fechamento::DadosCheque;
+
+qint32 lancaCheque(const QString &codigo, const DadosCheque &cheque, const ParcelaOS &parcela)
 {
-    return AcrescentaLinha(u"Cheques"_s, [&](dao::Recordset &linha) {
-        linha[u"CodOs"] = codigo;
-        linha[u"Data"] = hoje();
-        linha[u"Banco"] = ValorOuNulo(cheque.banco);
-        linha[u"Conta"] = ValorOuNulo(cheque.conta);
-        linha[u"Numero"] = ValorOuNulo(cheque.numero);
-        linha[u"Valor"] = valor;
-        linha[u"Vencimento"] = vencimento;
-        linha[u"Pago"] = qint16{0};
-    });
+    return IncluiCheque({.codOs = codigo,
+                         .banco = cheque.banco,
+                         .conta = cheque.conta,
+                         .numero = cheque.numero,
+                         .valor = parcela.valor,
+                         .vencimento = parcela.vencimento});
 }
 
-void lancaFiado(const Fechamento &f, const QString &valor, const QString &vencimento)
+/// A pending order, and the charge to the customer's account.
+void lancaFiado(const Fechamento &f, const QString &valor, const QString &vencimento, const QString &descricao)
 {
-    AcrescentaLinha(u"Fiados"_s, [&](dao::Recordset &linha) {
-        linha[u"CodOs"] = f.codigo;
-        linha[u"CodCliente"] = f.codCliente;
-        linha[u"Data"] = hoje();
-        linha[u"Valor"] = valor;
-        linha[u"Vencimento"] = vencimento;
-        linha[u"Pago"] = false;
-    });
-}
-
-void lancaContaFiado(const QString &codCliente, const Lancamento &lancamento)
-{
-    const float saldo =
-        UltimoSaldo(u"SELECT * FROM ContaFiado WHERE CodCliente = "_s + codCliente + u" ORDER BY Codigo"_s, u"Saldo"_s);
-    AcrescentaLinha(u"ContaFiado"_s, [&](dao::Recordset &linha) {
-        linha[u"CodCliente"] = codCliente;
-        linha[u"Data"] = hoje();
-        linha[u"Descricao"] = lancamento.descricao;
-        linha[u"Entrada"] = lancamento.valor;
-        linha[u"Saldo"] = saldo + CSng(lancamento.valor);
-    });
+    IncluiFiado({.codOs = f.codigo, .codCliente = f.codCliente, .valor = valor, .vencimento = vencimento});
+    LancaNoRazao(razaoContaFiado, {.dono = f.codCliente, .descricao = descricao, .valor = valor});
 }
 
 // --- the payment forms
 
 void fechaAVista(const Fechamento &f)
 {
-    const float saldo = lancaCaixa({u"O.S. "_s + f.codigo, f.total}, ultimoSaldoCaixa());
+    lancaCaixa(u"O.S. "_s + f.codigo, f.total);
     if (!f.desconto.isEmpty()) {
-        lancaCaixa({u"DESCONTO DA O.S. "_s + f.codigo, f.desconto, true}, saldo);
+        lancaCaixa(u"DESCONTO DA O.S. "_s + f.codigo, f.desconto, Lado::Saida);
     }
 }
 
 /// A cheque and the account receivable that follows from it; `parcela` is "00" for a cheque that is no instalment.
-void lancaChequeEConta(const Fechamento &f, const Fechamento::DadosCheque &cheque, const ParcelaOS &parcela)
+void lancaChequeEConta(const Fechamento &f, const DadosCheque &cheque, const ParcelaOS &parcela)
 {
-    const qint32 numero = lancaCheque(f.codigo, cheque, parcela.valor, parcela.vencimento);
+    const qint32 numero = lancaCheque(f.codigo, cheque, parcela);
     const QString descricao = u"CHEQUE CÓD "_s + quatroDigitos(numero) + u'/' + quatroDigitos(f.codigo) + u'-' +
                               Format(parcela.parcela, u"00");
     lancaContaReceber(descricao, parcela.valor, parcela.vencimento);
@@ -154,23 +102,19 @@ void fechaCheques(const Fechamento &f)
 
 void fechaFiado(const Fechamento &f)
 {
-    lancaFiado(f, f.pagamento.valor, f.pagamento.vencimento);
-    lancaContaFiado(f.codCliente, {u"ORDEM SERVIÇO Nº "_s + f.codigo, f.pagamento.valor});
+    lancaFiado(f, f.pagamento.valor, f.pagamento.vencimento, u"ORDEM SERVIÇO Nº "_s + f.codigo);
 }
-
-using DadosCheque = Fechamento::DadosCheque;
 
 void parcelaAVista(const Fechamento &f, const ParcelaOS &parcela, const DadosCheque & /*nenhum*/)
 {
-    lancaCaixa({u"O.S. "_s + f.codigo + u" Parcela "_s + parcela.parcela, parcela.valor}, ultimoSaldoCaixa());
+    lancaCaixa(u"O.S. "_s + f.codigo + u" Parcela "_s + parcela.parcela, parcela.valor);
 }
 
 /// The only credit sale that stands among the accounts receivable too.
 void parcelaAPrazo(const Fechamento &f, const ParcelaOS &parcela, const DadosCheque & /*nenhum*/)
 {
-    lancaFiado(f, parcela.valor, parcela.vencimento);
-    lancaContaFiado(f.codCliente,
-                    {u"ORDEM SERVIÇO Nº "_s + f.codigo + u" PARCELA "_s + parcela.parcela, parcela.valor});
+    lancaFiado(f, parcela.valor, parcela.vencimento,
+               u"ORDEM SERVIÇO Nº "_s + f.codigo + u" PARCELA "_s + parcela.parcela);
     const QString descricao =
         u"O.S. PENDENTE: "_s + f.nomeCliente + u" - Nº "_s + quatroDigitos(f.codigo) + u'-' + parcela.parcela;
     lancaContaReceber(descricao, parcela.valor, parcela.vencimento);
@@ -178,7 +122,7 @@ void parcelaAPrazo(const Fechamento &f, const ParcelaOS &parcela, const DadosChe
 
 void parcelaEmCheque(const Fechamento &f, const ParcelaOS &parcela, const DadosCheque &cheque)
 {
-    const qint32 numero = lancaCheque(f.codigo, cheque, parcela.valor, parcela.vencimento);
+    const qint32 numero = lancaCheque(f.codigo, cheque, parcela);
     const QString descricao = u"CHEQUE: "_s + f.nomeCliente + u" - CÓD "_s + quatroDigitos(numero) + u'/' +
                               quatroDigitos(f.codigo) + u'-' + parcela.parcela;
     lancaContaReceber(descricao, parcela.valor, parcela.vencimento);
@@ -250,7 +194,7 @@ QString marcaFechada(const QString &codigo, const Forma &forma)
     ordem[u"EmAberto"] = false;
     ordem[u"Pago"] = forma.pago;
     if (forma.pago) {
-        ordem[u"DataPagto"] = hoje();
+        ordem[u"DataPagto"] = Hoje();
         ordem[u"FormaPagto"] = forma.nome.toString();
     }
     ordem.Update();
@@ -259,15 +203,9 @@ QString marcaFechada(const QString &codigo, const Forma &forma)
 
 void baixaPeca(const QString &codigo, const Value &codPeca, const Value &quantidade)
 {
-    const float saldo = UltimoSaldo(
-        u"SELECT Estoque FROM Estoque WHERE CodPeca = "_s + CStr(codPeca) + u" ORDER BY Codigo"_s, u"Estoque"_s);
-    AcrescentaLinha(u"Estoque"_s, [&](dao::Recordset &linha) {
-        linha[u"CodPeca"] = codPeca;
-        linha[u"Data"] = hoje();
-        linha[u"Descricao"] = u"VENDA O.S. "_s + codigo;
-        linha[u"Saida"] = quantidade;
-        linha[u"Estoque"] = SaldoDepois(saldo, -CSng(quantidade));
-    });
+    LancaNoRazao(
+        razaoEstoque,
+        {.dono = CStr(codPeca), .descricao = u"VENDA O.S. "_s + codigo, .valor = quantidade, .lado = Lado::Saida});
 }
 
 } // namespace
@@ -297,8 +235,7 @@ QString CreditoDisponivel(const QString &codCliente)
 {
     auto cliente = DBDados->OpenRecordset(u"SELECT LimiteCredito FROM Clientes WHERE Codigo = "_s + codCliente);
     const Value limite = cliente.Eof() ? Value{} : cliente.value(u"LimiteCredito");
-    const float saldo = UltimoSaldo(
-        u"SELECT Saldo FROM ContaFiado WHERE CodCLiente = "_s + codCliente + u" ORDER BY Codigo"_s, u"Saldo"_s);
+    const float saldo = UltimoSaldo(razaoContaFiado, codCliente);
     return Format((IsNull(limite) ? 0.0F : CSng(limite)) - saldo, mascaraValor);
 }
 

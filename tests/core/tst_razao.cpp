@@ -1,5 +1,6 @@
 #include "core/razao.h"
 
+#include "core/banco.h"
 #include "core/modulo.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
@@ -49,6 +50,19 @@ private slots:
     void readsTheLastRowInTheOrderOfTheStatement();
     void theBalanceAfterAMovementIsOf32Bits();
     void aBalanceAfterAMovementOutOfRangeFails();
+    void postsBehindTheNewestRow();
+    void postsToOneOwnerAlone();
+    void writesTheDayAndTheOrderThatAreTold();
+    void aStockTakingFillsBothSidesAndSetsTheBalance();
+    void goesOnFromTheBalanceAsItsPosterReadsIt_data();
+    void goesOnFromTheBalanceAsItsPosterReadsIt();
+    void anEmptyLedgerIsZeroOrNoNumber_data();
+    void anEmptyLedgerIsZeroOrNoNumber();
+    void addsInTheWidthThatIsAskedFor_data();
+    void addsInTheWidthThatIsAskedFor();
+    void takesTheSevenDigitsOfALookUpInBothWidths();
+    void writesNothingWhereAMovementCanNotBePosted_data();
+    void writesNothingWhereAMovementCanNotBePosted();
     void opensTheLedgerOfAPart_data();
     void opensTheLedgerOfAPart();
     void appendsARowAndGivesItsCode();
@@ -92,6 +106,161 @@ void TestRazao::aBalanceAfterAMovementOutOfRangeFails()
 {
     QCOMPARE(errorOf([] { core::SaldoDepois(3e38F, 1e38F); }), 6);
     QCOMPARE(errorOf([] { core::SaldoDepois(-3e38F, -1e38F); }), 6);
+}
+
+void TestRazao::postsBehindTheNewestRow()
+{
+    const support::Program programa;
+    lanca(u"20/05/2024"_s, 10.0F, runtime::Null{}, 10);
+    lanca(u"01/05/2024"_s, runtime::Null{}, 4.0F, 6);
+    core::LancaNoRazao(core::razaoCaixa, {.descricao = u"VENDA"_s, .valor = u"1.234,50"_s});
+    core::LancaNoRazao(core::razaoCaixa, {.descricao = u"TROCO"_s, .valor = 0.5F, .lado = core::Lado::Saida});
+    const QString hoje = u"15/05/2024 00:00:00"_s;
+    const std::vector<QStringList> esperado{
+        {u"3"_s, hoje, u"VENDA"_s, u"1234.5"_s, u"<Null>"_s, u"1240.5"_s, u"<Null>"_s},
+        {u"4"_s, hoje, u"TROCO"_s, u"<Null>"_s, u"0.5"_s, u"1240"_s, u"<Null>"_s}};
+    QCOMPARE(programa.rows(u"SELECT * FROM Caixa WHERE Codigo > 2 ORDER BY Codigo"_s), esperado);
+    QVERIFY(programa.rows(u"SELECT * FROM Banco1"_s).empty());
+}
+
+void TestRazao::postsToOneOwnerAlone()
+{
+    const support::Program programa;
+    const auto cobra = [](const QString &cliente, const QString &valor) {
+        core::LancaNoRazao(core::razaoContaFiado, {.dono = cliente, .descricao = u"O.S."_s, .valor = valor});
+    };
+    cobra(u"0001"_s, u"10,00"_s);
+    cobra(u"2"_s, u"20,00"_s);
+    cobra(u"1"_s, u"5,00"_s);
+    const std::vector<QStringList> esperado{
+        {u"1"_s, u"10"_s, u"10"_s}, {u"2"_s, u"20"_s, u"20"_s}, {u"1"_s, u"5"_s, u"15"_s}};
+    QCOMPARE(programa.rows(u"SELECT CodCliente, Entrada, Saldo FROM ContaFiado ORDER BY Codigo"_s), esperado);
+    QCOMPARE(core::UltimoSaldo(core::razaoContaFiado, u"1"_s), 15.0F);
+    QCOMPARE(core::UltimoSaldo(core::razaoContaFiado, u"3"_s), 0.0F);
+}
+
+void TestRazao::writesTheDayAndTheOrderThatAreTold()
+{
+    const support::Program programa;
+    core::LancaNoRazao(core::razaoBanco2,
+                       {.data = u"01/02/2023"_s, .descricao = u"P.P."_s, .valor = u"1,00"_s, .codOs = u"0012"_s});
+    const std::vector<QStringList> esperado{
+        {u"1"_s, u"01/02/2023 00:00:00"_s, u"P.P."_s, u"1"_s, u"<Null>"_s, u"1"_s, u"12"_s}};
+    QCOMPARE(programa.rows(u"SELECT * FROM Banco2"_s), esperado);
+}
+
+void TestRazao::aStockTakingFillsBothSidesAndSetsTheBalance()
+{
+    const support::Program programa;
+    core::AbreEstoque(7, u"ENTRADA INICIAL"_s, 10.0F);
+    core::LancaNoRazao(
+        core::razaoEstoque,
+        {.dono = u"7"_s, .descricao = u"CONTAGEM"_s, .valor = u"7,5"_s, .lado = core::Lado::Conferencia});
+    const std::vector<QStringList> esperado{{u"7.5"_s, u"7.5"_s, u"7.5"_s}};
+    QCOMPARE(programa.rows(u"SELECT Entrada, Saida, Estoque FROM Estoque WHERE Codigo = 2"_s), esperado);
+}
+
+void TestRazao::goesOnFromTheBalanceAsItsPosterReadsIt_data()
+{
+    QTest::addColumn<int>("anterior");
+    QTest::addColumn<float>("saldo");
+    // The balance before is 16777217 / 8 = 2097152.125: its seven digits are those of 2097152.
+    QTest::newRow("last row") << int(core::SaldoAnterior::UltimaLinha) << 2097153.125F;
+    QTest::newRow("look-up") << int(core::SaldoAnterior::Busca) << 2097153.0F;
+    QTest::newRow("look-up or zero") << int(core::SaldoAnterior::BuscaOuZero) << 2097153.0F;
+    QTest::newRow("none") << int(core::SaldoAnterior::Nenhum) << 1.0F;
+}
+
+void TestRazao::goesOnFromTheBalanceAsItsPosterReadsIt()
+{
+    QFETCH(int, anterior);
+    const support::Program programa;
+    lanca(u"01/05/2024"_s, 1.0F, runtime::Null{}, 2097152.125F);
+    core::LancaNoRazao(core::razaoCaixa, {.descricao = u"VENDA"_s, .valor = 1.0F},
+                       {static_cast<core::SaldoAnterior>(anterior)});
+    QTEST(saldos(u"SELECT * FROM Caixa ORDER BY Codigo"_s).back(), "saldo");
+}
+
+void TestRazao::anEmptyLedgerIsZeroOrNoNumber_data()
+{
+    QTest::addColumn<int>("anterior");
+    QTest::addColumn<int>("lado");
+    QTest::addColumn<int>("erro");
+    const int entra = int(core::Lado::Entrada);
+    QTest::newRow("last row") << int(core::SaldoAnterior::UltimaLinha) << entra << 0;
+    QTest::newRow("look-up") << int(core::SaldoAnterior::Busca) << entra << 13;
+    QTest::newRow("look-up, stock-taking") << int(core::SaldoAnterior::Busca) << int(core::Lado::Conferencia) << 13;
+    QTest::newRow("look-up or zero") << int(core::SaldoAnterior::BuscaOuZero) << entra << 0;
+    QTest::newRow("none") << int(core::SaldoAnterior::Nenhum) << entra << 0;
+}
+
+void TestRazao::anEmptyLedgerIsZeroOrNoNumber()
+{
+    QFETCH(int, anterior);
+    QFETCH(int, lado);
+    QFETCH(int, erro);
+    const support::Program programa;
+    QCOMPARE(errorOf([&] {
+                 core::LancaNoRazao(core::razaoCaixa,
+                                    {.descricao = u"VENDA"_s, .valor = 5.0F, .lado = static_cast<core::Lado>(lado)},
+                                    {static_cast<core::SaldoAnterior>(anterior)});
+             }),
+             erro);
+    QCOMPARE(saldos(u"SELECT * FROM Caixa"_s), erro == 0 ? std::vector<float>{5.0F} : std::vector<float>{});
+}
+
+void TestRazao::addsInTheWidthThatIsAskedFor_data()
+{
+    QTest::addColumn<int>("precisao");
+    QTest::addColumn<float>("saldo");
+    QTest::newRow("32 bits") << int(core::Precisao::Single) << 82.72F - 334.33F;
+    QTest::newRow("64 bits") << int(core::Precisao::Double) << static_cast<float>(82.72 - 334.33);
+}
+
+void TestRazao::addsInTheWidthThatIsAskedFor()
+{
+    QFETCH(int, precisao);
+    const support::Program programa;
+    QVERIFY(82.72F - 334.33F != static_cast<float>(82.72 - 334.33));
+    core::LancaNoRazao(core::razaoContaFiado, {.dono = u"1"_s, .descricao = u"O.S."_s, .valor = u"82,72"_s});
+    core::LancaNoRazao(core::razaoContaFiado,
+                       {.dono = u"1"_s, .descricao = u"PAGAMENTO"_s, .valor = u"334,33"_s, .lado = core::Lado::Saida},
+                       {core::SaldoAnterior::BuscaOuZero, static_cast<core::Precisao>(precisao)});
+    QTEST(saldos(u"SELECT * FROM ContaFiado ORDER BY Codigo"_s).back(), "saldo");
+}
+
+void TestRazao::takesTheSevenDigitsOfALookUpInBothWidths()
+{
+    for (const core::Precisao precisao : {core::Precisao::Single, core::Precisao::Double}) {
+        const support::Program programa;
+        lanca(u"01/05/2024"_s, 1.0F, runtime::Null{}, 2097152.125F);
+        core::LancaNoRazao(core::razaoCaixa, {.descricao = u"VENDA"_s, .valor = u"1"_s},
+                           {core::SaldoAnterior::Busca, precisao});
+        QCOMPARE(saldos(u"SELECT * FROM Caixa ORDER BY Codigo"_s).back(), 2097153.0F);
+    }
+}
+
+void TestRazao::writesNothingWhereAMovementCanNotBePosted_data()
+{
+    QTest::addColumn<QString>("data");
+    QTest::addColumn<QString>("valor");
+    QTest::addColumn<int>("erro");
+    QTest::newRow("no date") << u"ontem"_s << u"1,00"_s << 3421;
+    QTest::newRow("no number") << u"01/05/2024"_s << u"dez"_s << 3421;
+    QTest::newRow("out of range") << u"01/05/2024"_s << u"3E38"_s << 6;
+}
+
+void TestRazao::writesNothingWhereAMovementCanNotBePosted()
+{
+    QFETCH(QString, data);
+    QFETCH(QString, valor);
+    QFETCH(int, erro);
+    const support::Program programa;
+    lanca(u"01/05/2024"_s, 3e38F, runtime::Null{}, 3e38F);
+    QCOMPARE(
+        errorOf([&] { core::LancaNoRazao(core::razaoCaixa, {.data = data, .descricao = u"VENDA"_s, .valor = valor}); }),
+        erro);
+    QCOMPARE(saldos(u"SELECT * FROM Caixa"_s), std::vector<float>{3e38F});
 }
 
 void TestRazao::opensTheLedgerOfAPart_data()
@@ -153,7 +322,7 @@ void TestRazao::recalculatesInTheOrderOfDateAndCode()
     lanca(u"10/05/2024"_s, runtime::Null{}, 30.0F);
     lanca(u"20/05/2024"_s, runtime::Null{}, 1.5F);
     lanca(u"01/05/2024"_s, 50.0F, 7.0F); // with a value in `Entrada` the other side does not count
-    core::RecalculaRazao(recalculaCaixa);
+    core::RecalculaRazao(core::razaoCaixa);
     QCOMPARE(saldos(recalculaCaixa), (std::vector<float>{50.0F, 20.0F, 120.0F, 118.5F}));
     const std::vector<QStringList> esperado{
         {u"1"_s, u"120"_s}, {u"2"_s, u"20"_s}, {u"3"_s, u"118.5"_s}, {u"4"_s, u"50"_s}};
@@ -171,7 +340,7 @@ void TestRazao::roundsTo32BitsAfterEachRow()
         saldo += entrada;
         esperado.push_back(saldo);
     }
-    core::RecalculaRazao(recalculaCaixa);
+    core::RecalculaRazao(core::razaoCaixa);
     QCOMPARE(saldos(recalculaCaixa), esperado);
     QCOMPARE(esperado[3], 16777216.0F); // the 1 is lost, as 32 bits have it
 }
@@ -179,7 +348,7 @@ void TestRazao::roundsTo32BitsAfterEachRow()
 void TestRazao::leavesAnEmptyLedgerAlone()
 {
     const support::Program programa;
-    core::RecalculaRazao(recalculaCaixa);
+    core::RecalculaRazao(core::razaoCaixa);
     QVERIFY(programa.rows(u"SELECT * FROM Caixa"_s).empty());
 }
 
@@ -197,7 +366,7 @@ void TestRazao::recalculatesOnlyTheRowsOfTheStatement()
     conta(1, 10);
     conta(2, 20);
     conta(1, 5);
-    core::RecalculaRazao(u"SELECT * FROM ContaFiado WHERE CodCliente = 1 ORDER BY Data, Codigo"_s);
+    core::RecalculaRazao(core::razaoContaFiado, u"1"_s);
     QCOMPARE(saldos(u"SELECT * FROM ContaFiado ORDER BY Codigo"_s), (std::vector<float>{10.0F, -1.0F, 15.0F}));
 }
 
@@ -207,7 +376,7 @@ void TestRazao::failsOnARowWithNeitherSideAndKeepsTheRowsPassed()
     lanca(u"01/05/2024"_s, 10.0F, runtime::Null{}, 99);
     lanca(u"02/05/2024"_s, runtime::Null{}, runtime::Null{}, 99);
     lanca(u"03/05/2024"_s, 5.0F, runtime::Null{}, 99);
-    QCOMPARE(errorOf([] { core::RecalculaRazao(recalculaCaixa); }), 94);
+    QCOMPARE(errorOf([] { core::RecalculaRazao(core::razaoCaixa); }), 94);
     QCOMPARE(saldos(recalculaCaixa), (std::vector<float>{10.0F, 99.0F, 99.0F}));
 }
 
@@ -216,7 +385,7 @@ void TestRazao::failsOnABalanceOutOfRange()
     const support::Program programa;
     lanca(u"01/05/2024"_s, 3e38F, runtime::Null{});
     lanca(u"02/05/2024"_s, 3e38F, runtime::Null{});
-    QCOMPARE(errorOf([] { core::RecalculaRazao(recalculaCaixa); }), 6);
+    QCOMPARE(errorOf([] { core::RecalculaRazao(core::razaoCaixa); }), 6);
 }
 
 TARVELO_TEST_MAIN(TestRazao)

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "core/banco.h"
 #include "core/modulo.h"
-#include "core/razao.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/error.h"
 #include "platform/ui/form.h"

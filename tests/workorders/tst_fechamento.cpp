@@ -5,7 +5,6 @@
 #include "workorders/abertura.h"
 
 #include "core/banco.h"
-#include "core/razao.h"
 #include "platform/dao/recordset.h"
 #include "platform/runtime/runtime.h"
 

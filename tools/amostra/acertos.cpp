@@ -1,6 +1,7 @@
 #include "tools/amostra/acertos.h"
 
 #include "core/banco.h"
+#include "core/financas.h"
 #include "core/funcoes.h"
 #include "core/modulo.h"
 #include "core/razao.h"
@@ -11,7 +12,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -39,12 +39,7 @@ Faixa faixaDoBanco(int ordensPorMes)
     return {1'000, alvo * 3, alvo};
 }
 
-constexpr auto bancosDaOficina = std::to_array<QStringView>({u"Banco1", u"Banco2"});
-
-QString hoje()
-{
-    return runtime::Format(runtime::Today(), core::mascaraData);
-}
+constexpr std::array bancosDaOficina{core::razaoBanco1, core::razaoBanco2};
 
 QString vencidasAte()
 {
@@ -53,46 +48,13 @@ QString vencidasAte()
 
 // --- postings at the tail of a ledger
 
-struct Movimento {
-    QString descricao;
-    float valor = 0;
-    bool saida = false;
-    std::optional<qint32> codOs = {};
-};
-
-float saldoDe(const QString &tabela)
-{
-    return core::UltimoSaldo(u"SELECT * FROM "_s + tabela + u" ORDER BY Codigo"_s, u"Saldo"_s);
-}
-
-void preenche(dao::Recordset &linha, const Movimento &movimento, float saldo)
-{
-    linha[u"Data"] = hoje();
-    linha[u"Descricao"] = movimento.descricao;
-    linha[movimento.saida ? u"Saida" : u"Entrada"] = movimento.valor;
-    linha[u"Saldo"] = movimento.saida ? saldo - movimento.valor : saldo + movimento.valor;
-}
-
-void lanca(const QString &tabela, const Movimento &movimento)
-{
-    const float saldo = saldoDe(tabela);
-    core::AcrescentaLinha(tabela, [&](dao::Recordset &linha) {
-        preenche(linha, movimento, saldo);
-        if (movimento.codOs) {
-            linha[u"CodOs"] = *movimento.codOs;
-        }
-    });
-}
+using core::Lado;
 
 /// A payment that came in from a customer: what is owed falls.
 void abateDaConta(const QString &codCliente, const QString &descricao, float valor)
 {
-    const QString consulta = u"SELECT * FROM ContaFiado WHERE CodCliente = "_s + codCliente + u" ORDER BY Codigo"_s;
-    const float saldo = core::UltimoSaldo(consulta, u"Saldo"_s);
-    core::AcrescentaLinha(u"ContaFiado"_s, [&](dao::Recordset &linha) {
-        linha[u"CodCliente"] = codCliente;
-        preenche(linha, {descricao, valor, true}, saldo);
-    });
+    core::LancaNoRazao(core::razaoContaFiado,
+                       {.dono = codCliente, .descricao = descricao, .valor = valor, .lado = Lado::Saida});
 }
 
 // --- receivables
@@ -117,16 +79,13 @@ void quitaPendencia(const QString &descricao, qint32 codOs, float valor)
     core::DBDados->Execute(u"UPDATE Fiados SET Pago = True WHERE CodOs = "_s + ordem);
 }
 
-void recebe(dao::Recordset &conta, const QString &razao)
+void recebe(dao::Recordset &conta, const core::Razao &razao)
 {
     const QString descricao = runtime::CStr(conta.value(u"Descricao"));
     const float valor = runtime::CSng(conta.value(u"Valor"));
     const qint32 codOs = ordemDaDescricao(descricao);
-    conta.Edit();
-    conta[u"Pago"] = true;
-    conta[u"DataPagto"] = hoje();
-    conta.Update();
-    lanca(razao, {descricao, valor, false, codOs});
+    core::BaixaConta(conta, core::Hoje());
+    core::LancaNoRazao(razao, {.descricao = descricao, .valor = valor, .codOs = codOs});
     if (descricao.startsWith(u"O.S. PENDENTE")) {
         quitaPendencia(descricao, codOs, valor);
     }
@@ -157,27 +116,16 @@ void recebeFiado(dao::Recordset &fiado)
     fiado.Edit();
     fiado[u"Pago"] = true;
     fiado.Update();
-    lanca(u"Caixa"_s, {u"O.S. "_s + ordem, valor});
+    core::LancaNoRazao(core::razaoCaixa, {.descricao = u"O.S. "_s + ordem, .valor = valor});
     abateDaConta(runtime::CStr(fiado.value(u"CodCliente")), u"PAGAMENTO O.S. "_s + ordem, valor);
 }
 
 // --- bills and bank
 
-void lancaDespesa(const QString &descricao, const QString &valor, const QString &vencimento)
-{
-    core::AcrescentaLinha(u"ContasPagar"_s, [&](dao::Recordset &linha) {
-        linha[u"Data"] = hoje();
-        linha[u"Descricao"] = descricao;
-        linha[u"Valor"] = valor;
-        linha[u"Vencimento"] = vencimento;
-        linha[u"Pago"] = false;
-    });
-}
-
 void abreBancos()
 {
-    for (const QStringView banco : bancosDaOficina) {
-        lanca(banco.toString(), {u"SALDO INICIAL"_s, saldoInicialDoBanco});
+    for (const core::Razao &banco : bancosDaOficina) {
+        core::LancaNoRazao(banco, {.descricao = u"SALDO INICIAL"_s, .valor = saldoInicialDoBanco});
     }
 }
 
@@ -188,9 +136,9 @@ float emCentenas(float valor)
 }
 
 /// What is too much in a ledger, negative for what is missing; 0 where it is well.
-float sobra(const QString &tabela, const Faixa &faixa)
+float sobra(const core::Razao &razao, const Faixa &faixa)
 {
-    const float saldo = saldoDe(tabela);
+    const float saldo = core::UltimoSaldo(razao);
     if (saldo >= faixa.menor && saldo <= faixa.maior) {
         return 0;
     }
@@ -199,13 +147,17 @@ float sobra(const QString &tabela, const Faixa &faixa)
 
 void transfere(float valor, bool deposito)
 {
-    lanca(u"Caixa"_s, {deposito ? u"DEPÓSITO BANCO 01"_s : u"SAQUE BANCO 01"_s, valor, deposito});
-    lanca(u"Banco1"_s, {deposito ? u"DEPÓSITO EM DINHEIRO"_s : u"SAQUE EM DINHEIRO"_s, valor, !deposito});
+    core::LancaNoRazao(core::razaoCaixa, {.descricao = deposito ? u"DEPÓSITO BANCO 01"_s : u"SAQUE BANCO 01"_s,
+                                          .valor = valor,
+                                          .lado = deposito ? Lado::Saida : Lado::Entrada});
+    core::LancaNoRazao(core::razaoBanco1, {.descricao = deposito ? u"DEPÓSITO EM DINHEIRO"_s : u"SAQUE EM DINHEIRO"_s,
+                                           .valor = valor,
+                                           .lado = deposito ? Lado::Entrada : Lado::Saida});
 }
 
 void acertaCaixa()
 {
-    const float demais = sobra(u"Caixa"_s, faixaDoCaixa);
+    const float demais = sobra(core::razaoCaixa, faixaDoCaixa);
     if (demais != 0) {
         transfere(std::abs(demais), demais > 0);
     }
@@ -214,11 +166,12 @@ void acertaCaixa()
 /// The owner takes out what the workshop earned, and puts in what it lacks.
 void acertaBancos(const Faixa &faixa)
 {
-    for (const QStringView banco : bancosDaOficina) {
-        const float demais = sobra(banco.toString(), faixa);
+    for (const core::Razao &banco : bancosDaOficina) {
+        const float demais = sobra(banco, faixa);
         if (demais != 0) {
-            lanca(banco.toString(),
-                  {demais > 0 ? u"RETIRADA DO SÓCIO"_s : u"APORTE DO SÓCIO"_s, std::abs(demais), demais > 0});
+            core::LancaNoRazao(banco, {.descricao = demais > 0 ? u"RETIRADA DO SÓCIO"_s : u"APORTE DO SÓCIO"_s,
+                                       .valor = std::abs(demais),
+                                       .lado = demais > 0 ? Lado::Saida : Lado::Entrada});
         }
     }
 }
@@ -235,26 +188,23 @@ float soma(dao::Recordset contas)
 /// Bills are paid from the cash box: what it lacks comes from the bank, and what the bank lacks from the owner.
 void provisiona(float total)
 {
-    const float falta = total - saldoDe(u"Caixa"_s);
+    const float falta = total - core::UltimoSaldo(core::razaoCaixa);
     if (falta <= 0) {
         return;
     }
     const float saque = emCentenas(falta);
-    const float aporte = emCentenas(saque - saldoDe(u"Banco1"_s));
+    const float aporte = emCentenas(saque - core::UltimoSaldo(core::razaoBanco1));
     if (aporte > 0) {
-        lanca(u"Banco1"_s, {u"APORTE DO SÓCIO"_s, aporte});
+        core::LancaNoRazao(core::razaoBanco1, {.descricao = u"APORTE DO SÓCIO"_s, .valor = aporte});
     }
     transfere(saque, false);
 }
 
 void paga(dao::Recordset &conta)
 {
-    conta.Edit();
-    conta[u"Pago"] = true;
-    conta[u"DataPagto"] = hoje();
-    conta.Update();
+    core::BaixaConta(conta, core::Hoje());
     const QString descricao = runtime::CStr(conta.value(u"Descricao"));
-    lanca(u"Caixa"_s, {descricao, runtime::CSng(conta.value(u"Valor")), true});
+    core::LancaNoRazao(core::razaoCaixa, {.descricao = descricao, .valor = conta.value(u"Valor"), .lado = Lado::Saida});
 }
 
 void pagaDespesas()
@@ -271,16 +221,9 @@ void pagaDespesas()
 
 void compra(const Item &item, float quantidade)
 {
-    const float saldo = core::UltimoSaldo(u"SELECT Estoque FROM Estoque WHERE CodPeca = "_s +
-                                              QString::number(item.codigo) + u" ORDER BY Codigo"_s,
-                                          u"Estoque"_s);
-    core::AcrescentaLinha(u"Estoque"_s, [&](dao::Recordset &linha) {
-        linha[u"CodPeca"] = item.codigo;
-        linha[u"Data"] = hoje();
-        linha[u"Descricao"] = u"COMPRA DE FORNECEDOR"_s;
-        linha[u"Entrada"] = quantidade;
-        linha[u"Estoque"] = saldo + quantidade;
-    });
+    core::LancaNoRazao(
+        core::razaoEstoque,
+        {.dono = QString::number(item.codigo), .descricao = u"COMPRA DE FORNECEDOR"_s, .valor = quantidade});
 }
 
 } // namespace
@@ -325,9 +268,9 @@ void Acertos::recebeContas()
     auto contas = core::DBDados->OpenRecordset(u"SELECT * FROM ContasReceber"_s + vencidasAte());
     for (; !contas.Eof(); contas.MoveNext()) {
         if (runtime::CStr(contas.value(u"Descricao")).startsWith(u"CHEQUE")) {
-            recebe(contas, sorteio_.um(bancosDaOficina).toString());
+            recebe(contas, sorteio_.um(bancosDaOficina));
         } else if (sorteio_.chance(emDia)) {
-            recebe(contas, u"Caixa"_s);
+            recebe(contas, core::razaoCaixa);
         }
     }
 }
@@ -352,7 +295,9 @@ void Acertos::lancaDespesas()
         const int inteira = despesa.valor + despesa.porOrdem * ordensPorMes_;
         const qint64 valor = qint64{inteira} * deDespesas_.entre(92, 108) / 100;
         const runtime::Date vencimento = runtime::DateAdd(u"d", deDespesas_.entre(3, 20), runtime::Today());
-        lancaDespesa(despesa.descricao.toString(), Reais(valor), runtime::Format(vencimento, core::mascaraData));
+        core::IncluiConta(core::TabelaContas::Pagar, {.descricao = despesa.descricao.toString(),
+                                                      .valor = Reais(valor),
+                                                      .vencimento = runtime::Format(vencimento, core::mascaraData)});
     }
 }
 

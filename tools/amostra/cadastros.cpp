@@ -1,7 +1,7 @@
 #include "tools/amostra/cadastros.h"
 
+#include "core/banco.h"
 #include "core/combos.h"
-#include "core/razao.h"
 #include "platform/dao/database.h"
 #include "registers/registro.h"
 #include "shell/operadores.h"

@@ -2,7 +2,6 @@
 
 #include "core/funcoes.h"
 #include "core/modulo.h"
-#include "core/razao.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
 #include "tools/amostra/acertos.h"

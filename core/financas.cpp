@@ -1,0 +1,67 @@
+#include "core/financas.h"
+
+#include "core/banco.h"
+#include "core/funcoes.h"
+#include "platform/dao/recordset.h"
+
+namespace core
+{
+
+using namespace Qt::StringLiterals;
+using runtime::IsEmpty;
+using runtime::Value;
+
+void IncluiConta(TabelaContas tabela, const Conta &conta)
+{
+    AcrescentaLinha(tabela == TabelaContas::Receber ? u"ContasReceber"_s : u"ContasPagar"_s,
+                    [&](dao::Recordset &linha) {
+                        linha[u"Data"] = IsEmpty(conta.data) ? Value(Hoje()) : conta.data;
+                        linha[u"Descricao"] = conta.descricao;
+                        linha[u"Valor"] = conta.valor;
+                        linha[u"Vencimento"] = conta.vencimento;
+                        linha[u"Pago"] = false;
+                        if (!IsEmpty(conta.codOs)) {
+                            linha[u"CodOs"] = conta.codOs;
+                        }
+                    });
+}
+
+void BaixaConta(dao::Recordset &conta, const Value &data, const Value &valor)
+{
+    conta.Edit();
+    if (!IsEmpty(valor)) {
+        conta[u"Valor"] = valor;
+    }
+    conta[u"Pago"] = true;
+    conta[u"DataPagto"] = data;
+    conta.Update();
+}
+
+qint32 IncluiCheque(const Cheque &cheque)
+{
+    return AcrescentaLinha(u"Cheques"_s, [&](dao::Recordset &linha) {
+        linha[u"CodOs"] = cheque.codOs;
+        linha[u"Data"] = Hoje();
+        linha[u"Banco"] = ValorOuNulo(cheque.banco);
+        linha[u"Conta"] = ValorOuNulo(cheque.conta);
+        linha[u"Numero"] = ValorOuNulo(cheque.numero);
+        linha[u"Valor"] = cheque.valor;
+        linha[u"Vencimento"] = cheque.vencimento;
+        linha[u"Pago"] = qint16{0};
+        linha[u"Observacoes"] = ValorOuNulo(cheque.observacoes);
+    });
+}
+
+void IncluiFiado(const Fiado &fiado)
+{
+    AcrescentaLinha(u"Fiados"_s, [&](dao::Recordset &linha) {
+        linha[u"CodOs"] = fiado.codOs;
+        linha[u"CodCliente"] = fiado.codCliente;
+        linha[u"Data"] = Hoje();
+        linha[u"Valor"] = fiado.valor;
+        linha[u"Vencimento"] = fiado.vencimento;
+        linha[u"Pago"] = false;
+    });
+}
+
+} // namespace core

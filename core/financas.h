@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/runtime/value.h"
+
+#include <QString>
+
+namespace dao
+{
+class Recordset;
+}
+
+/// The rows of money that is still to come or to go: accounts, cheques and pending orders. Whoever leaves one leaves it
+/// by these functions, unpaid. Values are texts of the screen or numbers; an empty text of a cheque is Null.
+namespace core
+{
+
+enum class TabelaContas { Receber, Pagar };
+
+/// An account to receive or to pay.
+struct Conta {
+    runtime::Value data = {}; ///< today where none is given
+    QString descricao;
+    runtime::Value valor;
+    runtime::Value vencimento;
+    runtime::Value codOs = {}; ///< the order behind it; not written where none is given
+};
+void IncluiConta(TabelaContas tabela, const Conta &conta);
+
+/// Marks an account's current row as paid on a day, with `valor` at another value than it was written with.
+void BaixaConta(dao::Recordset &conta, const runtime::Value &data, const runtime::Value &valor = {});
+
+struct Cheque {
+    QString codOs; ///< "0" for one that no order brought
+    QString banco;
+    QString conta;
+    QString numero;
+    runtime::Value valor;
+    runtime::Value vencimento;
+    QString observacoes = {};
+};
+
+/// Dated today. Gives the cheque's number in the system, which the account receivable names.
+qint32 IncluiCheque(const Cheque &cheque);
+
+/// An order whose customer pays later.
+struct Fiado {
+    QString codOs;
+    QString codCliente;
+    runtime::Value valor;
+    runtime::Value vencimento;
+};
+void IncluiFiado(const Fiado &fiado);
+
+} // namespace core
