@@ -53,6 +53,7 @@ void Keyset::copyRows()
         }
     }
     drained_ = true;
+    held_ = copy_.data();
     plan_->scan.giveBack(std::move(scan_));
 }
 
