@@ -1,0 +1,36 @@
+#pragma once
+
+#include "core/pagina.h"
+
+#include <optional>
+
+namespace reports
+{
+
+/// What a double click on a row opens: the record whose code is the row's text.
+struct Abertura {
+    QStringView janela;
+    qint16 modo;
+    bool soMarcada = false;                ///< only from a row with the small icon
+    std::optional<qint16> modoDepois = {}; ///< what the mode goes back to
+};
+
+/// A report: an entry of the catalogue, found by `ModoChamada`. One without a page is a list that is not printed.
+struct Relatorio {
+    qint16 modo;
+    QStringView titulo;                    ///< tail of the caption; "%1" stands for `detalhe`
+    void (*preenche)(ui::ListView &lista); ///< makes the columns and fills the list
+    QString (*detalhe)() = nullptr;
+    const core::Pagina *(*pagina)() = nullptr;  ///< asked ahead of every print, as it may depend on an answer
+    core::TextosDaPagina (*textos)() = nullptr; ///< read again for every print
+    std::optional<Abertura> abertura = {};
+};
+
+/// The page of a report that has but one.
+template<const core::Pagina &pagina>
+const core::Pagina *unica()
+{
+    return &pagina;
+}
+
+} // namespace reports

@@ -1,0 +1,368 @@
+#include "core/banco.h"
+#include "core/funcoes.h"
+#include "core/modulo.h"
+#include "platform/dao/database.h"
+#include "platform/printer/printer.h"
+#include "platform/runtime/runtime.h"
+#include "platform/ui/listview.h"
+#include "reports/folhavista.h"
+#include "reports/frmRelatorio.h"
+#include "reports/reports.h"
+#include "support/cadastro.h"
+#include "support/program.h"
+
+#include <QElapsedTimer>
+#include <QPushButton>
+#include <QTest>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+using namespace core;
+using support::click;
+
+namespace
+{
+
+// --- a catalogue of three invented reports
+
+constexpr std::array camposDasPecas{CampoDaLista{0}, CampoDaLista{1}, CampoDaLista{2, Lado::Direita}};
+constexpr std::array linhasDasPecas{LinhaImpressa{u"CÓDIGO - DESCRIÇÃO                 - V. VENDA  ", camposDasPecas}};
+constexpr Pagina paginaDasPecas{.titulo = u"LISTA DE PREÇOS", .linhas = linhasDasPecas};
+
+constexpr std::array linhasSemValor{
+    LinhaImpressa{u"CÓDIGO - DESCRIÇÃO                 ", std::span(camposDasPecas).first<2>()}};
+constexpr Pagina paginaSemValor{.titulo = u"LISTA DE PEÇAS", .linhas = linhasSemValor, .deitada = true};
+
+QString letra; ///< what a selection window asks for
+bool comValor = true;
+
+void preenchePecas(ui::ListView &lista)
+{
+    lista.addColumn(u"Código"_s, 800);
+    lista.addColumn(u"Descrição"_s, 3000);
+    lista.addColumn(u"Valor"_s, 1200, Qt::AlignRight);
+    auto pecas = DBDados->OpenRecordset(u"SELECT * FROM Pecas WHERE Nome LIKE '"_s + letra + u"*' ORDER BY Nome"_s);
+    float total = 0;
+    for (; !pecas.Eof(); pecas.MoveNext()) {
+        const float valor = runtime::CSng(pecas.value(u"ValorVenda"));
+        total += valor;
+        auto linha = lista.addItem(runtime::Format(pecas.value(u"Codigo"), mascaraCodigo),
+                                   {NuloParaVazio(pecas.value(u"Nome")), runtime::Format(valor, mascaraValor)});
+        linha.setSmallIcon(valor > 0 ? 1 : 0);
+    }
+    lista.addItem({}, {u"Total:"_s, runtime::Format(total, mascaraValor)});
+}
+
+QString detalheDasPecas()
+{
+    return letra + u" a Z"_s;
+}
+
+TextosDaPagina textosDasPecas()
+{
+    return {.linhas = {{{u"Peças de.........: "_s, letra + u" à Z"_s}}}};
+}
+
+const Pagina *paginaEscolhida()
+{
+    return comValor ? &paginaDasPecas : &paginaSemValor;
+}
+
+void preencheNomes(ui::ListView &lista)
+{
+    lista.addColumn(u"Nome"_s, 3000);
+    lista.addItem(u"UM"_s);
+}
+
+constexpr std::array catalogo{
+    reports::Relatorio{.modo = 90,
+                       .titulo = u" - [Preços de %1]",
+                       .preenche = preenchePecas,
+                       .detalhe = detalheDasPecas,
+                       .pagina = paginaEscolhida,
+                       .textos = textosDasPecas,
+                       .abertura = reports::Abertura{u"frmProva", 91, true, 90}},
+    reports::Relatorio{.modo = 92,
+                       .titulo = u" - [Peças]",
+                       .preenche = preenchePecas,
+                       .pagina = reports::unica<paginaDasPecas>,
+                       .abertura = reports::Abertura{u"frmProva", 93}},
+    reports::Relatorio{.modo = 94, .titulo = u" - [Nomes]", .preenche = preencheNomes},
+};
+
+/// A window that shows a record.
+class Prova : public ui::Form
+{
+public:
+    Prova() : ui::Form(u"frmProva"_s) {}
+
+    void Form_Load() override { aberturas << u"%1/%2"_s.arg(ModoChamada).arg(CodigoConsulta); }
+
+    static QStringList aberturas; ///< mode and code of every load
+};
+QStringList Prova::aberturas;
+
+const QString janela = u"frmRelatorio"_s;
+
+ui::Form *abre(int modo)
+{
+    return cadastro::open(janela, modo);
+}
+
+/// The lines of the document that went to the printer last, page by page, without blank ones.
+std::vector<QStringList> impresso()
+{
+    std::vector<QStringList> folhas;
+    for (const printer::Page &folha : printer::printer().lastDocument()) {
+        folhas.push_back(folha.lines());
+        folhas.back().removeAll(QString());
+    }
+    return folhas;
+}
+
+std::vector<QStringList> previsto()
+{
+    ui::Form *previa = ui::Forms::instance().find(u"frmRelaPreVisualiza"_s);
+    std::vector<QStringList> folhas;
+    while (auto *pic = previa->findChild<reports::FolhaVista *>(u"pic_%1"_s.arg(folhas.size() + 1))) {
+        folhas.push_back(pic->pagina().lines());
+        folhas.back().removeAll(QString());
+    }
+    return folhas;
+}
+
+void clicaDuasVezes(ui::Form *form, int linha)
+{
+    cadastro::list(form)->selectRow(linha);
+    support::key(form, u"Lista"_s, Qt::Key_Return);
+}
+
+} // namespace
+
+/// Reports beside those of the program: an entry of the catalogue is all that each takes.
+class TestRelatorio : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void theModeChoosesTheReport();
+    void aModeWithoutAReportIsAnEmptyWindow();
+    void printsWhatTheListShows();
+    void printsAgainAsThePageIsAskedForThen();
+    void previewsWhatItPrints();
+    void thePreviewPrintsThroughTheReport();
+    void theListStandsAsItIs();
+    void aReportWithoutAPageHasNoPaper();
+    void aDoubleClickOpensTheRecord();
+    void aRowWithoutAMarkOrACodeOpensNothing();
+    void aLongListIsPreviewedAtOnce();
+    void btnVoltarCloses();
+
+private:
+    std::unique_ptr<support::Program> programa_;
+};
+
+void TestRelatorio::initTestCase()
+{
+    reports::registerForms();
+    ui::Forms::instance().add(janela, [] { return new reports::frmRelatorio(catalogo); });
+    ui::Forms::instance().add(u"frmProva"_s, [] { return new Prova; });
+}
+
+void TestRelatorio::init()
+{
+    programa_ = std::make_unique<support::Program>();
+    programa_->part(u"AMORTECEDOR"_s, u"P"_s, u"150"_s);
+    programa_->part(u"BUZINA"_s, u"P"_s, u"35,5"_s);
+    programa_->part(u"BRINDE"_s, u"P"_s, u"0"_s);
+    letra.clear();
+    comValor = true;
+    Prova::aberturas.clear();
+}
+
+void TestRelatorio::cleanup()
+{
+    programa_.reset();
+}
+
+void TestRelatorio::theModeChoosesTheReport()
+{
+    letra = u"B"_s;
+    ui::Form *form = abre(90);
+    QCOMPARE(form->windowTitle(), u"Tarvelo - [Preços de B a Z]"_s);
+    QCOMPARE(cadastro::titlesOf(form), (QStringList{u"Código"_s, u"Descrição"_s, u"Valor"_s}));
+    QCOMPARE(cadastro::rowsOf(form), (cadastro::Rows{
+                                         {u"0003"_s, u"BRINDE"_s, u"0,00"_s},
+                                         {u"0002"_s, u"BUZINA"_s, u"35,50"_s},
+                                         {u""_s, u"Total:"_s, u"35,50"_s},
+                                     }));
+    form->Unload();
+
+    QCOMPARE(abre(94)->windowTitle(), u"Tarvelo - [Nomes]"_s);
+}
+
+void TestRelatorio::aModeWithoutAReportIsAnEmptyWindow()
+{
+    ui::Form *form = abre(5);
+    QCOMPARE(cadastro::list(form)->count(), 0);
+    QVERIFY(support::controlOf(form, u"btnPrint"_s)->isHidden());
+    QVERIFY(support::controlOf(form, u"btnPrevisualizar"_s)->isHidden());
+}
+
+void TestRelatorio::printsWhatTheListShows()
+{
+    ui::Form *form = abre(90);
+    cadastro::list(form)->sortBy(1, Qt::DescendingOrder);
+    click(form, u"btnPrint"_s);
+    QCOMPARE(impresso(), (std::vector<QStringList>{{
+                             u"             LISTA DE PREÇOS"_s,
+                             u"                                             Tarvelo"_s,
+                             u"Data.............: 15/05/2024"_s,
+                             u"Peças de.........:  à Z"_s,
+                             u"Nº de Registros..: 4"_s,
+                             u"Exibindo.....: de: 1 à 4"_s,
+                             u"CÓDIGO - DESCRIÇÃO                 - V. VENDA"_s,
+                             u"         Total:                          185,50"_s,
+                             u"0002     BUZINA                           35,50"_s,
+                             u"0003     BRINDE                            0,00"_s,
+                             u"0001     AMORTECEDOR                     150,00"_s,
+                         }}));
+}
+
+void TestRelatorio::printsAgainAsThePageIsAskedForThen()
+{
+    ui::Form *form = abre(90);
+    click(form, u"btnPrint"_s);
+    QVERIFY(impresso().front().contains(u"Peças de.........:  à Z"_s));
+
+    letra = u"M"_s;
+    comValor = false;
+    click(form, u"btnPrint"_s);
+    QCOMPARE(impresso().front().mid(3, 4), (QStringList{
+                                               u"Peças de.........: M à Z"_s,
+                                               u"Nº de Registros..: 4"_s,
+                                               u"Exibindo.....: de: 1 à 4"_s,
+                                               u"CÓDIGO - DESCRIÇÃO"_s,
+                                           }));
+    QCOMPARE(impresso().front().last(), u"         Total:"_s);
+    const QSizeF folha = printer::printer().lastDocument().front().size();
+    QVERIFY(folha.width() > folha.height());
+}
+
+void TestRelatorio::previewsWhatItPrints()
+{
+    for (int peca = 4; peca <= 50; ++peca) {
+        programa_->part(u"CALOTA %1"_s.arg(peca), u"P"_s, u"10"_s);
+    }
+    ui::Form *form = abre(92);
+    click(form, u"btnPrint"_s);
+    click(form, u"btnPrevisualizar"_s);
+    QCOMPARE(impresso().size(), 2U); // the row of the total is the 51st
+    QCOMPARE(previsto(), impresso());
+    QCOMPARE(impresso().at(1).mid(4), (QStringList{
+                                          u"Exibindo.....: de: 51 à 51"_s,
+                                          u"CÓDIGO - DESCRIÇÃO                 - V. VENDA"_s,
+                                          u"         Total:                          655,50"_s,
+                                      }));
+}
+
+void TestRelatorio::thePreviewPrintsThroughTheReport()
+{
+    ui::Form *form = abre(92);
+    click(form, u"btnPrint"_s);
+    const auto esperado = impresso();
+    comValor = false;
+    printer::printer().Print(u"OUTRO"_s);
+    printer::printer().EndDoc();
+
+    click(form, u"btnPrevisualizar"_s);
+    ui::Form *previa = support::show(u"frmRelaPreVisualiza"_s);
+    click(previa, u"btnPrint"_s);
+    QCOMPARE(impresso(), esperado);
+    QCOMPARE(support::text(form, u"lblPrint"_s), u"1"_s);
+}
+
+void TestRelatorio::theListStandsAsItIs()
+{
+    ui::Form *form = abre(92);
+    const auto linhas = cadastro::rowsOf(form);
+    programa_->sql(u"DELETE * FROM Pecas"_s);
+    click(form, u"btnPrint"_s);
+    QCOMPARE(cadastro::rowsOf(form), linhas);
+    QCOMPARE(impresso().front().last(), u"         Total:                          185,50"_s);
+}
+
+void TestRelatorio::aReportWithoutAPageHasNoPaper()
+{
+    ui::Form *form = abre(94);
+    QVERIFY(support::controlOf(form, u"btnPrint"_s)->isHidden());
+    QVERIFY(support::controlOf(form, u"btnPrevisualizar"_s)->isHidden());
+    const auto antes = impresso();
+    ui::Forms::instance().write(janela, u"lblPrint"_s, u"1"_s);
+    QCOMPARE(impresso(), antes);
+    form->Unload();
+
+    form = abre(92);
+    QVERIFY(support::controlOf(form, u"btnPrint"_s)->isVisible());
+    QVERIFY(support::controlOf(form, u"btnPrevisualizar"_s)->isVisible());
+}
+
+void TestRelatorio::aDoubleClickOpensTheRecord()
+{
+    ui::Form *form = abre(90);
+    clicaDuasVezes(form, 2);
+    QTRY_COMPARE(Prova::aberturas, QStringList{u"91/2"_s});
+    QCOMPARE(ModoChamada, 90); // as the report goes on
+    support::show(janela);
+    clicaDuasVezes(form, 0);
+    QTRY_COMPARE(Prova::aberturas, (QStringList{u"91/2"_s, u"91/1"_s}));
+    form->Unload();
+
+    form = abre(92);
+    clicaDuasVezes(form, 1);
+    QTRY_COMPARE(Prova::aberturas, (QStringList{u"91/2"_s, u"91/1"_s, u"93/3"_s}));
+    QCOMPARE(ModoChamada, 93);
+}
+
+void TestRelatorio::aRowWithoutAMarkOrACodeOpensNothing()
+{
+    ui::Form *form = abre(90);
+    clicaDuasVezes(form, 1); // has no value, so no mark
+    clicaDuasVezes(form, 3); // the total
+    clicaDuasVezes(form, 2);
+    QTRY_COMPARE(Prova::aberturas, QStringList{u"91/2"_s});
+}
+
+void TestRelatorio::aLongListIsPreviewedAtOnce()
+{
+    constexpr int linhas = 20'000;
+    ui::ListView *lista = cadastro::list(abre(92));
+    lista->clear();
+    for (int linha = 0; linha < linhas; ++linha) {
+        lista->addItem(QString::number(linha), {u"PECA %1"_s.arg(linha), u"10,00"_s});
+    }
+    QElapsedTimer relogio;
+    relogio.start();
+    ImprimeLista(Acao::PreVisualiza, *lista, paginaDasPecas);
+    QCOMPARE(support::text(ui::Forms::instance().find(u"frmRelaPreVisualiza"_s), u"lblPaginas"_s), u"400"_s);
+    QVERIFY2(relogio.elapsed() < 5000, qPrintable(QString::number(relogio.elapsed())));
+    std::size_t marcas = 0;
+    for (const QStringList &folha : previsto()) {
+        marcas += folha.size();
+    }
+    QCOMPARE(marcas, std::size_t(linhas + 400 * 6));
+}
+
+void TestRelatorio::btnVoltarCloses()
+{
+    click(abre(92), u"btnVoltar"_s);
+    QVERIFY(!cadastro::isOpen(janela));
+}
+
+TARVELO_TEST_MAIN(TestRelatorio)
+#include "tst_relatorio.moc"
