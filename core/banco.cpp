@@ -77,4 +77,14 @@ bool Verdadeiro(const runtime::Value &valor)
     return !runtime::IsNull(valor) && runtime::CBool(valor);
 }
 
+bool Administrador(const QString &operador)
+{
+    return LocalizaCampo(u"Admin"_s, u"Senha"_s, u"Codigo = "_s + operador) == u"True";
+}
+
+bool Administrador()
+{
+    return Administrador(QString::number(CodOperador));
+}
+
 } // namespace core

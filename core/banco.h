@@ -31,4 +31,8 @@ QString NuloParaVazio(const runtime::Value &valor);
 /// A yes/no column of any type (Boolean, or an Integer of -1 and 0) as a truth value; Null is False.
 bool Verdadeiro(const runtime::Value &valor);
 
+/// Whether that operator is an administrator; without a code, the one logged in.
+bool Administrador(const QString &operador);
+bool Administrador();
+
 } // namespace core

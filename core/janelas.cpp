@@ -1,5 +1,6 @@
 #include "core/janelas.h"
 
+#include "core/banco.h"
 #include "core/embaralha.h"
 #include "core/funcoes.h"
 #include "core/modulo.h"
@@ -8,6 +9,7 @@
 #include "platform/runtime/runtime.h"
 #include "platform/ui/boxes.h"
 #include "platform/ui/form.h"
+#include "platform/ui/reasons.h"
 #include "platform/ui/units.h"
 #include "platform/ui/wait.h"
 
@@ -177,6 +179,16 @@ void LimpaForm(ui::Form &form, const Limpeza &o)
     }
     if (o.checks) {
         desmarca<QCheckBox>(form);
+    }
+}
+
+void SoAdministrador(const QString &motivo, std::initializer_list<QWidget *> botoes)
+{
+    if (Administrador()) {
+        return;
+    }
+    for (QWidget *botao : botoes) {
+        ui::enableIf(false, botao, motivo);
     }
 }
 

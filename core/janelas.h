@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <initializer_list>
+
 class QLineEdit;
 class QWidget;
 
@@ -57,6 +59,9 @@ struct Limpeza {
     bool checks = false;
 };
 void LimpaForm(ui::Form &form, const Limpeza &o = {});
+
+/// Disables buttons for an operator who is no administrator, and says why.
+void SoAdministrador(const QString &motivo, std::initializer_list<QWidget *> botoes);
 
 /// An exclamation box, then the field selected: how every check answers.
 void Recusa(const QString &mensagem, QWidget *controle);

@@ -1,5 +1,6 @@
 #include "shell/frmMDI.h"
 
+#include "core/banco.h"
 #include "core/config.h"
 #include "core/esquema.h"
 #include "core/modulo.h"
@@ -10,7 +11,6 @@
 #include "platform/ui/forms.h"
 #include "shell/lembretes.h"
 #include "shell/menus.h"
-#include "shell/operadores.h"
 #include "shell/passos.h"
 #include "ui_frmMDI.h"
 
@@ -85,7 +85,7 @@ void frmMDI::MDIForm_Load()
 
 void frmMDI::aplicaAdmin()
 {
-    if (!ehAdministrador(QString::number(core::CodOperador))) {
+    if (!core::Administrador()) {
         fechaAoUsuario(*ui_->MenuBar, *ui_->Toolbar1);
     }
 }

@@ -78,14 +78,9 @@ QString nomeDoOperador(const QString &codigo)
     return LocalizaCampo(u"Nome"_s, u"Senha"_s, doCodigo(codigo));
 }
 
-bool ehAdministrador(const QString &codigo)
-{
-    return LocalizaCampo(u"Admin"_s, u"Senha"_s, doCodigo(codigo)) == u"True";
-}
-
 bool unicoAdministrador(const QString &codigo)
 {
-    return ehAdministrador(codigo) && LocalizaCampo(u"count(codigo)"_s, u"Senha"_s, u"Admin = true"_s) == u"1";
+    return core::Administrador(codigo) && LocalizaCampo(u"count(codigo)"_s, u"Senha"_s, u"Admin = true"_s) == u"1";
 }
 
 void incluiOperador(const Operador &novo)

@@ -35,8 +35,6 @@ QString senhaDe(const dao::Recordset &linha);
 /// The name of a code; "" where there is no such operator.
 QString nomeDoOperador(const QString &codigo);
 
-bool ehAdministrador(const QString &codigo);
-
 /// True for the one administrator that is left.
 bool unicoAdministrador(const QString &codigo);
 
