@@ -7,6 +7,7 @@
 #include "registers/estados.h"
 
 #include "core/banco.h"
+#include "core/caixacodigo.h"
 #include "core/combos.h"
 #include "core/funcoes.h"
 #include "core/limites.h"
@@ -66,7 +67,7 @@ frmCadaFast::~frmCadaFast() = default;
 
 void frmCadaFast::ligaEventos()
 {
-    onLostFocus(ui_->txtCodCliente, &frmCadaFast::txtCodCliente_LostFocus);
+    ligaCliente();
     filterKeys(ui_->txtCodCliente, SoInteiros);
     onLostFocus(ui_->txtNome, &frmCadaFast::txtNome_LostFocus);
     filterKeys(ui_->txtNumero, SoDecimais);
@@ -79,8 +80,6 @@ void frmCadaFast::ligaEventos()
     onChange(ui_->cboMarca, &frmCadaFast::cboMarca_Change);
     onChange(ui_->txtAno, &frmCadaFast::txtAno_Change);
     onLostFocus(ui_->txtPlaca, &frmCadaFast::txtPlaca_LostFocus);
-    onClick(ui_->btnClienteFind, &frmCadaFast::btnClienteFind_Click);
-    onKey(ui_->txtCodCliente, Qt::Key_F1, &frmCadaFast::btnClienteFind_Click);
     onClick(ui_->btnMarcaAdd, &frmCadaFast::btnMarcaAdd_Click);
     onClick(ui_->btnMarcaRemove, &frmCadaFast::btnMarcaRemove_Click);
     LigaBotoesDaLista(ui_->cboMarca, ui_->btnMarcaAdd, ui_->btnMarcaRemove);
@@ -111,22 +110,19 @@ void frmCadaFast::limitaTextos(const QString &tabela, std::span<const Campo> cam
     }
 }
 
-void frmCadaFast::txtCodCliente_LostFocus()
+void frmCadaFast::ligaCliente()
 {
-    const QString codigo = ui_->txtCodCliente->text();
-    if (codigo.isEmpty()) {
-        limpaCliente();
-        return;
-    }
-    auto cliente = DBDados->OpenRecordset(u"SELECT * FROM Clientes WHERE Codigo = "_s + codigo);
-    if (cliente.Eof()) {
-        ui::MsgBox(u"Código do Cliente não localizado"_s, ui::Icon::Exclamation, NomeEmpresa);
-        limpaCliente();
-        SelecionaTexto(ui_->txtCodCliente);
-        return;
-    }
-    ui_->txtCodCliente->setText(Format(codigo, mascaraCodigo));
-    mostraCliente(cliente);
+    new CaixaDeCodigo(*this, ui_->txtCodCliente,
+                      {.consulta = [](const QString &codigo) -> QString {
+                           return u"SELECT * FROM Clientes WHERE Codigo = "_s + codigo;
+                       },
+                       .naoLocalizado = u"Código do Cliente não localizado",
+                       .mostra = [this](const dao::Recordset &cliente) { mostraCliente(cliente); },
+                       .esvazia = [this] { limpaCliente(); },
+                       .vazioEsvazia = true,
+                       .cadastro = u"frmCadaCliente",
+                       .procura = ui_->btnClienteFind,
+                       .modoProcura = modoProcuraClienteDoCadastroRapido});
 }
 
 void frmCadaFast::mostraCliente(const dao::Recordset &cliente)
@@ -189,11 +185,6 @@ void frmCadaFast::txtAno_Change()
 void frmCadaFast::cboMarca_Change()
 {
     AutoCompletaCombo(ui_->cboMarca);
-}
-
-void frmCadaFast::btnClienteFind_Click()
-{
-    Chama(u"frmCadaCliente"_s, modoProcuraClienteDoCadastroRapido);
 }
 
 void frmCadaFast::btnMarcaAdd_Click()

@@ -38,7 +38,6 @@ public:
     static std::span<const core::Devolucao> devolucoes();
 
 private:
-    void txtCodCliente_LostFocus();
     void txtNome_LostFocus();
     void txtCEP_Change();
     void txtFone1_Change();
@@ -46,13 +45,13 @@ private:
     void cboMarca_Change();
     void txtAno_Change();
     void txtPlaca_LostFocus();
-    void btnClienteFind_Click();
     void btnMarcaAdd_Click();
     void btnMarcaRemove_Click();
     void btnIncluir_Click();
     void btnVoltar_Click();
 
     void ligaEventos();
+    void ligaCliente();
     QWidget *controle(QStringView nome) const;
     TextoDoControle textos() const;
     void limitaTextos(const QString &tabela, std::span<const Campo> campos) const;

@@ -7,6 +7,7 @@
 #include "registers/painelcadastro.h"
 
 #include "core/banco.h"
+#include "core/caixacodigo.h"
 #include "core/funcoes.h"
 #include "core/informacoes.h"
 #include "core/modos.h"
@@ -38,11 +39,9 @@ frmCadaVeiculos::frmCadaVeiculos() : Cadastro(registroVeiculos()), ui_(std::make
     ui_->setupUi(this);
     ligaCadastro(*ui_->painelCadastro);
     ligaMarca();
-    onLostFocus(ui_->txtCodCliente, &frmCadaVeiculos::txtCodCliente_LostFocus);
-    onKey(ui_->txtCodCliente, Qt::Key_F1, &frmCadaVeiculos::btnClienteFind_Click);
+    ligaCliente();
     onKey(ui_->txtCodCliente, Qt::Key_F2, &frmCadaVeiculos::btnClienteAdd_Click);
     onLostFocus(ui_->txtPlaca, &frmCadaVeiculos::txtPlaca_LostFocus);
-    onClick(ui_->btnClienteFind, &frmCadaVeiculos::btnClienteFind_Click);
     onClick(ui_->btnClienteAdd, &frmCadaVeiculos::btnClienteAdd_Click);
     onClick(ui_->btnClienteInfo, &frmCadaVeiculos::btnClienteInfo_Click);
 
@@ -54,31 +53,28 @@ frmCadaVeiculos::frmCadaVeiculos() : Cadastro(registroVeiculos()), ui_(std::make
 
 frmCadaVeiculos::~frmCadaVeiculos() = default;
 
-void frmCadaVeiculos::txtCodCliente_LostFocus()
+void frmCadaVeiculos::ligaCliente()
 {
-    const QString codigo = ui_->txtCodCliente->text();
-    if (codigo.isEmpty()) {
-        return;
-    }
-    const auto cliente = DBDados->OpenRecordset(u"SELECT Nome FROM Clientes WHERE Codigo = "_s + codigo);
-    if (cliente.Eof()) {
-        ui::MsgBox(u"Código do Cliente não Localizado ou não Cadastrado"_s, ui::Icon::Exclamation, NomeEmpresa);
-        ui_->lblNomeCliente->setText({});
-        return;
-    }
-    ui_->lblNomeCliente->setText(NuloParaVazio(cliente.value(u"Nome")));
-    ui_->txtCodCliente->setText(runtime::Format(codigo, mascaraCodigo));
+    new CaixaDeCodigo(*this, ui_->txtCodCliente,
+                      {.consulta = [](const QString &codigo) -> QString {
+                           return u"SELECT Nome FROM Clientes WHERE Codigo = "_s + codigo;
+                       },
+                       .naoLocalizado = u"Código do Cliente não Localizado ou não Cadastrado",
+                       .mostra =
+                           [this](const dao::Recordset &cliente) {
+                               ui_->lblNomeCliente->setText(NuloParaVazio(cliente.value(u"Nome")));
+                           },
+                       .esvazia = [this] { ui_->lblNomeCliente->setText({}); },
+                       .voltaOFoco = false,
+                       .cadastro = u"frmCadaCliente",
+                       .procura = ui_->btnClienteFind,
+                       .modoProcura = modoProcuraClienteDoVeiculo});
 }
 
 void frmCadaVeiculos::txtPlaca_LostFocus()
 {
     AvisaSeHa(u"SELECT Placas FROM Veiculos WHERE Placas = '"_s + ui_->txtPlaca->text() + u"'"_s,
               u"Placa já cadastrada"_s);
-}
-
-void frmCadaVeiculos::btnClienteFind_Click()
-{
-    Chama(u"frmCadaCliente"_s, modoProcuraClienteDoVeiculo);
 }
 
 /// The order that asked for a new vehicle is still waiting for it: its mode is kept.

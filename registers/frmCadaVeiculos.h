@@ -25,11 +25,11 @@ protected:
     void limpa() override;
 
 private:
-    void txtCodCliente_LostFocus();
     void txtPlaca_LostFocus();
-    void btnClienteFind_Click();
     void btnClienteAdd_Click();
     void btnClienteInfo_Click();
+
+    void ligaCliente();
 
     std::unique_ptr<Ui::frmCadaVeiculos> ui_;
 };

@@ -3,6 +3,8 @@
 #include "ui_frmMoviEstoque.h"
 
 #include "core/banco.h"
+#include "core/caixacodigo.h"
+#include "core/caixadata.h"
 #include "core/devolucao.h"
 #include "core/funcoes.h"
 #include "core/janelas.h"
@@ -64,20 +66,9 @@ QString quantidade(const Value &valor, int codigoUM)
     return IsNull(valor) ? u" "_s : FormataQuantidade(CDbl(valor), codigoUM);
 }
 
-bool administrador()
-{
-    return LocalizaCampo(u"Admin"_s, u"Senha"_s, u"Codigo = "_s + QString::number(CodOperador)) == u"True";
-}
-
 QString textoDe(const ui::DTPicker &data)
 {
     return data.date().toString(u"dd/MM/yyyy"_s);
-}
-
-/// The mask puts the bars in; who types them too must not get them twice.
-QChar semBarra(QChar tecla)
-{
-    return tecla == u'/' ? QChar() : tecla;
 }
 
 /// A code is looked for by its number, in the notation of the statements; a text that is none can only be an external
@@ -85,6 +76,16 @@ QChar semBarra(QChar tecla)
 QString numeroDe(const QString &texto)
 {
     return IsNumeric(texto) ? decimalText(CDbl(texto), 15) : u"0"_s;
+}
+
+QString consultaDaPeca(const QString &codigo)
+{
+    return u"SELECT * FROM Pecas WHERE Codigo = "_s + numeroDe(codigo) + u" OR CodExterno = '"_s + codigo + u"'"_s;
+}
+
+QStringView semControle(const dao::Recordset &peca)
+{
+    return Verdadeiro(peca.value(u"ControlaEstoque")) ? u"" : u"Peça/Serviço com controle de estoque indisponível";
 }
 
 } // namespace
@@ -106,13 +107,8 @@ frmMoviEstoque::~frmMoviEstoque() = default;
 void frmMoviEstoque::ligaEventos()
 {
     connect(this, &ui::Form::unloaded, this, &frmMoviEstoque::Form_Unload);
-    onLostFocus(ui_->txtCodPeca, &frmMoviEstoque::txtCodPeca_LostFocus);
-    onKey(ui_->txtCodPeca, Qt::Key_F1, &frmMoviEstoque::btnPecaFind_Click);
-    onClick(ui_->btnPecaFind, &frmMoviEstoque::btnPecaFind_Click);
-    onChange(ui_->txtData, &frmMoviEstoque::txtData_Change);
-    onKey(ui_->txtData, Qt::Key_F1, &frmMoviEstoque::txtData_F1);
-    filterKeys(ui_->txtData, semBarra);
-    tidyPaste(ui_->txtData, DataColada);
+    ligaPeca();
+    LigaData(*this, ui_->txtData, {.soDigitos = false});
     onLostFocus(ui_->txtValor, &frmMoviEstoque::txtValor_LostFocus);
     onLostFocus(ui_->txtDataInicio, &frmMoviEstoque::txtDataInicio_LostFocus);
     onLostFocus(ui_->txtDataFim, &frmMoviEstoque::txtDataFim_LostFocus);
@@ -133,8 +129,8 @@ void frmMoviEstoque::Form_Load()
     ui_->txtDataFim->setDate(toDateTime(Today()).date());
     if (ModoChamada == modoEstoqueDeUmaPeca) {
         mostraSoAPeca();
-    } else if (!administrador()) {
-        ui::enableIf(false, ui_->btnExcluir, u"Somente o administrador exclui registros"_s);
+    } else {
+        SoAdministrador(u"Somente o administrador exclui registros"_s, {ui_->btnExcluir});
     }
 }
 
@@ -148,7 +144,7 @@ void frmMoviEstoque::montaLista()
 void frmMoviEstoque::mostraSoAPeca()
 {
     ui_->txtCodPeca->setText(Format(CodigoConsulta, mascaraCodigo));
-    txtCodPeca_LostFocus();
+    peca_->procura();
     ui_->txtCodPeca->setEnabled(false);
     ui::enableIf(false, ui_->btnPecaFind, u"A janela foi aberta para esta peça"_s);
 }
@@ -163,30 +159,23 @@ void frmMoviEstoque::Form_Unload()
 
 // --- the part
 
-void frmMoviEstoque::txtCodPeca_LostFocus()
+void frmMoviEstoque::ligaPeca()
 {
-    const QString codigo = ui_->txtCodPeca->text();
-    if (codigo.isEmpty()) {
-        return;
-    }
-    auto peca = DBDados->OpenRecordset(u"SELECT * FROM Pecas WHERE Codigo = "_s + numeroDe(codigo) +
-                                       u" OR CodExterno = '"_s + codigo + u"'"_s);
-    if (peca.Eof()) {
-        recusaPeca(u"Código não localizado"_s);
-    } else if (!Verdadeiro(peca.value(u"ControlaEstoque"))) {
-        recusaPeca(u"Peça/Serviço com controle de estoque indisponível"_s);
-    } else {
-        mostraPeca(peca);
-        ui_->txtData->setFocus();
-    }
+    peca_ = new CaixaDeCodigo(*this, ui_->txtCodPeca,
+                              {.consulta = consultaDaPeca,
+                               .naoLocalizado = u"Código não localizado",
+                               .recusa = semControle,
+                               .mostra = [this](const dao::Recordset &peca) { mostraPeca(peca); },
+                               .esvazia = [this] { esvazia(); },
+                               .cadastro = u"frmCadaPecas",
+                               .procura = ui_->btnPecaFind,
+                               .modoProcura = modoProcuraPecaDoEstoque});
 }
 
-void frmMoviEstoque::recusaPeca(const QString &mensagem)
+void frmMoviEstoque::esvazia()
 {
-    ui::MsgBox(mensagem, ui::Icon::Exclamation, NomeEmpresa);
     LimpaForm(*this);
     ui_->Lista->clear();
-    SelecionaTexto(ui_->txtCodPeca);
 }
 
 void frmMoviEstoque::mostraPeca(const dao::Recordset &peca)
@@ -198,6 +187,7 @@ void frmMoviEstoque::mostraPeca(const dao::Recordset &peca)
     ui::setTagOf(ui_->lblUM, um);
     ui_->lblUM->setText(NomeDaUnidade(codigoUM()));
     ui_->lblEstoqueMin->setText(IsNull(minimo) ? QString() : FormataQuantidade(CDbl(minimo), codigoUM()));
+    ui_->txtData->setFocus();
 }
 
 /// A part without a unit counts in pieces.
@@ -205,11 +195,6 @@ int frmMoviEstoque::codigoUM() const
 {
     const QString um = ui::tagOf(ui_->lblUM);
     return um.isEmpty() ? 0 : CInt(um);
-}
-
-void frmMoviEstoque::btnPecaFind_Click()
-{
-    Chama(u"frmCadaPecas"_s, modoProcuraPecaDoEstoque);
 }
 
 bool frmMoviEstoque::temPeca()
@@ -222,16 +207,6 @@ bool frmMoviEstoque::temPeca()
 }
 
 // --- a movement
-
-void frmMoviEstoque::txtData_Change()
-{
-    MascaraTexto(ui_->txtData, TipoMascara::Data);
-}
-
-void frmMoviEstoque::txtData_F1()
-{
-    ui_->txtData->setText(Hoje());
-}
 
 void frmMoviEstoque::txtValor_LostFocus()
 {

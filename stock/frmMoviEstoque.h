@@ -9,6 +9,11 @@ namespace Ui
 class frmMoviEstoque;
 }
 
+namespace core
+{
+class CaixaDeCodigo;
+}
+
 namespace dao
 {
 class Recordset;
@@ -36,10 +41,6 @@ public:
 
 private:
     void Form_Unload();
-    void txtCodPeca_LostFocus();
-    void btnPecaFind_Click();
-    void txtData_Change();
-    void txtData_F1();
     void txtValor_LostFocus();
     void txtDataInicio_LostFocus();
     void txtDataFim_LostFocus();
@@ -51,15 +52,17 @@ private:
 
     void ligaEventos();
     void montaLista();
+    void ligaPeca();
     void mostraSoAPeca();
     void mostraPeca(const dao::Recordset &peca);
-    void recusaPeca(const QString &mensagem);
+    void esvazia();
     bool temPeca();
     bool confere();
     int codigoUM() const;
     core::Lado lado() const;
 
     std::unique_ptr<Ui::frmMoviEstoque> ui_;
+    core::CaixaDeCodigo *peca_ = nullptr; ///< goes with txtCodPeca
 };
 
 } // namespace stock

@@ -2,6 +2,7 @@
 
 #include "ui_frmOSAbre.h"
 
+#include "core/caixacodigo.h"
 #include "core/combos.h"
 #include "core/config.h"
 #include "core/informacoes.h"
@@ -44,11 +45,13 @@ frmOSAbre::frmOSAbre()
 
     onGotFocus(ui_->txtCodVeiculo, &frmOSAbre::txtCodVeiculo_GotFocus);
     onLostFocus(ui_->txtCodVeiculo, &frmOSAbre::txtCodVeiculo_LostFocus);
-    onKey(ui_->txtCodVeiculo, Qt::Key_F1, &frmOSAbre::btnVeiculoFind_Click);
-    onKey(ui_->txtCodVeiculo, Qt::Key_F2, &frmOSAbre::btnVeiculoAdd_Click);
+    new CaixaDeCodigo(*this, ui_->txtCodVeiculo,
+                      {.cadastro = u"frmCadaVeiculos",
+                       .procura = ui_->btnVeiculoFind,
+                       .modoProcura = modoProcuraVeiculo,
+                       .inclui = ui_->btnVeiculoAdd,
+                       .modoInclui = modoIncluiVeiculo});
     onChange(ui_->txtMecanico, &frmOSAbre::txtMecanico_Change);
-    onClick(ui_->btnVeiculoFind, &frmOSAbre::btnVeiculoFind_Click);
-    onClick(ui_->btnVeiculoAdd, &frmOSAbre::btnVeiculoAdd_Click);
     onClick(ui_->btnInfoVeiculo, &frmOSAbre::btnInfoVeiculo_Click);
     onClick(ui_->btnInfoCliente, &frmOSAbre::btnInfoCliente_Click);
     onClick(ui_->btnMecAdd, &frmOSAbre::btnMecAdd_Click);
@@ -166,16 +169,6 @@ void frmOSAbre::limpaVeiculo()
 void frmOSAbre::txtMecanico_Change()
 {
     AutoCompletaCombo(ui_->txtMecanico);
-}
-
-void frmOSAbre::btnVeiculoFind_Click()
-{
-    Chama(u"frmCadaVeiculos"_s, modoProcuraVeiculo);
-}
-
-void frmOSAbre::btnVeiculoAdd_Click()
-{
-    Chama(u"frmCadaVeiculos"_s, modoIncluiVeiculo);
 }
 
 void frmOSAbre::btnInfoVeiculo_Click()

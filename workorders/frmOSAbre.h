@@ -35,8 +35,6 @@ private:
     void txtCodVeiculo_LostFocus();
     void txtMecanico_Change();
     void habilitaInformacoes();
-    void btnVeiculoFind_Click();
-    void btnVeiculoAdd_Click();
     void btnInfoVeiculo_Click();
     void btnInfoCliente_Click();
     void btnMecAdd_Click();

@@ -3,6 +3,8 @@
 #include "ui_frmOSFormaPagto.h"
 
 #include "core/banco.h"
+#include "core/caixacodigo.h"
+#include "core/caixadata.h"
 #include "core/combos.h"
 #include "core/config.h"
 #include "core/devolucao.h"
@@ -45,11 +47,6 @@ constexpr int maximoParcelas = 99;
 constexpr qsizetype maximoNumeroCheque = 20;
 constexpr int maximoCampoCheque = 50; ///< what the bank, account and number of a cheque hold
 
-QString hoje()
-{
-    return Format(Today(), mascaraData);
-}
-
 std::unique_ptr<Ui::frmOSFormaPagto> controlesEm(QWidget *janela)
 {
     auto controles = std::make_unique<Ui::frmOSFormaPagto>();
@@ -65,10 +62,11 @@ QString textoDe(const std::map<int, T *> &controles, int indice)
     return achado == controles.end() ? QString() : ui::textOf(achado->second);
 }
 
-/// The mask puts the bars in; who types them too must not get them twice.
-QChar teclaDeData(QChar tecla)
+/// What is not all digits is no customer's code; in the statement it would be a broken one.
+QString consultaDoCliente(const QString &codigo)
 {
-    return tecla == u'/' ? QChar() : SoDigitos(tecla, false);
+    const bool soDigitos = std::all_of(codigo.begin(), codigo.end(), [](QChar c) { return c.isDigit(); });
+    return u"SELECT Nome FROM Clientes WHERE Codigo = "_s + (soDigitos ? codigo : u"0"_s);
 }
 
 /// Yesterday still passes: a cheque of the evening before is taken in the morning.
@@ -157,7 +155,6 @@ void frmOSFormaPagto::ligaBotoes()
     liga(btnBancoRemove_, &frmOSFormaPagto::btnBancoRemove_Click);
     liga(btnParcelasAdd_, &frmOSFormaPagto::btnParcelasAdd_Click);
     liga(btnParcelasMenos_, &frmOSFormaPagto::btnParcelasMenos_Click);
-    onClick(ui_->btnClienteFind, &frmOSFormaPagto::btnClienteFind_Click);
     onClick(ui_->btnItemAdd, &frmOSFormaPagto::btnItemAdd_Click);
     onClick(ui_->btnItemRemove, &frmOSFormaPagto::btnItemRemove_Click);
     onClick(ui_->btnPrint, &frmOSFormaPagto::btnPrint_Click);
@@ -176,18 +173,13 @@ void frmOSFormaPagto::ligaCampos()
         filterKeys(campo, SoDecimais);
     }
     for (const auto &[indice, campo] : txtData_) {
-        onChange(campo, &frmOSFormaPagto::txtData_Change, indice);
-        onLostFocus(campo, &frmOSFormaPagto::txtData_LostFocus, indice);
-        onKey(campo, Qt::Key_F1, &frmOSFormaPagto::txtData_F1, indice);
-        filterKeys(campo, teclaDeData);
-        tidyPaste(campo, DataColada);
+        LigaData(*this, campo, {.saida = SaidaDaData::Formata});
     }
     for (const auto &[indice, campo] : txtBanco_) {
         onChange(campo, &frmOSFormaPagto::txtBanco_Change, indice);
     }
     onChange(ui_->txtCodCliente, &frmOSFormaPagto::txtCodCliente_Change);
-    onLostFocus(ui_->txtCodCliente, &frmOSFormaPagto::txtCodCliente_LostFocus);
-    onKey(ui_->txtCodCliente, Qt::Key_F1, &frmOSFormaPagto::btnClienteFind_Click);
+    ligaCliente();
 }
 
 void frmOSFormaPagto::ligaPersonalizado()
@@ -317,25 +309,9 @@ void frmOSFormaPagto::txtParcela_GotFocus()
     SelecionaTexto(ui_->txtParcela_5);
 }
 
-void frmOSFormaPagto::txtData_Change(int indice)
-{
-    MascaraTexto(txtData_.at(indice), TipoMascara::Data);
-}
-
 void frmOSFormaPagto::txtData_GotFocus(int indice)
 {
     SelecionaTexto(txtData_.at(indice));
-}
-
-void frmOSFormaPagto::txtData_LostFocus(int indice)
-{
-    QLineEdit *campo = txtData_.at(indice);
-    campo->setText(Format(campo->text(), mascaraData));
-}
-
-void frmOSFormaPagto::txtData_F1(int indice)
-{
-    txtData_.at(indice)->setText(hoje());
 }
 
 void frmOSFormaPagto::txtBanco_Change(int indice)
@@ -411,29 +387,20 @@ void frmOSFormaPagto::txtCodCliente_Change()
     }
 }
 
-void frmOSFormaPagto::txtCodCliente_LostFocus()
+void frmOSFormaPagto::ligaCliente()
 {
-    const QString codigo = ui_->txtCodCliente->text();
-    if (codigo.isEmpty()) {
-        return;
-    }
-    // What is not all digits is no customer's code; in the statement it would be a broken one.
-    const bool soDigitos = std::all_of(codigo.begin(), codigo.end(), [](QChar c) { return c.isDigit(); });
-    const QString procurado = soDigitos ? codigo : u"0"_s;
-    auto cliente = DBDados->OpenRecordset(u"SELECT Nome FROM Clientes WHERE Codigo = "_s + procurado);
-    if (cliente.Eof()) {
-        ui_->lblNomeCliente->setText({});
-        Recusa(u"Código do Cliente não Localizado ou não Cadastrado"_s, ui_->txtCodCliente);
-        return;
-    }
-    ui_->lblNomeCliente->setText(NuloParaVazio(cliente.value(u"Nome")));
-    mostraCredito();
-    ui_->txtCodCliente->setText(Format(codigo, mascaraCodigo));
-}
-
-void frmOSFormaPagto::btnClienteFind_Click()
-{
-    Chama(u"frmCadaCliente"_s, modoProcuraClienteDoPagamento);
+    new CaixaDeCodigo(*this, ui_->txtCodCliente,
+                      {.consulta = consultaDoCliente,
+                       .naoLocalizado = u"Código do Cliente não Localizado ou não Cadastrado",
+                       .mostra =
+                           [this](const dao::Recordset &cliente) {
+                               ui_->lblNomeCliente->setText(NuloParaVazio(cliente.value(u"Nome")));
+                               mostraCredito();
+                           },
+                       .esvazia = [this] { ui_->lblNomeCliente->setText({}); },
+                       .cadastro = u"frmCadaCliente",
+                       .procura = ui_->btnClienteFind,
+                       .modoProcura = modoProcuraClienteDoPagamento});
 }
 
 // --- custom plan

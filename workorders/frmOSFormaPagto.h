@@ -55,18 +55,13 @@ private:
     void txtValor_GotFocus(int indice);
     void txtValor_LostFocus(int indice);
     void txtParcela_GotFocus();
-    void txtData_Change(int indice);
     void txtData_GotFocus(int indice);
-    void txtData_LostFocus(int indice);
-    void txtData_F1(int indice);
     void txtBanco_Change(int indice);
     void btnBancoAdd_Click(int indice);
     void btnBancoRemove_Click(int indice);
     void btnParcelasAdd_Click(int indice);
     void btnParcelasMenos_Click(int indice);
     void txtCodCliente_Change();
-    void txtCodCliente_LostFocus();
-    void btnClienteFind_Click();
     void btnItemAdd_Click();
     void btnItemRemove_Click();
     void btnFechar_Click(int indice);
@@ -76,6 +71,7 @@ private:
     void poeIcones();
     void ligaBotoes();
     void ligaCampos();
+    void ligaCliente();
     void ligaPersonalizado();
 
     void recalculaPlano(int indice);
