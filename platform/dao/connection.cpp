@@ -139,11 +139,6 @@ void Connection::inTransaction(const QByteArrayList &statements)
     transaction.commit();
 }
 
-void Connection::leave(LiveSet *set)
-{
-    std::erase(sets_, set);
-}
-
 void Connection::settle(const QString &table)
 {
     for (LiveSet *const set : sets_) {
@@ -164,6 +159,26 @@ void Connection::rowAdded(const QString &table, qint64 row)
 {
     for (LiveSet *const set : sets_) {
         set->rowAdded(table, row);
+    }
+}
+
+bool Connection::isKept(const QString &table) const
+{
+    return std::any_of(keepers_.begin(), keepers_.end(),
+                       [&](const RowKeeper *keeper) { return keeper->keepsRowsOf(table); });
+}
+
+void Connection::rowChanges(const QString &table, qint64 row)
+{
+    for (RowKeeper *const keeper : keepers_) {
+        keeper->rowChanges(table, row);
+    }
+}
+
+void Connection::tableChanges(const QString &table)
+{
+    for (RowKeeper *const keeper : keepers_) {
+        keeper->tableChanges(table);
     }
 }
 
@@ -238,6 +253,7 @@ void Connection::close()
     for (LiveSet *const set : std::exchange(sets_, {})) {
         set->disconnect();
     }
+    keepers_.clear();
     if (isWriting()) {
         sqlite3_exec(handle_.get(), "COMMIT", nullptr, nullptr, nullptr);
     }

@@ -29,6 +29,20 @@ public:
     virtual void disconnect() = 0;                               ///< the file is being closed
 };
 
+/// Somebody who goes on showing rows as they stand, whatever this program makes of them.
+class RowKeeper
+{
+public:
+    RowKeeper() = default;
+    virtual ~RowKeeper() = default;
+    RowKeeper(const RowKeeper &) = delete;
+    RowKeeper &operator=(const RowKeeper &) = delete;
+
+    virtual bool keepsRowsOf(const QString &table) const = 0;
+    virtual void rowChanges(const QString &table, qint64 row) = 0; ///< is about to be changed or deleted
+    virtual void tableChanges(const QString &table) = 0;           ///< is about to lose a column, or to go
+};
+
 /// One open file: the engine's handle, the schema, the statements that stand ready, the open recordsets.
 class Connection
 {
@@ -58,10 +72,16 @@ public:
     void inTransaction(const QByteArrayList &statements);
 
     void join(LiveSet *set) { sets_.push_back(set); }
-    void leave(LiveSet *set);
+    void leave(LiveSet *set) { std::erase(sets_, set); }
     void settle(const QString &table);
     void settleAll();
     void rowAdded(const QString &table, qint64 row);
+
+    void join(RowKeeper *keeper) { keepers_.push_back(keeper); }
+    void leave(RowKeeper *keeper) { std::erase(keepers_, keeper); }
+    bool isKept(const QString &table) const; ///< whether somebody has to be told every row that is about to change
+    void rowChanges(const QString &table, qint64 row);
+    void tableChanges(const QString &table);
 
     /// Takes the lock for writing, where it is not held already. Waits for other programs; 3051 after that.
     void begin();
@@ -103,6 +123,7 @@ private:
     QHash<QString, std::shared_ptr<TableWriter>> writers_;
     QHash<QString, std::shared_ptr<GivenNumbers>> given_; ///< by table
     std::vector<LiveSet *> sets_;
+    std::vector<RowKeeper *> keepers_;
     Prepared begin_;
     Prepared commit_;
     qint64 writingAge_ = 0;

@@ -19,16 +19,20 @@ namespace
 using runtime::Value;
 using Row = std::vector<Value>;
 
-/// A plan's reading statement, given back to its pool at the end.
+/// A plan's statement, given back to its pool at the end.
 class Borrowed
 {
 public:
     Borrowed(Connection &connection, Plan &plan, const std::vector<Value> &literals)
-        : plan_(plan), statement_(plan.scan.take(connection.handle()))
+        : Borrowed(connection, plan, plan.scan, literals)
+    {
+    }
+    Borrowed(Connection &connection, Plan &plan, StatementPool &pool, const std::vector<Value> &literals)
+        : plan_(plan), pool_(pool), statement_(pool.take(connection.handle()))
     {
         bindLiterals(statement_, plan, literals);
     }
-    ~Borrowed() { plan_.scan.giveBack(std::move(statement_)); }
+    ~Borrowed() { pool_.giveBack(std::move(statement_)); }
     Borrowed(const Borrowed &) = delete;
     Borrowed &operator=(const Borrowed &) = delete;
 
@@ -49,13 +53,28 @@ public:
 
 private:
     Plan &plan_;
+    StatementPool &pool_;
     Prepared statement_;
 };
+
+/// Whoever shows rows that are about to go keeps them.
+void announceRows(Connection &connection, Plan &plan, const std::vector<Value> &literals)
+{
+    const QString &table = plan.target->name;
+    if (!connection.isKept(table)) {
+        return;
+    }
+    Borrowed rows(connection, plan, plan.keys, literals);
+    while (rows->step()) {
+        connection.rowChanges(table, rows->integer(0));
+    }
+}
 
 int remove(Connection &connection, Plan &plan, const std::vector<Value> &literals)
 {
     Borrowed statement(connection, plan, literals);
     connection.settle(plan.target->name);
+    announceRows(connection, plan, literals);
     return connection.writer(plan.target)->keepingCounter([&] {
         statement->step();
         return sqlite3_changes(connection.handle());
@@ -238,6 +257,7 @@ void dropField(Connection &connection, const Table &table, const QString &name)
     }
     auto left = table.fields;
     left.erase(left.begin() + place);
+    connection.tableChanges(table.name);
     QByteArrayList statements = dropIndexesSql(table);
     statements.append((u"ALTER TABLE "_s + quoted(table.name) + u" DROP COLUMN "_s + quoted(field)).toUtf8());
     change(connection, statements + createIndexesSql(table.name, left));
@@ -247,6 +267,7 @@ void dropTable(Connection &connection, const Table &table)
 {
     QString name = table.name;
     name.replace(u'\'', u"''"_s);
+    connection.tableChanges(table.name);
     change(connection, {(u"DROP TABLE "_s + quoted(table.name)).toUtf8(),
                         (u"DELETE FROM "_s + quoted(countersTable) + u" WHERE Tabela = '"_s + name + u'\'').toUtf8()});
     connection.forgetNumbers(table.name);

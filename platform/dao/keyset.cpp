@@ -355,6 +355,31 @@ void Keyset::markDeleted()
     ++deleted_;
 }
 
+size_t Keyset::complete()
+{
+    drain();
+    settle();
+    if (std::exchange(deleted_, 0) > 0) {
+        std::erase(keys_, 0);
+    }
+    keys_.shrink_to_fit();
+    return rows();
+}
+
+bool Keyset::standOn(size_t row)
+{
+    dropCurrent();
+    goTo(row);
+    return held_ != nullptr || seek();
+}
+
+void Keyset::standOn(const runtime::Value *values)
+{
+    dropCurrent();
+    place_ = Place::Row;
+    held_ = values;
+}
+
 void Keyset::close()
 {
     if (!connection_) {

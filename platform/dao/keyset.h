@@ -25,6 +25,7 @@ public:
     int place(QStringView name) const; ///< of a column by its name; error 3265 without one
     bool isWritable() const { return width_ == 1; }
     Connection &connection() const { return *connection_; }
+    bool isOpen() const { return connection_ != nullptr; }
     void requireOpen() const; ///< error 91 once closed
 
     bool bof() const;
@@ -41,6 +42,13 @@ public:
     void release();                   ///< leaves the current row
     void append(qint64 row);          ///< a row that this set has added stands at its end
     void markDeleted();               ///< the current row, which this set has deleted
+
+    // For a snapshot, whose rows are all known and have their places.
+    size_t complete();                          ///< meets all rows, forgets the deleted ones, and counts them
+    bool standOn(size_t row);                   ///< false where it is gone
+    void standOn(const runtime::Value *values); ///< on a row whose values are in memory
+    qint64 rowNumber(size_t row, size_t table) const { return keys_[row * width_ + table]; }
+    void holdFile(); ///< keeps the file locked for reading until `settle`
 
     bool reads(const QString &table) const override;
     void settle() override;
@@ -62,7 +70,6 @@ private:
     bool fetchKey(Prepared &statement);
     void endScan();
     void drain();
-    void holdFile();
     void goTo(size_t row);
     void goBackFrom(size_t row);
     void goBehind();

@@ -121,6 +121,12 @@ runtime::Value Recordset::value(int place) const
     return data.value(checkedPlace(data, place));
 }
 
+std::unique_ptr<RecordsetData> Recordset::takeData()
+{
+    opened(data_).keyset().requireOpen();
+    return std::move(data_);
+}
+
 int Recordset::fieldCount() const
 {
     return columnCount(opened(data_));

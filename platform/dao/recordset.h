@@ -70,6 +70,9 @@ public:
     Field field(int place) const;
     int fieldPlace(QStringView name) const; ///< error 3265 for an unknown one
 
+    /// For a snapshot, which takes the rows over. Error 91 where the set is closed.
+    std::unique_ptr<RecordsetData> takeData();
+
 private:
     std::unique_ptr<RecordsetData> data_;
 };

@@ -71,6 +71,7 @@ private:
         scope_ = &scope;
         const Written written = writeSelect(select);
         plan_.keyset = written.plain;
+        plan_.asksInColumns = written.asksInColumns;
         plan_.columns = written.columns;
         nameColumns();
         const QStringList values = (plan_.keyset ? rowNumbers() : QStringList()) + written.values();
@@ -158,10 +159,11 @@ private:
         plan_.target = target.table;
         const QString start = u"DELETE FROM "_s;
         const QString where = whereClause(written.where);
+        const QString rows = u"SELECT "_s + rowNumber(target) + u" FROM "_s + written.from + where;
+        plan_.keys = StatementPool(rows.toUtf8());
         if (scope.sources.size() == 1) {
             plan_.scan = StatementPool((start + written.from + where).toUtf8());
         } else {
-            const QString rows = u"SELECT "_s + rowNumber(target) + u" FROM "_s + written.from + where;
             plan_.scan = StatementPool(
                 (start + quoted(target.table->name) + u" WHERE "_s + rowName + u" IN ("_s + rows + u')').toUtf8());
         }

@@ -229,7 +229,9 @@ Written SelectWriter::writeSelect(const Select &select)
     writeFrom(select, written);
     writeWhere(select, written);
     const std::vector<Term> groups = writeGrouping(select, written);
+    const auto read = reads_.size();
     writeItems(select, written);
+    written.asksInColumns = reads_.size() > read;
     if (select.having) {
         written.grouping += u" HAVING "_s + writeCondition(*select.having);
     }

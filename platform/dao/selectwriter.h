@@ -23,6 +23,7 @@ struct Written {
     std::vector<OrderTerm> order;
     bool plain = true; ///< rows are rows of the tables: no aggregate, no grouping, no outer join
     bool distinct = false;
+    bool asksInColumns = false; ///< a column shows what a query inside finds
 
     QStringList values() const; ///< what its rows show; of distinct ones with the collation that tells texts apart
 };

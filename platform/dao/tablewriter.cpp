@@ -145,6 +145,7 @@ bool TableWriter::update(qint64 row, const std::vector<int> &places, const std::
         update_.bind(static_cast<int>(i) + 2, values[i]);
     }
     connection_.settle(table_->name);
+    connection_.rowChanges(table_->name, row);
     Transaction transaction(connection_, Transaction::Holds::One);
     const auto change = [this] {
         update_.step();
@@ -164,6 +165,7 @@ bool TableWriter::remove(qint64 row)
     }
     remove_.bind(1, row);
     connection_.settle(table_->name);
+    connection_.rowChanges(table_->name, row);
     const int removed = keepingCounter([this] {
         remove_.step();
         return sqlite3_changes(connection_.handle());

@@ -52,16 +52,21 @@ QString shown(const runtime::Value &value)
                       value);
 }
 
+QString shownRow(const dao::Recordset &row)
+{
+    QStringList fields;
+    for (int place = 0; place < row.fieldCount(); ++place) {
+        fields.append(shown(row.value(place)));
+    }
+    return fields.join(u" | "_s);
+}
+
 QStringList rows(dao::Database &database, const QString &statement)
 {
     QStringList found;
     auto set = database.OpenRecordset(statement);
     for (; !set.Eof(); set.MoveNext()) {
-        QStringList fields;
-        for (int place = 0; place < set.fieldCount(); ++place) {
-            fields.append(shown(set.value(place)));
-        }
-        found.append(fields.join(u" | "_s));
+        found.append(shownRow(set));
     }
     return found;
 }

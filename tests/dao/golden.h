@@ -32,7 +32,10 @@ std::shared_ptr<dao::Database> createDatabase(const QTemporaryDir &folder,
 /// dd/mm/yyyy with hh:mm:ss where they carry a time; True and False.
 QString shown(const runtime::Value &value);
 
-/// All rows of a statement, each as its fields joined by " | ".
+/// The fields of the current row, joined by " | ".
+QString shownRow(const dao::Recordset &row);
+
+/// All rows of a statement, each so.
 QStringList rows(dao::Database &database, const QString &statement);
 
 /// The number of the RuntimeError that `action` raises, 0 without one.

@@ -472,6 +472,21 @@ size_t Set::columnCount() const
     return source_->copy ? (copy_.empty() ? 1 : copy_.front().size()) : source_->columns.size();
 }
 
+std::vector<std::optional<Row>> Set::rows()
+{
+    std::vector<std::optional<Row>> all;
+    mode_ = Mode::Reading;
+    for (goFrom(0, 1); place_ == Place::Within; goFrom(row_ + 1, 1)) {
+        Row values(columnCount());
+        int error = 0;
+        for (size_t column = 0; column < values.size() && error == 0; ++column) {
+            error = read(column, values[column]);
+        }
+        all.push_back(error == 0 ? std::optional(values) : std::nullopt);
+    }
+    return all;
+}
+
 int Set::read(size_t column, Value &value) const
 {
     const int field = source_->copy ? -1 : source_->columns[column].field;

@@ -85,6 +85,9 @@ public:
     int read(size_t column, runtime::Value &value) const;
     size_t columnCount() const;
 
+    /// All rows as they stand; nothing for one that is gone. The set ends there.
+    std::vector<std::optional<Row>> rows();
+
 private:
     enum class Place { Before, Within, After };
     enum class Mode { Reading, Adding, Editing };

@@ -2,6 +2,7 @@
 #include "tests/dao/golden.h"
 #include "tests/dao/recordsetmodel.h"
 
+#include "platform/dao/snapshot.h"
 #include "platform/dao/unit.h"
 #include "platform/runtime/runtime.h"
 
@@ -73,7 +74,24 @@ struct Pair {
     model::Set expected;
 };
 
-/// One walk: two sets over the same tables, and statements that write beside them.
+/// A list that stands open, and what stood in its rows when it was filled.
+struct List {
+    QString sql;
+    dao::Snapshot rows;
+    std::vector<std::optional<model::Row>> expected;
+};
+
+QString shownRow(const std::optional<model::Row> &row)
+{
+    if (!row) {
+        return u"gone"_s;
+    }
+    QStringList fields;
+    std::transform(row->begin(), row->end(), std::back_inserter(fields), shown);
+    return fields.join(u" | "_s);
+}
+
+/// One walk: two sets over the same tables, lists of their rows, and statements that write beside them.
 class Walk
 {
 public:
@@ -96,6 +114,10 @@ private:
     void open();
     void open(const model::Source &source);
     void step();
+    void close(size_t chosen);
+    void show(Pair pair);
+    void compareLists(bool all);
+    void compareList(List &list);
     void act(Pair &pair);
     void add(Pair &pair);
     void assign(Pair &pair);
@@ -118,6 +140,7 @@ private:
     model::Tables &tables_;
     QRandomGenerator random_;
     std::vector<Pair> pairs_;
+    std::vector<List> lists_;
     QStringList steps_;
     QString fault_;
 };
@@ -203,6 +226,8 @@ void Walk::run(int rows)
         compare(pair, true);
     }
     pairs_.clear();
+    compareLists(true);
+    lists_.clear();
     compareTables();
 }
 
@@ -213,14 +238,10 @@ void Walk::step()
         steps_.append(u"the unit ends, another begins"_s);
         dao::Unit::resume(dao::Unit::pause());
     }
+    compareLists(false);
     switch (below(16)) {
     case 0:
-        steps_.append(u"close %1"_s.arg(chosen));
-        pairs_[chosen].set.Close();
-        check(errorOf([&] { pairs_[chosen].set.MoveNext(); }) == 91, u"a closed set is no object"_s);
-        pairs_.erase(pairs_.begin() + static_cast<std::ptrdiff_t>(chosen));
-        open();
-        return;
+        return close(chosen);
     case 1:
     case 2:
         return executeBeside();
@@ -235,6 +256,65 @@ void Walk::step()
         return assign(pairs_[chosen]);
     default:
         return act(pairs_[chosen]);
+    }
+}
+
+/// What is closed may go on as a list.
+void Walk::close(size_t chosen)
+{
+    Pair pair = std::move(pairs_[chosen]);
+    pairs_.erase(pairs_.begin() + static_cast<std::ptrdiff_t>(chosen));
+    if (oneIn(2)) {
+        steps_.append(u"list %1"_s.arg(chosen));
+        show(std::move(pair));
+    } else {
+        steps_.append(u"close %1"_s.arg(chosen));
+        pair.set.Close();
+        check(errorOf([&] { pair.set.MoveNext(); }) == 91, u"a closed set is no object"_s);
+    }
+    open();
+}
+
+/// A list of the rows that a set holds, wherever it stands and whatever it has done.
+void Walk::show(Pair pair)
+{
+    constexpr size_t most = 3;
+    if (lists_.size() == most) {
+        lists_.erase(lists_.begin());
+    }
+    lists_.push_back({pair.expected.source().sql, dao::Snapshot(std::move(pair.set)), pair.expected.rows()});
+}
+
+void Walk::compareLists(bool all)
+{
+    for (List &list : lists_) {
+        if (all || oneIn(4)) {
+            compareList(list);
+        }
+    }
+}
+
+/// One by one from any row on, or all in one go: the same rows.
+void Walk::compareList(List &list)
+{
+    const auto count = static_cast<int>(list.expected.size());
+    same(QString::number(list.rows.count()), QString::number(count), u"the count of the list "_s + list.sql);
+    std::vector<QString> found(list.expected.size(), u"gone"_s);
+    const auto put = [&](int row, const dao::Recordset &set) {
+        check(found[static_cast<size_t>(row)] == u"gone", u"row %1 comes twice"_s.arg(row));
+        found[static_cast<size_t>(row)] = golden::shownRow(set);
+    };
+    if (oneIn(2)) {
+        list.rows.readAll(put);
+    } else {
+        const int first = below(count + 1);
+        for (int i = 0; i < count; ++i) {
+            const int row = (first + i) % count;
+            list.rows.read(row, [&](const dao::Recordset &set) { put(row, set); });
+        }
+    }
+    for (size_t row = 0; row < found.size(); ++row) {
+        same(found[row], shownRow(list.expected[row]), u"row %1 of the list %2"_s.arg(row).arg(list.sql));
     }
 }
 
