@@ -1,11 +1,17 @@
 #include "platform/ui/listmodel.h"
 
-#include "platform/runtime/text.h"
+#include "platform/runtime/error.h"
+#include "platform/ui/application.h"
+#include "platform/ui/textorder.h"
 
 #include <QColor>
 
 #include <algorithm>
 #include <climits>
+#include <exception>
+#include <numeric>
+
+using namespace Qt::StringLiterals;
 
 namespace ui
 {
@@ -13,59 +19,46 @@ namespace ui
 namespace
 {
 
-constexpr int allCharacters = 0x10000;
-
 /// Below this many characters of replaced texts the store is left as it is.
 constexpr qsizetype leastDead = 100000;
 
-/// 0 to 255 for what the Western code page has, behind that by code point.
-quint16 westernPlace(char16_t character)
+/// What a row that is gone shows in place of its texts.
+const auto gone = u"#Excluído"_s;
+
+/// No more than anybody reads.
+QString cut(QStringView whole)
 {
-    const auto bytes = runtime::toWestern(QStringView(&character, 1));
-    const bool known = bytes != "?" || character == u'?';
-    return known ? quint8(bytes.at(0)) : quint16(character);
+    return whole.size() > ListModel::longestShown ? whole.first(ListModel::longestShown) + u'…' : whole.toString();
 }
 
-std::vector<quint16> makeWeights()
-{
-    std::vector<quint16> weights(allCharacters);
-    for (int code = 0; code < allCharacters; ++code) {
-        weights[code] = westernPlace(QChar(code).toUpper().unicode());
-    }
-    return weights;
-}
-
-const quint16 *weights()
-{
-    static const auto table = makeWeights();
-    return table.data();
-}
-
-/// A row as the sort sees it.
+/// A row as the sort sees it. Most texts differ in their beginning.
 struct SortRow {
+    quint64 prefix;
     QStringView text;
     quint32 place;
 };
 
-bool lessText(QStringView left, QStringView right, const quint16 *weight)
+bool isBefore(const SortRow &left, const SortRow &right)
 {
-    const auto common = std::min(left.size(), right.size());
-    const auto *a = left.utf16();
-    const auto *b = right.utf16();
-    for (qsizetype i = 0; i < common; ++i) {
-        if (a[i] != b[i] && weight[a[i]] != weight[b[i]]) {
-            return weight[a[i]] < weight[b[i]];
-        }
+    return left.prefix != right.prefix ? left.prefix < right.prefix : lessAsText(left.text, right.text);
+}
+
+/// Qt asks the model while it paints, where nothing may be thrown: what fails there is raised behind it.
+template<class Ask>
+auto asked(Ask ask) -> decltype(ask())
+{
+    try {
+        return ask();
+    } catch (const runtime::RuntimeError &) {
+        QMetaObject::invokeMethod(
+            QCoreApplication::instance(),
+            [thrown = std::current_exception()] { Application::run([&] { std::rethrow_exception(thrown); }); },
+            Qt::QueuedConnection);
     }
-    return left.size() < right.size();
+    return {};
 }
 
 } // namespace
-
-bool lessAsText(QStringView left, QStringView right)
-{
-    return lessText(left, right, weights());
-}
 
 void ListModel::addColumn(const QString &title, Qt::Alignment alignment)
 {
@@ -101,7 +94,7 @@ ListModel::Piece ListModel::store(const QString &text)
 
 QStringView ListModel::view(Piece piece) const
 {
-    return QStringView(texts_).sliced(piece.start, piece.length);
+    return piece.length == 0 ? QStringView() : QStringView(texts_).sliced(piece.start, piece.length);
 }
 
 void ListModel::put(Piece &piece, const QString &text)
@@ -120,9 +113,11 @@ void ListModel::compact()
     texts_.reserve(old.size() - dead_);
     for (auto *pieces : {&cells_, &tags_, &keys_}) {
         for (auto &piece : *pieces) {
-            const auto text = QStringView(old).sliced(piece.start, piece.length);
-            piece.start = quint32(texts_.size());
-            texts_.append(text);
+            if (piece.length > 0) {
+                const auto text = QStringView(old).sliced(piece.start, piece.length);
+                piece.start = quint32(texts_.size());
+                texts_.append(text);
+            }
         }
     }
     dead_ = 0;
@@ -141,12 +136,23 @@ void ListModel::widen(int columns)
     if (columns <= stride_) {
         return;
     }
-    std::vector<Piece> wider(size_t(stored_) * columns);
-    for (int row = 0; row < stored_; ++row) {
+    const auto rows = stored_ - sourceRows_;
+    std::vector<Piece> wider(size_t(rows) * columns);
+    for (quint32 row = 0; row < rows; ++row) {
         std::copy_n(cells_.begin() + qsizetype(row) * stride_, stride_, wider.begin() + qsizetype(row) * columns);
     }
     cells_ = std::move(wider);
     stride_ = columns;
+}
+
+void ListModel::setRows(std::unique_ptr<RowSource> source)
+{
+    Q_ASSERT(stored_ == 0);
+    source_ = std::move(source);
+    sourceRows_ = stored_ = quint32(source_->count());
+    order_.resize(stored_);
+    std::iota(order_.begin(), order_.end(), 0);
+    announce();
 }
 
 int ListModel::addRow(const QString &text, const QStringList &subItems)
@@ -192,6 +198,10 @@ void ListModel::clear()
 
 void ListModel::dropAll()
 {
+    source_.reset();
+    sourceRows_ = 0;
+    read_.clear();
+    changed_ = {};
     texts_ = QString();
     cells_ = {};
     order_ = {};
@@ -205,26 +215,58 @@ void ListModel::dropAll()
     announced_ = 0;
 }
 
-QStringView ListModel::cell(int row, int column) const
+QStringView ListModel::cell(quint32 place, int column) const
 {
-    return column < stride_ ? view(cells_[size_t(order_[row]) * stride_ + column]) : QStringView();
+    return column < stride_ ? view(cells_[size_t(place - sourceRows_) * stride_ + column]) : QStringView();
+}
+
+/// A row of the source; the next one that is read may take its room.
+const ListModel::Read &ListModel::read(quint32 place) const
+{
+    if (const auto *kept = read_.object(place)) {
+        return *kept;
+    }
+    auto *row = new Read(source_->row(int(place)));
+    read_.insert(place, row);
+    return *row;
+}
+
+QString ListModel::readText(quint32 place, int column) const
+{
+    if (const auto changed = changed_.constFind({place, column}); changed != changed_.cend()) {
+        return *changed;
+    }
+    const auto &row = read(place);
+    return row ? row->texts.value(column) : gone;
 }
 
 QString ListModel::text(int row, int column) const
 {
-    return cell(row, column).toString();
+    const auto place = order_[row];
+    return isRead(place) ? readText(place, column) : cell(place, column).toString();
 }
 
 QString ListModel::shownText(int row, int column) const
 {
-    const auto whole = cell(row, column);
-    return whole.size() > longestShown ? whole.first(longestShown) + u'…' : whole.toString();
+    const auto place = order_[row];
+    return isRead(place) ? cut(readText(place, column)) : cut(cell(place, column));
+}
+
+bool ListModel::isGone(int row) const
+{
+    const auto place = order_[row];
+    return isRead(place) && !read(place);
 }
 
 void ListModel::setText(int row, int column, const QString &text)
 {
-    widen(column + 1);
-    put(cells_[size_t(order_[row]) * stride_ + column], text);
+    const auto place = order_[row];
+    if (isRead(place)) {
+        changed_.insert({place, column}, text);
+    } else {
+        widen(column + 1);
+        put(cell(place, column), text);
+    }
     showChange(row, column);
 }
 
@@ -235,10 +277,22 @@ void ListModel::showChange(int row, int column)
     }
 }
 
-QString ListModel::stringAt(const std::vector<Piece> &pieces, int row) const
+std::optional<QString> ListModel::stringAt(const std::vector<Piece> &pieces, int row) const
 {
     const auto place = order_[row];
-    return place < pieces.size() ? view(pieces[place]).toString() : QString();
+    if (place >= pieces.size() || pieces[place].start == notSet) {
+        return std::nullopt;
+    }
+    return view(pieces[place]).toString();
+}
+
+QString ListModel::tag(int row) const
+{
+    if (const auto set = stringAt(tags_, row)) {
+        return *set;
+    }
+    const auto place = order_[row];
+    return isRead(place) && read(place) ? read(place)->tag : QString();
 }
 
 void ListModel::setStringAt(std::vector<Piece> &pieces, int row, const QString &text)
@@ -253,14 +307,17 @@ void ListModel::setStringAt(std::vector<Piece> &pieces, int row, const QString &
 int ListModel::smallIcon(int row) const
 {
     const auto place = order_[row];
-    return place < marks_.size() ? marks_[place] : 0;
+    if (place < marks_.size() && marks_[place] != noMark) {
+        return marks_[place];
+    }
+    return isRead(place) && read(place) ? read(place)->smallIcon : 0;
 }
 
 void ListModel::setSmallIcon(int row, int icon)
 {
     const auto place = order_[row];
     if (place >= marks_.size()) {
-        marks_.resize(place + 1);
+        marks_.resize(place + 1, noMark);
     }
     marks_[place] = quint8(icon);
     showChange(row, 0);
@@ -282,31 +339,71 @@ void ListModel::setChecked(int row, bool on)
     showChange(row, 0);
 }
 
+/// One column of the source's rows, as pieces of `texts`.
+std::vector<ListModel::Piece> ListModel::readColumn(int column, QString &texts) const
+{
+    const auto append = [&texts](QStringView text) {
+        const Piece piece{quint32(texts.size()), quint32(text.size())};
+        texts.append(text);
+        return piece;
+    };
+    std::vector<Piece> pieces(sourceRows_, append(gone));
+    if (source_) {
+        source_->column(column, [&](int row, const QString &text) { pieces[row] = append(text); });
+    }
+    for (auto changed = changed_.cbegin(); changed != changed_.cend(); ++changed) {
+        if (changed.key().second == column) {
+            pieces[changed.key().first] = append(*changed);
+        }
+    }
+    return pieces;
+}
+
+std::vector<int> ListModel::rowsWhere(int column, const std::function<bool(const QString &)> &accepts) const
+{
+    QString texts;
+    const auto pieces = readColumn(column, texts);
+    std::vector<int> rows;
+    for (int row = 0; row < count(); ++row) {
+        const auto place = order_[row];
+        const auto text =
+            isRead(place) ? QStringView(texts).sliced(pieces[place].start, pieces[place].length) : cell(place, column);
+        if (accepts(text.toString())) {
+            rows.push_back(row);
+        }
+    }
+    return rows;
+}
+
 std::vector<quint32> ListModel::sortedOrder(int column, Qt::SortOrder order) const
 {
+    QString texts;
+    const auto pieces = readColumn(column, texts);
     std::vector<SortRow> rows;
     rows.reserve(order_.size());
     for (const auto place : order_) {
-        rows.push_back({view(cells_[size_t(place) * stride_ + column]), place});
+        const auto text =
+            isRead(place) ? QStringView(texts).sliced(pieces[place].start, pieces[place].length) : cell(place, column);
+        rows.push_back({textPrefix(text), text, place});
     }
-    const auto *weight = weights();
     const bool up = order == Qt::AscendingOrder;
-    std::stable_sort(rows.begin(), rows.end(), [weight, up](const SortRow &a, const SortRow &b) {
-        return up ? lessText(a.text, b.text, weight) : lessText(b.text, a.text, weight);
-    });
+    std::stable_sort(rows.begin(), rows.end(),
+                     [up](const SortRow &a, const SortRow &b) { return up ? isBefore(a, b) : isBefore(b, a); });
     std::vector<quint32> sorted(rows.size());
     std::transform(rows.begin(), rows.end(), sorted.begin(), [](const SortRow &row) { return row.place; });
     return sorted;
 }
 
+/// The column is read before the view hears of anything: that may fail.
 void ListModel::sort(int column, Qt::SortOrder order)
 {
     if (column < 0 || column >= stride_) {
         return;
     }
     announce();
+    auto sorted = sortedOrder(column, order);
     emit layoutAboutToBeChanged({}, VerticalSortHint);
-    applyOrder(sortedOrder(column, order));
+    applyOrder(std::move(sorted));
     emit layoutChanged({}, VerticalSortHint);
 }
 
@@ -344,8 +441,11 @@ QVariant ListModel::data(const QModelIndex &index, int role) const
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
         return {};
     }
-    const int row = index.row();
-    const int column = index.column();
+    return asked([&] { return shown(index.row(), index.column(), role); });
+}
+
+QVariant ListModel::shown(int row, int column, int role) const
+{
     switch (role) {
     case Qt::DisplayRole:
         return shownText(row, column);
@@ -363,7 +463,7 @@ QVariant ListModel::data(const QModelIndex &index, int role) const
 /// A list with marks keeps their place free in the rows without one, so that the texts stand in line.
 QVariant ListModel::mark(int row) const
 {
-    if (marks_.empty()) {
+    if (marks_.empty() && !(source_ && source_->hasIcons())) {
         return {};
     }
     const int number = smallIcon(row);
@@ -395,6 +495,9 @@ Qt::ItemFlags ListModel::flags(const QModelIndex &index) const
 {
     if (!index.isValid()) {
         return Qt::NoItemFlags;
+    }
+    if (asked([&] { return isGone(index.row()); })) {
+        return Qt::ItemNeverHasChildren;
     }
     const auto plain = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
     return index.column() == 0 && checkBoxes_ ? plain | Qt::ItemIsUserCheckable : plain;

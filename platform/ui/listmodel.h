@@ -1,17 +1,25 @@
 #pragma once
 
+#include "platform/ui/rowsource.h"
+
 #include <QAbstractTableModel>
+#include <QCache>
+#include <QHash>
 #include <QIcon>
 #include <QList>
 #include <QStringList>
 
+#include <functional>
+#include <memory>
+#include <optional>
 #include <vector>
 
 namespace ui
 {
 
-/// The rows of a `ListView`. All texts stand in one string, a cell is a place in it: 200,000 rows take less memory than
-/// their texts as a list of lists. Added rows are told to the view in one piece, by `announce`.
+/// The rows of a `ListView`, of two kinds. Those of a source are read when they are looked at, and nothing of them is
+/// held but their order and the few that were read last. Behind them stand those added by hand: all their texts stand
+/// in one string, a cell is a place in it. They are told to the view in one piece, by `announce`.
 class ListModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -26,6 +34,9 @@ public:
     void setIcons(const QList<QIcon> &icons) { icons_ = icons; }
 
     int count() const { return int(order_.size()); }
+
+    /// Takes the rows of a source into an empty list.
+    void setRows(std::unique_ptr<RowSource> source);
     int addRow(const QString &text, const QStringList &subItems);
     void removeOne(int row);
     void clear();
@@ -41,10 +52,18 @@ public:
     void announce();
 
     QString text(int row, int column) const;
+
+    /// The rows, from the first one down, whose text in the column is one that `accepts` takes.
+    std::vector<int> rowsWhere(int column, const std::function<bool(const QString &)> &accepts) const;
+
+    /// True for a row whose source has it no more. It shows that, and can't be chosen.
+    bool isGone(int row) const;
+
+    // What is set belongs to the list, whatever the source says.
     void setText(int row, int column, const QString &text);
-    QString tag(int row) const { return stringAt(tags_, row); }
+    QString tag(int row) const;
     void setTag(int row, const QString &tag) { setStringAt(tags_, row, tag); }
-    QString key(int row) const { return stringAt(keys_, row); }
+    QString key(int row) const { return stringAt(keys_, row).value_or(QString()); }
     void setKey(int row, const QString &key) { setStringAt(keys_, row, key); }
     int smallIcon(int row) const;
     void setSmallIcon(int row, int icon);
@@ -72,41 +91,52 @@ private:
     };
     /// A piece of the text store.
     struct Piece {
-        quint32 start = 0;
+        quint32 start = notSet;
         quint32 length = 0;
     };
+    static constexpr quint32 notSet = ~quint32(0);
+    static constexpr quint8 noMark = 0xFF;
+    using Read = std::optional<SourceRow>;
+    static constexpr int keptRows = 256; ///< a page, and more
 
     Piece store(const QString &text);
     QStringView view(Piece piece) const;
-    QStringView cell(int row, int column) const;
+    Piece &cell(quint32 place, int column) { return cells_[size_t(place - sourceRows_) * stride_ + column]; }
+    QStringView cell(quint32 place, int column) const;
+    bool isRead(quint32 place) const { return place < sourceRows_; }
+    const Read &read(quint32 place) const;
+    QString readText(quint32 place, int column) const;
+    QVariant shown(int row, int column, int role) const;
+    std::vector<Piece> readColumn(int column, QString &texts) const;
     void put(Piece &piece, const QString &text);
     void compact();
     void widen(int columns);
     void dropAll();
     QVariant mark(int row) const;
     void showChange(int row, int column);
-    QString stringAt(const std::vector<Piece> &pieces, int row) const;
+    std::optional<QString> stringAt(const std::vector<Piece> &pieces, int row) const;
     void setStringAt(std::vector<Piece> &pieces, int row, const QString &text);
     std::vector<quint32> sortedOrder(int column, Qt::SortOrder order) const;
     void applyOrder(std::vector<quint32> order);
 
     QList<Column> columns_;
     QList<QIcon> icons_;
-    QString texts_;              // every text of the list, one behind the other
-    std::vector<Piece> cells_;   // by stored row and column
-    std::vector<quint32> order_; // the stored row behind each shown one
-    std::vector<Piece> tags_;    // by stored row, as far as any row has one; so the next three
+    std::unique_ptr<RowSource> source_;
+    mutable QCache<quint32, Read> read_{keptRows};    // the rows of the source that were read last
+    QHash<std::pair<quint32, int>, QString> changed_; // by stored row and column: texts set over those of the source
+    QString texts_;                                   // every text of the list, one behind the other
+    std::vector<Piece> cells_;                        // by stored row, behind those of the source, and column
+    std::vector<quint32> order_;                      // the stored row behind each shown one
+    std::vector<Piece> tags_;                         // by stored row, as far as any row has one; so the next three
     std::vector<Piece> keys_;
     std::vector<quint8> marks_;
     std::vector<bool> checks_;
     qsizetype dead_ = 0; // characters of the store that no cell shows any more
     int stride_ = 1;     // cells of a stored row
-    int stored_ = 0;     // rows stored, removed ones included
+    quint32 sourceRows_ = 0;
+    quint32 stored_ = 0; // rows stored, those of the source and removed ones included
     int announced_ = 0;  // rows that the view knows of
     bool checkBoxes_ = false;
 };
-
-/// The list's text order: letter by letter by their capitals, in the order of the Western code page.
-bool lessAsText(QStringView left, QStringView right);
 
 } // namespace ui

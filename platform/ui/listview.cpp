@@ -4,6 +4,7 @@
 #include "platform/ui/controls.h"
 #include "platform/ui/fitting.h"
 #include "platform/ui/listmodel.h"
+#include "platform/ui/rowsource.h"
 
 #include <QHeaderView>
 #include <QHelpEvent>
@@ -163,6 +164,12 @@ void ListView::setSmallIcons(const QList<QIcon> &icons)
     model_->setIcons(icons);
 }
 
+void ListView::setRows(std::unique_ptr<RowSource> rows)
+{
+    clear();
+    model_->setRows(std::move(rows));
+}
+
 ListItem ListView::addItem(const QString &text, const QStringList &subItems)
 {
     const int row = model_->addRow(text, subItems);
@@ -185,6 +192,11 @@ void ListView::removeRow(int row)
 {
     Q_ASSERT(row >= 0 && row < count());
     model_->removeOne(row);
+}
+
+std::vector<int> ListView::rowsWhere(int column, const std::function<bool(const QString &)> &accepts) const
+{
+    return model_->rowsWhere(column, accepts);
 }
 
 void ListView::clear()
@@ -234,8 +246,10 @@ void ListView::forgetSort()
 void ListView::headerClicked(int column)
 {
     const bool again = column == sortColumn_ && sortOrder_ == Qt::AscendingOrder;
-    sortBy(column, again ? Qt::DescendingOrder : Qt::AscendingOrder);
-    Application::run([this, column] { emit columnClick(column); });
+    Application::run([this, column, again] {
+        sortBy(column, again ? Qt::DescendingOrder : Qt::AscendingOrder);
+        emit columnClick(column);
+    });
 }
 
 void ListView::rowClicked(int row)
@@ -247,12 +261,20 @@ void ListView::rowClicked(int row)
 
 void ListView::tellClick(int row)
 {
-    Application::run([this, row] { emit itemClick(row); });
+    Application::run([this, row] {
+        if (!model_->isGone(row)) {
+            emit itemClick(row);
+        }
+    });
 }
 
 void ListView::tellDoubleClick(int row)
 {
-    Application::run([this, row] { emit itemDoubleClick(row); });
+    Application::run([this, row] {
+        if (!model_->isGone(row)) {
+            emit itemDoubleClick(row);
+        }
+    });
 }
 
 void ListView::mousePressEvent(QMouseEvent *event)

@@ -4,6 +4,8 @@
 #include <QList>
 #include <QTreeView>
 
+#include <functional>
+#include <memory>
 #include <vector>
 
 class QHelpEvent;
@@ -13,6 +15,7 @@ namespace ui
 
 class ListModel;
 class ListView;
+class RowSource;
 
 /// One row of a `ListView`, a handle that stays good until rows are removed, cleared or sorted.
 class ListItem
@@ -45,7 +48,8 @@ private:
 /// The list in report view: 200,000 rows without a pause, sorted as text by a click on a header (a new column
 /// ascending, the same again reversed). Rows added or put in anew stand in the order of their arrival. With the focus
 /// comes a frame around the first row, which is not chosen by that: the keys start from there.
-/// A row number out of range is a programming error.
+/// A row number out of range is a programming error. A row that another program has deleted meanwhile shows that and
+/// can't be chosen.
 class ListView : public QTreeView
 {
     Q_OBJECT
@@ -66,10 +70,15 @@ public:
     /// order.
     void setSmallIcons(const QList<QIcon> &icons);
 
+    /// Shows the rows of a source, read when they are looked at, instead of what stood there.
+    void setRows(std::unique_ptr<RowSource> rows);
     ListItem addItem(const QString &text, const QStringList &subItems = {});
     int count() const;
     ListItem item(int row) const;
     void removeRow(int row);
+
+    /// The rows, from the first one down, whose text in the column is one that `accepts` takes.
+    std::vector<int> rowsWhere(int column, const std::function<bool(const QString &)> &accepts) const;
 
     /// Removes all rows; the sort is forgotten with them.
     void clear();

@@ -1,5 +1,6 @@
 #include "platform/ui/listmodel.h"
 #include "platform/ui/listview.h"
+#include "platform/ui/textorder.h"
 #include "support/testmain.h"
 
 #include <QAbstractItemModelTester>
