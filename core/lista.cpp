@@ -108,13 +108,12 @@ Somas EncheLista(ui::ListView &lista, dao::Recordset linhas, const Lista &descri
             textos.append(celula.mostra(linhas, celula.lugar));
         }
         acrescenta(lista, textos);
-        if (descricao.marca != nullptr) {
-            const Marca marca = descricao.marca(linhas);
-            ui::ListItem item = lista.item(lista.count() - 1);
-            item.setTag(marca.tag);
-            if (marca.icone > 0) {
-                item.setSmallIcon(marca.icone);
-            }
+        ui::ListItem item = lista.item(lista.count() - 1);
+        if (descricao.tag != nullptr) {
+            item.setTag(descricao.tag(linhas));
+        }
+        if (const int icone = descricao.icone != nullptr ? descricao.icone(linhas) : 0; icone > 0) {
+            item.setSmallIcon(icone);
         }
     }
     return somas;
@@ -126,19 +125,16 @@ bool LocalizaLista(ui::ListView *lista, const QString &texto, int coluna, bool s
         return true;
     }
     const QString procurado = runtime::UCase(texto);
-    bool achou = false;
-    for (int linha = 0; linha < lista->count(); ++linha) {
-        if (runtime::UCase(lista->item(linha).subItem(coluna - 1).left(texto.size())) != procurado) {
-            continue;
-        }
-        achou = true;
+    const auto linhas = lista->rowsWhere(
+        coluna - 1, [&](const QString &celula) { return runtime::UCase(celula.left(texto.size())) == procurado; });
+    for (const int linha : linhas) {
         seleciona(lista, linha, selecionar);
         if (parar) {
             lista->ensureVisible(linha);
             break;
         }
     }
-    return achou;
+    return !linhas.empty();
 }
 
 void MontaPesquisas(QComboBox &combo, std::span<const Pesquisa> pesquisas)

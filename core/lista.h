@@ -30,12 +30,6 @@ struct ColunaLista {
     Qt::Alignment alinhamento = Qt::AlignLeft;
 };
 
-/// The small picture of a row, 0 for none, and what the row keeps for the window besides its texts.
-struct Marca {
-    int icone = 0;
-    QString tag = {};
-};
-
 /// A sum over the rows that count; a column never written counts as 0.
 struct Soma {
     QStringView coluna;
@@ -47,7 +41,8 @@ using Somas = std::vector<float>;
 
 struct Lista {
     std::span<const ColunaLista> colunas;
-    Marca (*marca)(const dao::Recordset &linha) = nullptr;
+    int (*icone)(const dao::Recordset &linha) = nullptr;   ///< a row's small picture, 0 for none
+    QString (*tag)(const dao::Recordset &linha) = nullptr; ///< what a row keeps for the window besides its texts
     std::span<const Soma> somas = {};
     std::span<const QStringView> vazia = {}; ///< the texts of the row that stands for no result; none: an empty list
 };

@@ -48,18 +48,13 @@ QString nivelDoOperador(const dao::Recordset &linha, int lugar)
     return core::Verdadeiro(linha.value(lugar)) ? administrador : usuario;
 }
 
-core::Marca senhaGuardada(const dao::Recordset &linha)
-{
-    return {.tag = senhaDe(linha)};
-}
-
 constexpr std::array colunas{
     core::ColunaLista{u"Código", 900, u"Codigo", codigoDoOperador},
     core::ColunaLista{u"Nome Operador", 4000, u"Nome", core::comoEsta},
     core::ColunaLista{u"Nível", 1600, u"Admin", nivelDoOperador},
 };
 
-constexpr core::Lista lista{.colunas = colunas, .marca = senhaGuardada};
+constexpr core::Lista lista{.colunas = colunas, .tag = senhaDe};
 
 } // namespace
 

@@ -52,14 +52,17 @@ constexpr std::array colunas{
 
 constexpr std::array<QStringView, 3> semLinhas{u" ", u"", u"Registro Não Localizado"};
 
-/// A row that a sale left keeps the order's number.
-Marca marcaDaVenda(const dao::Recordset &linha)
+QString ordemDaLinha(const dao::Recordset &linha)
 {
-    const QString codOS = OrdemDaVenda(comoEsta(linha, linha.fieldPlace(u"Descricao")));
-    return codOS.isEmpty() ? Marca{} : Marca{marcaVenda, codOS};
+    return OrdemDaVenda(comoEsta(linha, linha.fieldPlace(u"Descricao")));
 }
 
-constexpr Lista movimentos{.colunas = colunas, .marca = marcaDaVenda, .vazia = semLinhas};
+int iconeDaLinha(const dao::Recordset &linha)
+{
+    return ordemDaLinha(linha).isEmpty() ? 0 : marcaVenda;
+}
+
+constexpr Lista movimentos{.colunas = colunas, .icone = iconeDaLinha, .tag = ordemDaLinha, .vazia = semLinhas};
 
 QString quantidade(const Value &valor, int codigoUM)
 {
