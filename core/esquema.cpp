@@ -93,6 +93,28 @@ constexpr std::array<Atualizacao, 8> atualizacoes{{
     {20, u"alter table Veiculos Add Chassi varchar(50)"},
 }};
 
+/// The columns by which registers, queries and ledgers order a table.
+struct Ordem {
+    QStringView tabela;
+    QStringView colunas;
+};
+
+constexpr std::array<Ordem, 13> ordens{{
+    {u"Clientes", u"Nome"},
+    {u"Fornecedores", u"Nome"},
+    {u"Veiculos", u"MarcaModelo"},
+    {u"Pecas", u"Nome"},
+    {u"Pecas", u"PS,Nome,MarcaModelo"},
+    {u"Estoque", u"CodPeca,Data,Codigo"},
+    {u"Caixa", u"Data,Codigo"},
+    {u"Banco1", u"Data,Codigo"},
+    {u"Banco2", u"Data,Codigo"},
+    {u"ContasReceber", u"Vencimento,Codigo"},
+    {u"ContasPagar", u"Vencimento,Codigo"},
+    {u"Cheques", u"Data,Codigo"},
+    {u"Fiados", u"Vencimento"},
+}};
+
 struct Tipo {
     QStringView palavra;
     dao::FieldType tipo;
@@ -241,6 +263,16 @@ void atualiza()
     }
 }
 
+/// A file that can't be written at present is read as it is, only slower. One try is enough: each waits for the lock.
+void mantemOrdens()
+{
+    ignoraErros([] {
+        for (const Ordem &ordem : ordens) {
+            banco().KeepInOrder(ordem.tabela.toString(), ordem.colunas.toString().split(u','));
+        }
+    });
+}
+
 void criaBanco(const QString &arquivo, const AvisoCritico &aviso)
 {
     // A file that can't be created shows in the failure of its first table.
@@ -275,6 +307,7 @@ void CriarDB(const AvisoCritico &aviso)
         criaSeFalta(nomes, livroOrigem, aviso);
     }
     atualiza();
+    mantemOrdens();
 }
 
 void AbreOuCriaBanco(const AvisoCritico &aviso)

@@ -50,6 +50,11 @@ void Database::AppendTableDef(const TableDef &table)
     createTable(*connection_, table);
 }
 
+bool Database::KeepInOrder(const QString &table, const QStringList &columns)
+{
+    return keepInOrder(*connection_, table, columns);
+}
+
 int Database::Execute(const QString &statement)
 {
     return execute(*connection_, statement);

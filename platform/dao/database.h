@@ -4,6 +4,7 @@
 #include "platform/dao/tabledef.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <chrono>
 #include <functional>
@@ -29,6 +30,10 @@ public:
 
     /// Creates a table and, on the columns that the statements search by, its plain indexes. Error 3010 if it exists.
     void AppendTableDef(const TableDef &table);
+
+    /// Sees to it that the rows of a table come in the order of these columns without being sorted, which changes no
+    /// answer. False where the table or a column is missing.
+    bool KeepInOrder(const QString &table, const QStringList &columns);
 
     /// Runs a statement that gives no rows: DELETE, UPDATE, INSERT, CREATE, ALTER, DROP. Returns the rows it touched.
     int Execute(const QString &statement);

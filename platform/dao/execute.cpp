@@ -202,7 +202,7 @@ void checkDefinition(const TableDef &table)
 
 std::optional<Index> findIndex(const Connection &connection, const Table &table, const QString &name)
 {
-    for (Index &index : readIndexes(connection.handle(), table.name)) {
+    for (Index &index : readIndexes(connection.handle(), table.name, userMark)) {
         if (index.name.compare(name, Qt::CaseInsensitive) == 0) {
             return std::move(index);
         }
@@ -214,7 +214,7 @@ QByteArrayList dropIndexesSql(const Table &table)
 {
     QByteArrayList statements;
     for (const Field &field : table.fields) {
-        statements.append((u"DROP INDEX IF EXISTS "_s + indexName(table.name, field.name)).toUtf8());
+        statements.append((u"DROP INDEX IF EXISTS "_s + indexName(table.name, searchMark, field.name)).toUtf8());
     }
     return statements;
 }
@@ -250,15 +250,20 @@ void dropField(Connection &connection, const Table &table, const QString &name)
         runtime::raise(3381, {name, table.name});
     }
     const QString field = table.fields[static_cast<size_t>(place)].name;
-    for (const Index &index : readIndexes(connection.handle(), table.name)) {
+    for (const Index &index : readIndexes(connection.handle(), table.name, userMark)) {
         if (index.columns.contains(field, Qt::CaseInsensitive)) {
             runtime::raise(3280, {field, index.name});
+        }
+    }
+    QByteArrayList statements = dropIndexesSql(table);
+    for (const Index &index : readIndexes(connection.handle(), table.name, orderMark)) {
+        if (index.columns.contains(field, Qt::CaseInsensitive)) {
+            statements.append((u"DROP INDEX "_s + indexName(table.name, orderMark, index.name)).toUtf8());
         }
     }
     auto left = table.fields;
     left.erase(left.begin() + place);
     connection.tableChanges(table.name);
-    QByteArrayList statements = dropIndexesSql(table);
     statements.append((u"ALTER TABLE "_s + quoted(table.name) + u" DROP COLUMN "_s + quoted(field)).toUtf8());
     change(connection, statements + createIndexesSql(table.name, left));
 }
@@ -273,24 +278,27 @@ void dropTable(Connection &connection, const Table &table)
     connection.forgetNumbers(table.name);
 }
 
+/// A column of an index as the engine names it.
+QString indexColumn(const Table &table, const QString &name)
+{
+    const int place = table.place(name);
+    if (place < 0) {
+        runtime::raise(3409, {name, table.name});
+    }
+    return quoted(table.fields[static_cast<size_t>(place)].name);
+}
+
 /// An index of the user's own. It makes searches quicker and changes no answer.
 void createIndex(Connection &connection, const Table &table, const Statement &definition)
 {
     QStringList columns;
     for (const IndexColumn &column : definition.indexColumns) {
-        const int place = table.place(column.name);
-        if (place < 0) {
-            runtime::raise(3409, {column.name, table.name});
-        }
-        columns.append(quoted(table.fields[static_cast<size_t>(place)].name) +
-                       (column.descending ? u" DESC"_s : QString()));
+        columns.append(indexColumn(table, column.name) + (column.descending ? u" DESC"_s : QString()));
     }
     if (findIndex(connection, table, definition.index)) {
         runtime::raise(3375, {table.name, definition.index});
     }
-    change(connection, {(u"CREATE INDEX "_s + userIndexName(table.name, definition.index) + u" ON "_s +
-                         quoted(table.name) + u" ("_s + columns.join(u", "_s) + u')')
-                            .toUtf8()});
+    change(connection, {createIndexSql(table.name, userMark, definition.index, columns)});
 }
 
 void dropIndex(Connection &connection, const Table &table, const QString &name)
@@ -299,7 +307,7 @@ void dropIndex(Connection &connection, const Table &table, const QString &name)
     if (!index) {
         runtime::raise(3372, {name, table.name});
     }
-    change(connection, {(u"DROP INDEX "_s + userIndexName(table.name, index->name)).toUtf8()});
+    change(connection, {(u"DROP INDEX "_s + indexName(table.name, userMark, index->name)).toUtf8()});
 }
 
 /// Table and rows are one change of the file; what fails leaves neither, nor a number that counts as given.
@@ -385,6 +393,25 @@ void createTable(Connection &connection, const TableDef &table)
     checkDefinition(table);
     refuseTable(connection, table.name());
     change(connection, QByteArrayList{createTableSql(table)} + createIndexesSql(table.name(), table.fields()));
+}
+
+bool keepInOrder(Connection &connection, const QString &name, const QStringList &columns)
+{
+    const auto table = connection.schema().find(name);
+    const auto missing = [&table](const QString &column) { return table->place(column) < 0; };
+    if (!table || std::any_of(columns.begin(), columns.end(), missing)) {
+        return false;
+    }
+    const QString index = columns.join(u',');
+    const auto present = readIndexes(connection.handle(), table->name, orderMark);
+    if (std::none_of(present.begin(), present.end(), [&](const Index &one) { return one.name == index; })) {
+        QStringList found;
+        for (const QString &column : columns) {
+            found.append(indexColumn(*table, column));
+        }
+        change(connection, {createIndexSql(table->name, orderMark, index, found)});
+    }
+    return true;
 }
 
 } // namespace dao

@@ -19,10 +19,6 @@ namespace
 constexpr std::array searched = {"Codigo"_L1,     "CodOS"_L1,   "CodPeca"_L1, "CodCliente"_L1,
                                  "CodVeiculo"_L1, "CodOrca"_L1, "CodNota"_L1, "CodForn"_L1};
 
-/// Behind it stands the name that the user gave. The program's own indexes are named by the columns it searches by, of
-/// which none begins so.
-constexpr QLatin1StringView userIndexMark = "~~"_L1;
-
 bool isSearched(const QString &table, const Field &field)
 {
     if (field.type == FieldType::Text) {
@@ -111,19 +107,21 @@ QByteArray createTableSql(const TableDef &table)
     return (u"CREATE TABLE "_s + quoted(table.name()) + u" ("_s + columns.join(u", "_s) + u')').toUtf8();
 }
 
-QString indexName(const QString &table, const QString &field)
+QString indexName(const QString &table, QLatin1StringView mark, const QString &name)
 {
-    return quoted(QString(table + u'~' + field));
+    return quoted(QString(table + mark + name));
 }
 
-QString userIndexName(const QString &table, const QString &index)
+QByteArray createIndexSql(const QString &table, QLatin1StringView mark, const QString &name, const QStringList &columns)
 {
-    return quoted(QString(table + userIndexMark + index));
+    return (u"CREATE INDEX "_s + indexName(table, mark, name) + u" ON "_s + quoted(table) + u" ("_s +
+            columns.join(u", "_s) + u')')
+        .toUtf8();
 }
 
-std::vector<Index> readIndexes(sqlite3 *handle, const QString &table)
+std::vector<Index> readIndexes(sqlite3 *handle, const QString &table, QLatin1StringView mark)
 {
-    const QString start = table + userIndexMark;
+    const QString start = table + mark;
     Prepared list(handle,
                   QByteArrayLiteral("SELECT l.name, c.name FROM pragma_index_list(?1) AS l, pragma_index_info(l.name) "
                                     "AS c ORDER BY l.name, c.seqno"));
@@ -153,10 +151,9 @@ QByteArrayList createIndexesSql(const QString &table, const std::vector<Field> &
         }
         // A ledger is read by its owner in the order of its counter, and from its end.
         const bool ordered = counter != fields.end() && !field.isCounter() && field.type != FieldType::Text;
-        const QString columns = quoted(field.name) + (ordered ? u", "_s + quoted(counter->name) : QString());
-        statements.append(
-            (u"CREATE INDEX "_s + indexName(table, field.name) + u" ON "_s + quoted(table) + u" ("_s + columns + u')')
-                .toUtf8());
+        const QStringList columns =
+            ordered ? QStringList{quoted(field.name), quoted(counter->name)} : QStringList{quoted(field.name)};
+        statements.append(createIndexSql(table, searchMark, field.name, columns));
     }
     return statements;
 }

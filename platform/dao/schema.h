@@ -56,19 +56,25 @@ QByteArray createTableSql(const TableDef &table);
 /// The plain indexes of the columns that statements search by, each with the table's counter behind it.
 QByteArrayList createIndexesSql(const QString &table, const std::vector<Field> &fields);
 
-/// The engine's name of a column's index, quoted.
-QString indexName(const QString &table, const QString &field);
+/// What stands between a table's name and that of its index: one by which statements search, one in whose order they
+/// want the rows, one that a CREATE INDEX made. No name of a column begins so.
+inline constexpr QLatin1StringView searchMark{"~"};
+inline constexpr QLatin1StringView orderMark{"~>"};
+inline constexpr QLatin1StringView userMark{"~~"};
 
-/// The engine's name of an index that a CREATE INDEX names, quoted.
-QString userIndexName(const QString &table, const QString &index);
+/// The engine's name of an index, quoted.
+QString indexName(const QString &table, QLatin1StringView mark, const QString &name);
 
-/// An index that a CREATE INDEX made.
+/// `columns` stand as the engine takes them.
+QByteArray createIndexSql(const QString &table, QLatin1StringView mark, const QString &name,
+                          const QStringList &columns);
+
 struct Index {
     QString name;
     QStringList columns;
 };
 
-/// The indexes of a table beside those that the program makes of itself.
-std::vector<Index> readIndexes(sqlite3 *handle, const QString &table);
+/// The indexes of a table that have this mark.
+std::vector<Index> readIndexes(sqlite3 *handle, const QString &table, QLatin1StringView mark);
 
 } // namespace dao
