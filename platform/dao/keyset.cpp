@@ -183,6 +183,7 @@ void Keyset::goTo(size_t row)
 {
     place_ = Place::Row;
     row_ = row;
+    partial_ = nullptr;
     held_ = width_ == 0 ? copy_.data() + row * plan_->columns.size() : nullptr;
     const bool ahead = !drained_ && (row + 1) * width_ == keys_.size();
     current_ = ahead ? &scan_ : nullptr;
@@ -333,15 +334,36 @@ qint64 Keyset::rowNumber() const
     return place_ == Place::Last ? lastRow_ : keys_[row_];
 }
 
+runtime::Value Keyset::valueOf(const Prepared &statement, int place, int column) const
+{
+    const auto &type = plan_->columns[static_cast<size_t>(column)].type;
+    return type ? statement.value(place, *type) : statement.value(place);
+}
+
 runtime::Value Keyset::value(int column)
 {
+    if (partial_ != nullptr) {
+        return partialValue(column);
+    }
     load();
     if (held_ != nullptr) {
         return held_[column];
     }
-    const auto &type = plan_->columns[static_cast<size_t>(column)].type;
-    const int place = column + static_cast<int>(width_);
-    return type ? current_->value(place, *type) : current_->value(place);
+    return valueOf(*current_, column + static_cast<int>(width_), column);
+}
+
+/// A column that is not read is looked up with the whole row.
+runtime::Value Keyset::partialValue(int column)
+{
+    requireOpen();
+    const auto place = static_cast<size_t>(column);
+    partial_->wanted[place] = true;
+    if (partial_->places[place] >= 0) {
+        return valueOf(partial_->statement, partial_->places[place], column);
+    }
+    partial_->missed = true;
+    load();
+    return valueOf(*current_, column + static_cast<int>(width_), column);
 }
 
 void Keyset::append(qint64 row)
@@ -377,7 +399,22 @@ void Keyset::standOn(const runtime::Value *values)
 {
     dropCurrent();
     place_ = Place::Row;
+    partial_ = nullptr;
     held_ = values;
+}
+
+void Keyset::standOn(size_t row, PartialRow &partial)
+{
+    dropCurrent();
+    goTo(row);
+    partial_ = &partial;
+}
+
+Prepared Keyset::read(const QByteArray &sql)
+{
+    Prepared statement(connection_->handle(), sql);
+    bindLiterals(statement, *plan_, literals_);
+    return statement;
 }
 
 void Keyset::close()
@@ -435,6 +472,7 @@ void Keyset::settle()
 {
     drain();
     dropCurrent();
+    partial_ = nullptr;
     hold_ = {};
 }
 

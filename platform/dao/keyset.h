@@ -8,6 +8,14 @@
 namespace dao
 {
 
+/// A row of which only some columns are read.
+struct PartialRow {
+    Prepared statement;
+    std::vector<int> places;  ///< of the columns in the statement; -1 for one that is not read
+    std::vector<bool> wanted; ///< the columns that were asked for
+    bool missed = false;      ///< one of them is not read
+};
+
 /// The rows of a statement, and the place among them.
 ///
 /// A keyset finds its rows as they are visited: one open statement runs ahead and leaves its row numbers behind. Before
@@ -47,6 +55,8 @@ public:
     size_t complete();                          ///< meets all rows, forgets the deleted ones, and counts them
     bool standOn(size_t row);                   ///< false where it is gone
     void standOn(const runtime::Value *values); ///< on a row whose values are in memory
+    void standOn(size_t row, PartialRow &partial);
+    Prepared read(const QByteArray &sql); ///< a statement with the literals of the set's own
     qint64 rowNumber(size_t row, size_t table) const { return keys_[row * width_ + table]; }
     void holdFile(); ///< keeps the file locked for reading until `settle`
 
@@ -77,6 +87,8 @@ private:
     bool lookUpLast();
     void goToAdded(size_t added);
     bool seek();
+    runtime::Value partialValue(int column);
+    runtime::Value valueOf(const Prepared &statement, int place, int column) const;
 
     std::shared_ptr<Connection> connection_;
     std::shared_ptr<Plan> plan_;
@@ -92,6 +104,7 @@ private:
     std::vector<qint64> newest_;  ///< the highest row number of each table that counts
     std::vector<runtime::Value> copy_;
     const runtime::Value *held_ = nullptr; ///< the current row where its values are in memory
+    PartialRow *partial_ = nullptr;        ///< the current row where only some columns are read
     size_t deleted_ = 0;
     bool drained_ = false;
     Place place_ = Place::Row;

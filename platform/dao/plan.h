@@ -47,6 +47,14 @@ private:
     std::vector<Prepared> idle_;
 };
 
+/// The pieces of a SELECT whose rows have identities, for a reading of some of its columns.
+struct Pieces {
+    QStringList rowNumbers;
+    QStringList values; ///< a column each
+    QString from;
+    QString where;
+};
+
 /// A statement of the program carried over to the engine. It serves every statement that differs in its literals only.
 struct Plan {
     StatementKind kind = StatementKind::Select;
@@ -54,12 +62,13 @@ struct Plan {
     std::vector<std::shared_ptr<const Table>> tables; ///< whose row numbers lead the result, for a keyset
     QStringList reads;                                ///< every table that the statement looks at
     std::vector<ResultColumn> columns;
-    bool sorted = false;                 ///< the engine has to sort all rows before it gives the first one
-    bool keyset = false;                 ///< rows have identities; otherwise the result is a copy
-    bool asksInColumns = false;          ///< a column shows what a query inside the statement finds
-    StatementPool scan;                  ///< all rows in order
-    StatementPool keys;                  ///< the row numbers of all rows in order, or of those that a DELETE takes
-    StatementPool seek;                  ///< one row by its row numbers, which follow the literals
+    bool sorted = false;        ///< the engine has to sort all rows before it gives the first one
+    bool keyset = false;        ///< rows have identities; otherwise the result is a copy
+    bool asksInColumns = false; ///< a column shows what a query inside the statement finds
+    StatementPool scan;         ///< all rows in order
+    StatementPool keys;         ///< the row numbers of all rows in order, or of those that a DELETE takes
+    StatementPool seek;         ///< one row by its row numbers, which follow the literals
+    Pieces pieces;
     StatementPool last;                  ///< the last row; the highest row number that counts follows the literals
     std::shared_ptr<const Table> target; ///< the table that INSERT, DELETE, ALTER or DROP is about
     std::vector<int> targetPlaces;       ///< of the fields that an INSERT names

@@ -90,6 +90,7 @@ private:
             plan_.tables.push_back(source.table);
             rows = both(rows, rowNumber(source) + u" = ?"_s + QString::number(++parameter));
         }
+        plan_.pieces = {rowNumbers(), written.values(), written.from, written.where};
         plan_.keys = StatementPool(selectText(select, written, rowNumbers()).toUtf8());
         const QString start = u"SELECT "_s + values + u" FROM "_s + written.from + u" WHERE "_s;
         plan_.seek = StatementPool((start + rows).toUtf8());

@@ -5,6 +5,9 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace dao
 {
@@ -66,18 +69,103 @@ bool SnapshotData::read(size_t row, const std::function<void(const Recordset &)>
     return found;
 }
 
-void SnapshotData::readAll(const std::function<void(int, const Recordset &)> &visit)
+void SnapshotData::readAll(const Visitor &visit)
 {
     if (!keyset_.isOpen()) {
         return;
     }
     const Visit standing(keyset_);
     keyset_.holdFile();
+    std::vector<bool> met(count_);
+    if (isSweepQuicker()) {
+        sweep(visit, met);
+    }
     for (size_t row = 0; row < count_; ++row) {
-        if (standOn(row)) {
+        if (!met[row] && standOn(row)) {
             visit(static_cast<int>(row), set_);
         }
     }
+}
+
+/// Looking a row up takes as long as passing many by. The highest row number tells how many there are.
+bool SnapshotData::isSweepQuicker()
+{
+    constexpr size_t few = 100;
+    constexpr qint64 passed = 16;
+    const Plan &plan = keyset_.plan();
+    if (plan.tables.empty() || count_ <= few) {
+        return false;
+    }
+    if (plan.tables.size() > 1) {
+        return true;
+    }
+    const QString highest = u"SELECT max("_s + rowName + u") FROM "_s + quoted(plan.tables.front()->name);
+    Prepared statement = keyset_.read(highest.toUtf8());
+    return statement.step() && statement.integer(0) / passed < static_cast<qint64>(count_);
+}
+
+/// Visits the rows that stand as they stood, as the engine finds them. It begins anew when a column is asked for that
+/// is not read.
+void SnapshotData::sweep(const Visitor &visit, std::vector<bool> &met)
+{
+    const auto columns = keyset_.plan().columns.size();
+    PartialRow partial{{}, {}, std::vector<bool>(columns), true};
+    while (std::exchange(partial.missed, false)) {
+        partial.statement = statementFor(partial);
+        size_t next = 0;
+        while (!partial.missed && partial.statement.step()) {
+            const auto row = findRow(partial.statement, next);
+            if (!row || met[*row] || kept_.contains(*row)) {
+                continue;
+            }
+            met[*row] = true;
+            keyset_.standOn(*row, partial);
+            visit(static_cast<int>(*row), set_);
+        }
+    }
+}
+
+/// Rows of one table are all read: those that no longer meet the condition belong to the set as well, and where many
+/// are wanted that is as quick. The condition of a join is what brings its rows together.
+Prepared SnapshotData::statementFor(PartialRow &partial)
+{
+    const Pieces &pieces = keyset_.plan().pieces;
+    QStringList values = pieces.rowNumbers;
+    partial.places.assign(partial.wanted.size(), -1);
+    for (size_t column = 0; column < partial.wanted.size(); ++column) {
+        if (partial.wanted[column]) {
+            partial.places[column] = static_cast<int>(values.size());
+            values.append(pieces.values[static_cast<qsizetype>(column)]);
+        }
+    }
+    const QString where =
+        pieces.rowNumbers.size() > 1 && !pieces.where.isEmpty() ? u" WHERE "_s + pieces.where : QString();
+    return keyset_.read((u"SELECT "_s + values.join(u", "_s) + u" FROM "_s + pieces.from + where).toUtf8());
+}
+
+/// The row with the row numbers that lead the statement's present one. It is mostly the one behind the last one found.
+std::optional<size_t> SnapshotData::findRow(const Prepared &statement, size_t &next)
+{
+    const auto &rows = rowsByNumber(0);
+    const size_t tables = rowsByNumber_.size();
+    const auto compare = [&](size_t row) {
+        for (size_t table = 0; table < tables; ++table) {
+            const qint64 number = statement.integer(static_cast<int>(table));
+            if (number != keyset_.rowNumber(row, table)) {
+                return keyset_.rowNumber(row, table) < number ? -1 : 1;
+            }
+        }
+        return 0;
+    };
+    if (next >= rows.size() || compare(rows[next]) != 0) {
+        const auto place =
+            std::partition_point(rows.begin(), rows.end(), [&](quint32 row) { return compare(row) < 0; });
+        next = static_cast<size_t>(place - rows.begin());
+        if (place == rows.end() || compare(*place) != 0) {
+            return std::nullopt;
+        }
+    }
+    return rows[next++];
 }
 
 void SnapshotData::keep(size_t row)
@@ -104,6 +192,20 @@ void SnapshotData::keepAll()
     }
 }
 
+/// By the row numbers of a table, then by those of the others.
+bool SnapshotData::isBefore(size_t a, size_t b, size_t table) const
+{
+    if (keyset_.rowNumber(a, table) != keyset_.rowNumber(b, table)) {
+        return keyset_.rowNumber(a, table) < keyset_.rowNumber(b, table);
+    }
+    for (size_t other = 0; other < rowsByNumber_.size(); ++other) {
+        if (keyset_.rowNumber(a, other) != keyset_.rowNumber(b, other)) {
+            return keyset_.rowNumber(a, other) < keyset_.rowNumber(b, other);
+        }
+    }
+    return false;
+}
+
 /// Made when it is first needed: most lists are closed before a row of theirs changes.
 const std::vector<quint32> &SnapshotData::rowsByNumber(size_t table)
 {
@@ -111,8 +213,7 @@ const std::vector<quint32> &SnapshotData::rowsByNumber(size_t table)
     if (rows.size() != count_) {
         rows.resize(count_);
         std::iota(rows.begin(), rows.end(), 0);
-        std::sort(rows.begin(), rows.end(),
-                  [&](quint32 a, quint32 b) { return keyset_.rowNumber(a, table) < keyset_.rowNumber(b, table); });
+        std::sort(rows.begin(), rows.end(), [&](quint32 a, quint32 b) { return isBefore(a, b, table); });
     }
     return rows;
 }

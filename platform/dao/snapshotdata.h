@@ -4,6 +4,7 @@
 #include "platform/dao/recordsetdata.h"
 
 #include <functional>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -28,7 +29,14 @@ public:
 private:
     using Values = std::vector<runtime::Value>;
 
+    using Visitor = std::function<void(int row, const Recordset &)>;
+
     bool standOn(size_t row);
+    bool isSweepQuicker();
+    void sweep(const Visitor &visit, std::vector<bool> &met);
+    Prepared statementFor(PartialRow &partial);
+    std::optional<size_t> findRow(const Prepared &statement, size_t &next);
+    bool isBefore(size_t a, size_t b, size_t table) const;
     void keep(size_t row);
     void keepAll();
     const std::vector<quint32> &rowsByNumber(size_t table);
@@ -37,7 +45,7 @@ private:
     Recordset set_;
     size_t count_;
     std::unordered_map<size_t, Values> kept_;        ///< by row; without values where the row is gone
-    std::vector<std::vector<quint32>> rowsByNumber_; ///< the rows in the order of a table's row numbers, a table each
+    std::vector<std::vector<quint32>> rowsByNumber_; ///< a table each: the rows in the order of its row numbers
 };
 
 } // namespace dao
