@@ -4,8 +4,6 @@
 
 #include "registers/registro.h"
 
-class QComboBox;
-
 namespace Ui
 {
 class PainelCadastro;
@@ -36,9 +34,6 @@ protected:
     /// Connects the events of the fields and of the panel. Once, behind the window's `setupUi`.
     void ligaCadastro(PainelCadastro &painel);
 
-    /// The completion list of cboMarca and its two buttons.
-    void ligaMarca();
-
     // What a register may do otherwise.
     virtual void aoAbrir() {}                    ///< before the caption and the first focus
     virtual bool confere(Gravacao gravacao);     ///< the checks before the question; false when one refused
@@ -64,47 +59,27 @@ protected:
     void btnVoltar_Click();
     void Lista_Click();
     virtual void Lista_DblClick();
-    void btnMarcaAdd_Click();
-    void btnMarcaRemove_Click();
-    void cboMarca_Change();
 
     /// Writes `codigo` to the caller of this mode, closes this window and gives the caller's control the focus. False
     /// where the mode hands nothing back.
     bool devolve(std::span<const core::Devolucao> linhas, const QString &codigo);
 
-    /// A control by its name, and its text: that of an option button is "-1" or "0", that of a combo without typing the
-    /// index of its entry.
-    QWidget *controle(QStringView nome) const;
-    QComboBox *combo(QStringView nome) const; ///< or nullptr
-    QString texto(QStringView nome) const;
-    void poeTexto(QStringView nome, const QString &texto);
-    void esvazia(std::span<const QStringView> nomes);
-
+    core::Campos &campos() { return campos_; }
     const Ui::PainelCadastro &painel() const { return *painel_; }
 
 private:
-    /// The statement that a row was read by.
-    enum class Origem { Clique, Segunda, Localizado };
-
-    void campo_Change(int indice);
-    void campo_LostFocus(int indice);
-
-    void ligaCampos();
     void abre();
-    void limitaTextos();
     void pesquisa(const QString &procurado);
     void carrega(const QString &codigo);
     void carregaSegunda(const QString &codigo);
     void carregaLocalizado(const QString &codigo);
-    void mostra(const dao::Recordset &linha, Origem origem);
-    Mostra mostraDe(const Campo &campo, Origem origem) const;
     std::optional<dao::Recordset> linhaMostrada() const;
     bool recusaSemCodigo();
     void avisaNaoLocalizado() const;
 
     const Registro &registro_;
+    core::Campos campos_;
     const Ui::PainelCadastro *painel_ = nullptr;
-    bool escrevendo_ = false; ///< the program writes a control: what is stored is neither masked nor completed
 };
 
 } // namespace registers

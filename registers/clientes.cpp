@@ -1,5 +1,4 @@
 #include "registers/contato.h"
-#include "registers/conversoes.h"
 #include "registers/registro.h"
 
 #include "core/banco.h"
@@ -96,8 +95,8 @@ constexpr auto pesquisas = junta(pesquisasDeContato, std::array{
                                                      });
 
 constexpr std::array excecoesLocaliza{
-    ExcecaoLocaliza{u"cboPessoa", nullptr},
-    ExcecaoLocaliza{u"txtCPF", comoEsta},
+    OutraMostra{u"cboPessoa", nullptr},
+    OutraMostra{u"txtCPF", comoEsta},
 };
 
 constexpr std::array<QStringView, 1> exclusoes{u"DELETE * FROM Clientes WHERE codigo = "};

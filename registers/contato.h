@@ -1,6 +1,6 @@
 #pragma once
 
-#include "registers/conversoes.h"
+#include "registers/registro.h"
 
 #include "core/funcoes.h"
 
@@ -12,17 +12,17 @@ namespace registers
 {
 
 inline constexpr std::array camposDeContato{
-    Campo{u"txtEndereco", u"Endereco", comoEsta, ouNulo},
-    Campo{u"txtNumero", u"Numero", comoEsta, ouNulo, core::SoDecimais},
-    Campo{u"txtComplemento", u"Complemento", comoEsta, ouNulo},
-    Campo{u"txtBairro", u"Bairro", comoEsta, ouNulo},
-    Campo{u"txtCidade", u"Cidade", comoEsta, ouNulo},
-    Campo{u"cboEstado", u"Estado", comoEsta, comoTexto},
-    Campo{u"txtCEP", u"CEP", comoEsta, ouNulo, core::SoInteiros, core::TipoMascara::CEP},
-    Campo{u"txtPontoReferencia", u"PontoReferencia", comoEsta, ouNulo},
-    Campo{u"txtFone1", u"Fone1", comoEsta, ouNulo, core::SoInteiros, core::TipoMascara::Fone},
-    Campo{u"txtFone2", u"Fone2", comoEsta, ouNulo, core::SoInteiros, core::TipoMascara::Fone},
-    Campo{u"txtCelular", u"Celular", comoEsta, ouNulo, core::SoInteiros, core::TipoMascara::Fone},
+    Campo{u"txtEndereco", u"Endereco", core::comoEsta, core::ouNulo},
+    Campo{u"txtNumero", u"Numero", core::comoEsta, core::ouNulo, core::SoDecimais},
+    Campo{u"txtComplemento", u"Complemento", core::comoEsta, core::ouNulo},
+    Campo{u"txtBairro", u"Bairro", core::comoEsta, core::ouNulo},
+    Campo{u"txtCidade", u"Cidade", core::comoEsta, core::ouNulo},
+    Campo{u"cboEstado", u"Estado", core::comoEsta, core::comoTexto},
+    Campo{u"txtCEP", u"CEP", core::comoEsta, core::ouNulo, core::SoInteiros, core::TipoMascara::CEP},
+    Campo{u"txtPontoReferencia", u"PontoReferencia", core::comoEsta, core::ouNulo},
+    Campo{u"txtFone1", u"Fone1", core::comoEsta, core::ouNulo, core::SoInteiros, core::TipoMascara::Fone},
+    Campo{u"txtFone2", u"Fone2", core::comoEsta, core::ouNulo, core::SoInteiros, core::TipoMascara::Fone},
+    Campo{u"txtCelular", u"Celular", core::comoEsta, core::ouNulo, core::SoInteiros, core::TipoMascara::Fone},
 };
 
 inline constexpr std::array pesquisasDeContato{

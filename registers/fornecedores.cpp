@@ -1,5 +1,4 @@
 #include "registers/contato.h"
-#include "registers/conversoes.h"
 #include "registers/registro.h"
 
 #include "core/banco.h"

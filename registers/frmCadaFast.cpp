@@ -3,14 +3,12 @@
 #include "ui_frmCadaFast.h"
 
 #include "registers/avisos.h"
-#include "registers/conversoes.h"
 #include "registers/estados.h"
 
 #include "core/banco.h"
 #include "core/caixacodigo.h"
 #include "core/combos.h"
 #include "core/funcoes.h"
-#include "core/limites.h"
 #include "core/modos.h"
 #include "core/modulo.h"
 #include "platform/dao/database.h"
@@ -34,24 +32,37 @@ constexpr std::array<Devolucao, 1> tabelaDevolucoes{{{modoNormal, u"frmOSAbre", 
 
 /// What a customer has here: a part of the register's fields, none of them demanded.
 constexpr std::array camposDoCliente{
-    Campo{u"txtNome", u"Nome", comoEsta, ouNulo},     Campo{u"txtEndereco", u"Endereco", comoEsta, ouNulo},
-    Campo{u"txtNumero", u"Numero", comoEsta, ouNulo}, Campo{u"txtComplemento", u"Complemento", comoEsta, ouNulo},
-    Campo{u"txtBairro", u"Bairro", comoEsta, ouNulo}, Campo{u"txtCidade", u"Cidade", comoEsta, ouNulo},
-    Campo{u"cboEstado", u"Estado", comoEsta, ouNulo}, Campo{u"txtCEP", u"CEP", comoEsta, ouNulo},
-    Campo{u"txtFone1", u"Fone1", comoEsta, ouNulo},   Campo{u"txtCelular", u"Celular", comoEsta, ouNulo},
+    Campo{u"", u"DataCadastro", nullptr, hojeNaInclusao},
+    Campo{u"txtNome", u"Nome", comoEsta, ouNulo},
+    Campo{u"txtEndereco", u"Endereco", comoEsta, ouNulo},
+    Campo{u"txtNumero", u"Numero", comoEsta, ouNulo, SoDecimais},
+    Campo{u"txtComplemento", u"Complemento", comoEsta, ouNulo},
+    Campo{u"txtBairro", u"Bairro", comoEsta, ouNulo},
+    Campo{u"txtCidade", u"Cidade", comoEsta, ouNulo},
+    Campo{u"cboEstado", u"Estado", comoEsta, ouNulo},
+    Campo{u"txtCEP", u"CEP", comoEsta, ouNulo, SoInteiros, TipoMascara::CEP},
+    Campo{u"txtFone1", u"Fone1", comoEsta, ouNulo, SoInteiros, TipoMascara::Fone},
+    Campo{u"txtCelular", u"Celular", comoEsta, ouNulo, SoInteiros, TipoMascara::Fone},
 };
 
 constexpr std::array camposDoVeiculo{
-    Campo{u"cboMarca", u"MarcaModelo", comoEsta, comoTexto},
-    Campo{u"txtAno", u"Ano", comoEsta, ouNulo},
+    Campo{.controle = u"cboMarca", .coluna = u"MarcaModelo", .grava = comoTexto, .lista = ListaCombo::MarcaModelo},
+    Campo{u"txtAno", u"Ano", comoEsta, ouNulo, nullptr, TipoMascara::Ano},
     Campo{u"txtCor", u"Cor", comoEsta, ouNulo},
     Campo{u"txtPlaca", u"Placas", comoEsta, ouNulo},
     Campo{u"txtCombustivel", u"Combustivel", comoEsta, ouNulo},
 };
 
+constexpr std::array verificacoes{
+    Verificacao{u"txtNome", naoVazio, u"Nome Inválido"},
+    Verificacao{u"cboMarca", naoVazio, u"Marca/Modelo Inválido"},
+};
+
 } // namespace
 
-frmCadaFast::frmCadaFast() : Form(u"frmCadaFast"_s), ui_(std::make_unique<Ui::frmCadaFast>())
+frmCadaFast::frmCadaFast()
+    : Form(u"frmCadaFast"_s), ui_(std::make_unique<Ui::frmCadaFast>()), cliente_(*this, camposDoCliente),
+      veiculo_(*this, camposDoVeiculo, verificacoes)
 {
     ui_->setupUi(this);
     ligaEventos();
@@ -70,18 +81,9 @@ void frmCadaFast::ligaEventos()
     ligaCliente();
     filterKeys(ui_->txtCodCliente, SoInteiros);
     onLostFocus(ui_->txtNome, &frmCadaFast::txtNome_LostFocus);
-    filterKeys(ui_->txtNumero, SoDecimais);
-    filterKeys(ui_->txtCEP, SoInteiros);
-    onChange(ui_->txtCEP, &frmCadaFast::txtCEP_Change);
-    filterKeys(ui_->txtFone1, SoInteiros);
-    onChange(ui_->txtFone1, &frmCadaFast::txtFone1_Change);
-    filterKeys(ui_->txtCelular, SoInteiros);
-    onChange(ui_->txtCelular, &frmCadaFast::txtCelular_Change);
-    onChange(ui_->cboMarca, &frmCadaFast::cboMarca_Change);
-    onChange(ui_->txtAno, &frmCadaFast::txtAno_Change);
+    cliente_.liga();
+    veiculo_.liga();
     onLostFocus(ui_->txtPlaca, &frmCadaFast::txtPlaca_LostFocus);
-    onClick(ui_->btnMarcaAdd, &frmCadaFast::btnMarcaAdd_Click);
-    onClick(ui_->btnMarcaRemove, &frmCadaFast::btnMarcaRemove_Click);
     LigaBotoesDaLista(ui_->cboMarca, ui_->btnMarcaAdd, ui_->btnMarcaRemove);
     onClick(ui_->btnIncluir, &frmCadaFast::btnIncluir_Click);
     onClick(ui_->btnVoltar, &frmCadaFast::btnVoltar_Click);
@@ -97,17 +99,9 @@ void frmCadaFast::Form_Load()
     ui::CentraForm(*this, false);
     setWindowTitle(captionOf(u" - [Cadastro Rápido]"_s));
     PreencheEstados(ui_->cboEstado);
-    limitaTextos(u"Clientes"_s, camposDoCliente);
-    limitaTextos(u"Veiculos"_s, camposDoVeiculo);
-    AtualizaCombo(ui_->cboMarca, ListaCombo::MarcaModelo, ModoCombo::Carrega);
-}
-
-void frmCadaFast::limitaTextos(const QString &tabela, std::span<const Campo> campos) const
-{
-    const dao::Recordset linhas = DBDados->OpenRecordset(tabela);
-    for (const Campo &campo : campos) {
-        LimitaAoCampo(controle(campo.controle), linhas, campo.coluna);
-    }
+    cliente_.limita(u"Clientes"_s);
+    veiculo_.limita(u"Veiculos"_s);
+    veiculo_.carregaListas();
 }
 
 void frmCadaFast::ligaCliente()
@@ -117,7 +111,7 @@ void frmCadaFast::ligaCliente()
                            return u"SELECT * FROM Clientes WHERE Codigo = "_s + codigo;
                        },
                        .naoLocalizado = u"Código do Cliente não localizado",
-                       .mostra = [this](const dao::Recordset &cliente) { mostraCliente(cliente); },
+                       .mostra = [this](const dao::Recordset &cliente) { cliente_.mostra(cliente); },
                        .esvazia = [this] { limpaCliente(); },
                        .vazioEsvazia = true,
                        .cadastro = u"frmCadaCliente",
@@ -125,29 +119,10 @@ void frmCadaFast::ligaCliente()
                        .modoProcura = modoProcuraClienteDoCadastroRapido});
 }
 
-void frmCadaFast::mostraCliente(const dao::Recordset &cliente)
-{
-    for (const Campo &campo : camposDoCliente) {
-        ui::setTextOf(controle(campo.controle), campo.mostra(cliente, cliente.fieldPlace(campo.coluna)));
-    }
-}
-
 void frmCadaFast::limpaCliente()
 {
-    for (const Campo &campo : camposDoCliente) {
-        ui::setTextOf(controle(campo.controle), {});
-    }
+    cliente_.limpa();
     ui_->cboEstado->setEditText(u"SP"_s);
-}
-
-QWidget *frmCadaFast::controle(QStringView nome) const
-{
-    return findChild<QWidget *>(nome.toString());
-}
-
-TextoDoControle frmCadaFast::textos() const
-{
-    return [this](QStringView nome) { return ui::textOf(controle(nome)); };
 }
 
 void frmCadaFast::txtNome_LostFocus()
@@ -162,44 +137,9 @@ void frmCadaFast::txtPlaca_LostFocus()
               u"Placa já cadastrada"_s);
 }
 
-void frmCadaFast::txtCEP_Change()
-{
-    MascaraTexto(ui_->txtCEP, TipoMascara::CEP);
-}
-
-void frmCadaFast::txtFone1_Change()
-{
-    MascaraTexto(ui_->txtFone1, TipoMascara::Fone);
-}
-
-void frmCadaFast::txtCelular_Change()
-{
-    MascaraTexto(ui_->txtCelular, TipoMascara::Fone);
-}
-
-void frmCadaFast::txtAno_Change()
-{
-    MascaraTexto(ui_->txtAno, TipoMascara::Ano);
-}
-
-void frmCadaFast::cboMarca_Change()
-{
-    AutoCompletaCombo(ui_->cboMarca);
-}
-
-void frmCadaFast::btnMarcaAdd_Click()
-{
-    AtualizaCombo(ui_->cboMarca, ListaCombo::MarcaModelo, ModoCombo::Acrescenta);
-}
-
-void frmCadaFast::btnMarcaRemove_Click()
-{
-    AtualizaCombo(ui_->cboMarca, ListaCombo::MarcaModelo, ModoCombo::Exclui);
-}
-
 void frmCadaFast::btnIncluir_Click()
 {
-    if (!confere() || !ui::Confirm(u"Confirma a Inclusão"_s, NomeEmpresa)) {
+    if (!veiculo_.confere(Gravacao::Inclusao) || !ui::Confirm(u"Confirma a Inclusão"_s, NomeEmpresa)) {
         return;
     }
     const QString conhecido = ui_->txtCodCliente->text();
@@ -208,31 +148,17 @@ void frmCadaFast::btnIncluir_Click()
     Unload();
 }
 
-bool frmCadaFast::confere()
-{
-    if (!ValidaCampo(ui_->txtNome, u"Nome Inválido"_s, TipoCampo::NaoVazio)) {
-        return false;
-    }
-    if (ui_->cboMarca->currentText().isEmpty()) {
-        Recusa(u"Marca/Modelo Inválido"_s, ui_->cboMarca);
-        return false;
-    }
-    return true;
-}
-
 qint32 frmCadaFast::incluiCliente() const
 {
-    return AcrescentaLinha(u"Clientes"_s, [this](dao::Recordset &cliente) {
-        cliente[u"DataCadastro"] = Hoje();
-        GravaCampos(cliente, camposDoCliente, Gravacao::Inclusao, textos());
-    });
+    return AcrescentaLinha(u"Clientes"_s,
+                           [this](dao::Recordset &cliente) { cliente_.grava(cliente, Gravacao::Inclusao); });
 }
 
 qint32 frmCadaFast::incluiVeiculo(const Value &codCliente) const
 {
     return AcrescentaLinha(u"Veiculos"_s, [&](dao::Recordset &veiculo) {
         veiculo[u"CodCliente"] = codCliente;
-        GravaCampos(veiculo, camposDoVeiculo, Gravacao::Inclusao, textos());
+        veiculo_.grava(veiculo, Gravacao::Inclusao);
     });
 }
 

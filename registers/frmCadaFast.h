@@ -2,9 +2,9 @@
 
 #include "platform/ui/form.h"
 
+#include "core/campos.h"
 #include "core/devolucao.h"
 #include "platform/runtime/value.h"
-#include "registers/registro.h"
 
 #include <memory>
 #include <span>
@@ -12,11 +12,6 @@
 namespace Ui
 {
 class frmCadaFast;
-}
-
-namespace dao
-{
-class Recordset;
 }
 
 namespace registers
@@ -39,29 +34,19 @@ public:
 
 private:
     void txtNome_LostFocus();
-    void txtCEP_Change();
-    void txtFone1_Change();
-    void txtCelular_Change();
-    void cboMarca_Change();
-    void txtAno_Change();
     void txtPlaca_LostFocus();
-    void btnMarcaAdd_Click();
-    void btnMarcaRemove_Click();
     void btnIncluir_Click();
     void btnVoltar_Click();
 
     void ligaEventos();
     void ligaCliente();
-    QWidget *controle(QStringView nome) const;
-    TextoDoControle textos() const;
-    void limitaTextos(const QString &tabela, std::span<const Campo> campos) const;
-    void mostraCliente(const dao::Recordset &cliente);
     void limpaCliente();
-    bool confere();
     qint32 incluiCliente() const;
     qint32 incluiVeiculo(const runtime::Value &codCliente) const;
 
     std::unique_ptr<Ui::frmCadaFast> ui_;
+    core::Campos cliente_;
+    core::Campos veiculo_;
 };
 
 } // namespace registers

@@ -37,7 +37,6 @@ frmCadaPecas::frmCadaPecas() : Cadastro(registroPecas()), ui_(std::make_unique<U
 {
     ui_->setupUi(this);
     ligaCadastro(*ui_->painelCadastro);
-    ligaMarca();
     onClick(ui_->optSim, &frmCadaPecas::optSim_Click);
     onClick(ui_->optNao, &frmCadaPecas::optNao_Click);
     onLostFocus(ui_->txtEstoque, &frmCadaPecas::txtEstoque_LostFocus);
@@ -120,7 +119,7 @@ void frmCadaPecas::limpa()
 
 void frmCadaPecas::limpaAte(std::size_t quantos)
 {
-    esvazia(std::span(limpos).first(quantos));
+    campos().esvazia(std::span(limpos).first(quantos));
     ui_->cboUnidade->setCurrentIndex(0);
 }
 

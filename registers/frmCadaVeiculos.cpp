@@ -38,7 +38,6 @@ frmCadaVeiculos::frmCadaVeiculos() : Cadastro(registroVeiculos()), ui_(std::make
 {
     ui_->setupUi(this);
     ligaCadastro(*ui_->painelCadastro);
-    ligaMarca();
     ligaCliente();
     onKey(ui_->txtCodCliente, Qt::Key_F2, &frmCadaVeiculos::btnClienteAdd_Click);
     onLostFocus(ui_->txtPlaca, &frmCadaVeiculos::txtPlaca_LostFocus);
@@ -90,7 +89,7 @@ void frmCadaVeiculos::btnClienteInfo_Click()
 
 void frmCadaVeiculos::limpa()
 {
-    esvazia(limpos);
+    campos().esvazia(limpos);
     ui_->txtCodCliente->setFocus();
 }
 

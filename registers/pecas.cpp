@@ -1,7 +1,5 @@
 #include "registers/pecas.h"
 
-#include "registers/conversoes.h"
-
 #include "core/banco.h"
 #include "core/funcoes.h"
 #include "core/modos.h"
@@ -99,7 +97,12 @@ constexpr std::array aberturas{
 constexpr std::array campos{
     Campo{u"lblCodigo", u"Codigo", comoCodigo},
     Campo{u"txtNome", u"Nome", comoEsta, comoTexto},
-    Campo{u"cboMarca", u"MarcaModelo", comoEsta, comoTexto, nullptr, {}, true}, // "Marca Inválida"
+    Campo{.controle = u"cboMarca",
+          .coluna = u"MarcaModelo",
+          .mostra = comoEsta,
+          .grava = comoTexto,
+          .lista = ListaCombo::MarcaModelo,
+          .aceitaMaior = true}, // "Marca Inválida"
     Campo{u"optPeca", u"PS", opcaoPeca, letraDoTipo},
     Campo{u"cboUnidade", u"UM", comoEsta, comoInteiro},
     Campo{u"txtCusto", u"ValorCusto", comoValor, comoTexto, SoDecimais, TipoMascara::Valor},

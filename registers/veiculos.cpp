@@ -1,4 +1,3 @@
-#include "registers/conversoes.h"
 #include "registers/registro.h"
 
 #include "core/funcoes.h"
@@ -31,7 +30,11 @@ constexpr std::array campos{
     Campo{u"lblCodigo", u"Codigo", comoCodigo},
     Campo{u"txtCodCliente", u"CodCliente", comoCodigo, comoLongo, SoInteiros},
     Campo{u"lblNomeCliente", u"Nome", comoEsta},
-    Campo{u"cboMarca", u"MarcaModelo", comoEsta, comoTexto},
+    Campo{.controle = u"cboMarca",
+          .coluna = u"MarcaModelo",
+          .mostra = comoEsta,
+          .grava = comoTexto,
+          .lista = ListaCombo::MarcaModelo},
     Campo{u"txtAno", u"Ano", comoEsta, ouNulo, nullptr, TipoMascara::Ano},
     Campo{u"txtCor", u"Cor", comoEsta, ouNulo},
     Campo{u"txtPlaca", u"Placas", comoEsta, ouNulo},

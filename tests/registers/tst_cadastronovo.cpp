@@ -1,7 +1,6 @@
 #include "ui_frmCadaCor.h"
 
 #include "registers/cadastrosimples.h"
-#include "registers/conversoes.h"
 #include "support/boxes.h"
 #include "support/cadastro.h"
 
@@ -9,6 +8,7 @@
 #include <memory>
 
 using namespace Qt::StringLiterals;
+using namespace core;
 using namespace registers;
 using support::click;
 using support::text;

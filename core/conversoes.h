@@ -1,19 +1,20 @@
 #pragma once
 
-#include "registers/registro.h"
+#include "platform/runtime/value.h"
 
-/// How the registers' columns become texts of the screen, and the texts columns again.
-namespace registers
+#include <QString>
+
+#include <optional>
+
+/// How the texts of controls become columns, and what may be written.
+namespace core
 {
 
-// --- shown
-using core::comoCodigo;
-using core::comoData;
-using core::comoEsta;
-using core::comoSimNao;
-using core::comoValor;
+enum class Gravacao { Inclusao, Alteracao };
 
-// --- written
+/// What a control's text is written as; none where the column is not written.
+using Converte = std::optional<runtime::Value> (*)(const QString &texto, Gravacao gravacao);
+
 std::optional<runtime::Value> comoTexto(const QString &texto, Gravacao gravacao);      ///< the text as it stands
 std::optional<runtime::Value> ouNulo(const QString &texto, Gravacao gravacao);         ///< Null for an empty text
 std::optional<runtime::Value> minusculas(const QString &texto, Gravacao gravacao);     ///< the same in lower case
@@ -23,6 +24,8 @@ std::optional<runtime::Value> hojeNaInclusao(const QString &texto, Gravacao grav
 bool naoVazio(const QString &texto);
 bool numerico(const QString &texto);
 bool numericoOuVazio(const QString &texto);
+bool dataValida(const QString &texto);
 bool dataOuVazia(const QString &texto);
+bool deHojeEmDiante(const QString &texto); ///< a date that has not passed
 
-} // namespace registers
+} // namespace core

@@ -1,14 +1,13 @@
-#include "registers/conversoes.h"
+#include "core/conversoes.h"
 
 #include "core/banco.h"
 #include "core/funcoes.h"
 #include "platform/runtime/runtime.h"
 
-namespace registers
+namespace core
 {
 
 using namespace runtime;
-using namespace core;
 
 std::optional<Value> comoTexto(const QString &texto, Gravacao /*gravacao*/)
 {
@@ -48,9 +47,19 @@ bool numericoOuVazio(const QString &texto)
     return texto.isEmpty() || IsNumeric(texto);
 }
 
+bool dataValida(const QString &texto)
+{
+    return IsDate(texto);
+}
+
 bool dataOuVazia(const QString &texto)
 {
     return texto.isEmpty() || IsDate(texto);
 }
 
-} // namespace registers
+bool deHojeEmDiante(const QString &texto)
+{
+    return IsDate(texto) && DateDiff(u"d", Today(), CDate(texto)) >= 0;
+}
+
+} // namespace core
