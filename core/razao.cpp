@@ -60,10 +60,10 @@ float gravado(dao::Recordset &linha, QStringView coluna)
 /// The sides of the row, and the balance behind them.
 Value escreveLados(dao::Recordset &linha, const Lancamento &lancamento, double anterior, Precisao precisao)
 {
-    const bool saida = lancamento.lado == Lado::Saida;
+    const bool saida = lancamento.operacao == Operacao::Saida;
     const QStringView coluna = saida ? u"Saida" : u"Entrada";
     linha[coluna] = lancamento.valor;
-    if (lancamento.lado == Lado::Conferencia) {
+    if (lancamento.operacao == Operacao::Conferencia) {
         linha[u"Saida"] = lancamento.valor;
         return lancamento.valor;
     }

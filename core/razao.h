@@ -23,7 +23,7 @@ inline constexpr Razao razaoContaFiado{.tabela = u"ContaFiado", .dono = u"CodCli
 inline constexpr Razao razaoEstoque{.tabela = u"Estoque", .saldo = u"Estoque", .dono = u"CodPeca"};
 
 /// What a movement does to the balance. A stock-taking fills both sides and sets it, whatever it was.
-enum class Lado { Entrada, Saida, Conferencia };
+enum class Operacao { Entrada, Saida, Conferencia };
 
 /// A movement to be posted. Values are texts of the screen or numbers.
 struct Lancamento {
@@ -31,7 +31,7 @@ struct Lancamento {
     runtime::Value data = {}; ///< today where none is given
     QString descricao;
     runtime::Value valor;
-    Lado lado = Lado::Entrada;
+    Operacao operacao = Operacao::Entrada;
     runtime::Value codOs = {}; ///< the order behind it; not written where none is given
 };
 

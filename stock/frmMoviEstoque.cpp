@@ -226,12 +226,12 @@ bool frmMoviEstoque::confere()
            ValidaCampo(ui_->txtValor, u"Quantidade Inválida"_s, TipoCampo::Numerico);
 }
 
-Lado frmMoviEstoque::lado() const
+Operacao frmMoviEstoque::operacao() const
 {
     if (ui_->optEntrada->isChecked()) {
-        return Lado::Entrada;
+        return Operacao::Entrada;
     }
-    return ui_->optSaida->isChecked() ? Lado::Saida : Lado::Conferencia;
+    return ui_->optSaida->isChecked() ? Operacao::Saida : Operacao::Conferencia;
 }
 
 void frmMoviEstoque::btnIncluir_Click()
@@ -244,7 +244,7 @@ void frmMoviEstoque::btnIncluir_Click()
                   .data = ui_->txtData->text(),
                   .descricao = ui_->txtDescricao->text(),
                   .valor = ui_->txtValor->text(),
-                  .lado = lado()},
+                  .operacao = operacao()},
                  {SaldoAnterior::Busca});
     ui_->txtData->clear();
     ui_->txtDescricao->clear();

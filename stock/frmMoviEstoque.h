@@ -21,7 +21,7 @@ class Recordset;
 
 namespace core
 {
-enum class Lado;
+enum class Operacao;
 }
 
 namespace stock
@@ -59,7 +59,7 @@ private:
     bool temPeca();
     bool confere();
     int codigoUM() const;
-    core::Lado lado() const;
+    core::Operacao operacao() const;
 
     std::unique_ptr<Ui::frmMoviEstoque> ui_;
     core::CaixaDeCodigo *peca_ = nullptr; ///< goes with txtCodPeca

@@ -28,9 +28,9 @@ QString quatroDigitos(const Value &codigo)
 // --- the rows of the finance tables
 
 /// The work order is told by the description alone.
-void lancaCaixa(const QString &descricao, const QString &valor, Lado lado = Lado::Entrada)
+void lancaCaixa(const QString &descricao, const QString &valor, Operacao operacao = Operacao::Entrada)
 {
-    LancaNoRazao(razaoCaixa, {.descricao = descricao, .valor = valor, .lado = lado});
+    LancaNoRazao(razaoCaixa, {.descricao = descricao, .valor = valor, .operacao = operacao});
 }
 
 void lancaContaReceber(const QString &descricao, const QString &valor, const QString &vencimento)
@@ -63,7 +63,7 @@ void fechaAVista(const Fechamento &f)
 {
     lancaCaixa(u"O.S. "_s + f.codigo, f.total);
     if (!f.desconto.isEmpty()) {
-        lancaCaixa(u"DESCONTO DA O.S. "_s + f.codigo, f.desconto, Lado::Saida);
+        lancaCaixa(u"DESCONTO DA O.S. "_s + f.codigo, f.desconto, Operacao::Saida);
     }
 }
 
@@ -203,9 +203,10 @@ QString marcaFechada(const QString &codigo, const Forma &forma)
 
 void baixaPeca(const QString &codigo, const Value &codPeca, const Value &quantidade)
 {
-    LancaNoRazao(
-        razaoEstoque,
-        {.dono = CStr(codPeca), .descricao = u"VENDA O.S. "_s + codigo, .valor = quantidade, .lado = Lado::Saida});
+    LancaNoRazao(razaoEstoque, {.dono = CStr(codPeca),
+                                .descricao = u"VENDA O.S. "_s + codigo,
+                                .valor = quantidade,
+                                .operacao = Operacao::Saida});
 }
 
 } // namespace

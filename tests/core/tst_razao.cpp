@@ -114,7 +114,7 @@ void TestRazao::postsBehindTheNewestRow()
     lanca(u"20/05/2024"_s, 10.0F, runtime::Null{}, 10);
     lanca(u"01/05/2024"_s, runtime::Null{}, 4.0F, 6);
     core::LancaNoRazao(core::razaoCaixa, {.descricao = u"VENDA"_s, .valor = u"1.234,50"_s});
-    core::LancaNoRazao(core::razaoCaixa, {.descricao = u"TROCO"_s, .valor = 0.5F, .lado = core::Lado::Saida});
+    core::LancaNoRazao(core::razaoCaixa, {.descricao = u"TROCO"_s, .valor = 0.5F, .operacao = core::Operacao::Saida});
     const QString hoje = u"15/05/2024 00:00:00"_s;
     const std::vector<QStringList> esperado{
         {u"3"_s, hoje, u"VENDA"_s, u"1234.5"_s, u"<Null>"_s, u"1240.5"_s, u"<Null>"_s},
@@ -155,7 +155,7 @@ void TestRazao::aStockTakingFillsBothSidesAndSetsTheBalance()
     core::AbreEstoque(7, u"ENTRADA INICIAL"_s, 10.0F);
     core::LancaNoRazao(
         core::razaoEstoque,
-        {.dono = u"7"_s, .descricao = u"CONTAGEM"_s, .valor = u"7,5"_s, .lado = core::Lado::Conferencia});
+        {.dono = u"7"_s, .descricao = u"CONTAGEM"_s, .valor = u"7,5"_s, .operacao = core::Operacao::Conferencia});
     const std::vector<QStringList> esperado{{u"7.5"_s, u"7.5"_s, u"7.5"_s}};
     QCOMPARE(programa.rows(u"SELECT Entrada, Saida, Estoque FROM Estoque WHERE Codigo = 2"_s), esperado);
 }
@@ -184,12 +184,12 @@ void TestRazao::goesOnFromTheBalanceAsItsPosterReadsIt()
 void TestRazao::anEmptyLedgerIsZeroOrNoNumber_data()
 {
     QTest::addColumn<int>("anterior");
-    QTest::addColumn<int>("lado");
+    QTest::addColumn<int>("operacao");
     QTest::addColumn<int>("erro");
-    const int entra = int(core::Lado::Entrada);
+    const int entra = int(core::Operacao::Entrada);
     QTest::newRow("last row") << int(core::SaldoAnterior::UltimaLinha) << entra << 0;
     QTest::newRow("look-up") << int(core::SaldoAnterior::Busca) << entra << 13;
-    QTest::newRow("look-up, stock-taking") << int(core::SaldoAnterior::Busca) << int(core::Lado::Conferencia) << 13;
+    QTest::newRow("look-up, stock-taking") << int(core::SaldoAnterior::Busca) << int(core::Operacao::Conferencia) << 13;
     QTest::newRow("look-up or zero") << int(core::SaldoAnterior::BuscaOuZero) << entra << 0;
     QTest::newRow("none") << int(core::SaldoAnterior::Nenhum) << entra << 0;
 }
@@ -197,13 +197,14 @@ void TestRazao::anEmptyLedgerIsZeroOrNoNumber_data()
 void TestRazao::anEmptyLedgerIsZeroOrNoNumber()
 {
     QFETCH(int, anterior);
-    QFETCH(int, lado);
+    QFETCH(int, operacao);
     QFETCH(int, erro);
     const support::Program programa;
     QCOMPARE(errorOf([&] {
-                 core::LancaNoRazao(core::razaoCaixa,
-                                    {.descricao = u"VENDA"_s, .valor = 5.0F, .lado = static_cast<core::Lado>(lado)},
-                                    {static_cast<core::SaldoAnterior>(anterior)});
+                 core::LancaNoRazao(
+                     core::razaoCaixa,
+                     {.descricao = u"VENDA"_s, .valor = 5.0F, .operacao = static_cast<core::Operacao>(operacao)},
+                     {static_cast<core::SaldoAnterior>(anterior)});
              }),
              erro);
     QCOMPARE(saldos(u"SELECT * FROM Caixa"_s), erro == 0 ? std::vector<float>{5.0F} : std::vector<float>{});
@@ -223,9 +224,10 @@ void TestRazao::addsInTheWidthThatIsAskedFor()
     const support::Program programa;
     QVERIFY(82.72F - 334.33F != static_cast<float>(82.72 - 334.33));
     core::LancaNoRazao(core::razaoContaFiado, {.dono = u"1"_s, .descricao = u"O.S."_s, .valor = u"82,72"_s});
-    core::LancaNoRazao(core::razaoContaFiado,
-                       {.dono = u"1"_s, .descricao = u"PAGAMENTO"_s, .valor = u"334,33"_s, .lado = core::Lado::Saida},
-                       {core::SaldoAnterior::BuscaOuZero, static_cast<core::Precisao>(precisao)});
+    core::LancaNoRazao(
+        core::razaoContaFiado,
+        {.dono = u"1"_s, .descricao = u"PAGAMENTO"_s, .valor = u"334,33"_s, .operacao = core::Operacao::Saida},
+        {core::SaldoAnterior::BuscaOuZero, static_cast<core::Precisao>(precisao)});
     QTEST(saldos(u"SELECT * FROM ContaFiado ORDER BY Codigo"_s).back(), "saldo");
 }
 

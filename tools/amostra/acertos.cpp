@@ -48,13 +48,13 @@ QString vencidasAte()
 
 // --- postings at the tail of a ledger
 
-using core::Lado;
+using core::Operacao;
 
 /// A payment that came in from a customer: what is owed falls.
 void abateDaConta(const QString &codCliente, const QString &descricao, float valor)
 {
     core::LancaNoRazao(core::razaoContaFiado,
-                       {.dono = codCliente, .descricao = descricao, .valor = valor, .lado = Lado::Saida});
+                       {.dono = codCliente, .descricao = descricao, .valor = valor, .operacao = Operacao::Saida});
 }
 
 // --- receivables
@@ -149,10 +149,10 @@ void transfere(float valor, bool deposito)
 {
     core::LancaNoRazao(core::razaoCaixa, {.descricao = deposito ? u"DEPÓSITO BANCO 01"_s : u"SAQUE BANCO 01"_s,
                                           .valor = valor,
-                                          .lado = deposito ? Lado::Saida : Lado::Entrada});
+                                          .operacao = deposito ? Operacao::Saida : Operacao::Entrada});
     core::LancaNoRazao(core::razaoBanco1, {.descricao = deposito ? u"DEPÓSITO EM DINHEIRO"_s : u"SAQUE EM DINHEIRO"_s,
                                            .valor = valor,
-                                           .lado = deposito ? Lado::Entrada : Lado::Saida});
+                                           .operacao = deposito ? Operacao::Entrada : Operacao::Saida});
 }
 
 void acertaCaixa()
@@ -171,7 +171,7 @@ void acertaBancos(const Faixa &faixa)
         if (demais != 0) {
             core::LancaNoRazao(banco, {.descricao = demais > 0 ? u"RETIRADA DO SÓCIO"_s : u"APORTE DO SÓCIO"_s,
                                        .valor = std::abs(demais),
-                                       .lado = demais > 0 ? Lado::Saida : Lado::Entrada});
+                                       .operacao = demais > 0 ? Operacao::Saida : Operacao::Entrada});
         }
     }
 }
@@ -204,7 +204,8 @@ void paga(dao::Recordset &conta)
 {
     core::BaixaConta(conta, core::Hoje());
     const QString descricao = runtime::CStr(conta.value(u"Descricao"));
-    core::LancaNoRazao(core::razaoCaixa, {.descricao = descricao, .valor = conta.value(u"Valor"), .lado = Lado::Saida});
+    core::LancaNoRazao(core::razaoCaixa,
+                       {.descricao = descricao, .valor = conta.value(u"Valor"), .operacao = Operacao::Saida});
 }
 
 void pagaDespesas()
