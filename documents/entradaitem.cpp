@@ -3,12 +3,15 @@
 #include "documents/pecas.h"
 
 #include "core/combos.h"
+#include "core/devolucao.h"
 #include "core/funcoes.h"
 #include "core/janelas.h"
+#include "core/modos.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/boxes.h"
 #include "platform/ui/form.h"
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QLineEdit>
 
@@ -64,62 +67,120 @@ auto numeroComo(QStringView mascara)
 
 } // namespace
 
-void EntradaItem::procuraPeca()
+void EntradaItem::liga(ui::Form &janela)
 {
-    const QString texto = campos_.codigo->text();
+    janela.onGotFocus(c_.txtCodPeca, this, &EntradaItem::txtCodPeca_GotFocus);
+    janela.onLostFocus(c_.txtCodPeca, this, &EntradaItem::txtCodPeca_LostFocus);
+    janela.onKey(c_.txtCodPeca, Qt::Key_F1, this, &EntradaItem::btnPecaFind_Click);
+    janela.onKey(c_.txtCodPeca, Qt::Key_F2, this, &EntradaItem::btnPecaAdd_Click);
+    janela.onGotFocus(c_.txtQuantidade, this, &EntradaItem::txtQuantidade_GotFocus);
+    janela.onLostFocus(c_.txtQuantidade, this, &EntradaItem::txtQuantidade_LostFocus);
+    janela.filterKeys(c_.txtQuantidade, SoDecimais);
+    janela.onChange(c_.txtDescricao, this, &EntradaItem::txtDescricao_Change);
+    janela.onGotFocus(c_.txtValor, this, &EntradaItem::txtValor_GotFocus);
+    janela.onLostFocus(c_.txtValor, this, &EntradaItem::txtValor_LostFocus);
+    janela.filterKeys(c_.txtValor, SoDecimais);
+    janela.onClick(c_.btnPecaFind, this, &EntradaItem::btnPecaFind_Click);
+    janela.onClick(c_.btnPecaAdd, this, &EntradaItem::btnPecaAdd_Click);
+    janela.onClick(c_.btnMarcaAdd, this, &EntradaItem::btnMarcaAdd_Click);
+    janela.onClick(c_.btnMarcaRemove, this, &EntradaItem::btnMarcaRemove_Click);
+    LigaBotoesDaLista(c_.txtDescricao, c_.btnMarcaAdd, c_.btnMarcaRemove);
+}
+
+void EntradaItem::monta() const
+{
+    AtualizaCombo(c_.txtDescricao, ListaCombo::DescricaoItens, ModoCombo::Carrega);
+}
+
+void EntradaItem::txtCodPeca_GotFocus()
+{
+    SelecionaTexto(c_.txtCodPeca);
+}
+
+/// Fills the row from the register and goes on to the quantity. An unknown code is refused.
+void EntradaItem::txtCodPeca_LostFocus()
+{
+    const QString texto = c_.txtCodPeca->text();
     if (texto.isEmpty()) {
         return;
     }
     const auto peca = ProcuraPeca(texto);
     if (!peca) {
-        Recusa(u"Código não Localizado"_s, campos_.codigo);
+        Recusa(u"Código não Localizado"_s, c_.txtCodPeca);
         return;
     }
     escreveDescricao(peca->nome);
-    campos_.valor->setText(peca->valorVenda);
-    campos_.codigo->setText(peca->codigo);
-    ui::setTagOf(campos_.codigo, peca->ps);
-    ui::setTagOf(campos_.quantidade, peca->um);
-    campos_.quantidade->setFocus();
+    c_.txtValor->setText(peca->valorVenda);
+    c_.txtCodPeca->setText(peca->codigo);
+    ui::setTagOf(c_.txtCodPeca, peca->ps);
+    ui::setTagOf(c_.txtQuantidade, peca->um);
+    c_.txtQuantidade->setFocus();
 }
 
-void EntradaItem::ofereceUm() const
+void EntradaItem::txtQuantidade_GotFocus()
 {
-    if (campos_.quantidade->text().isEmpty()) {
-        campos_.quantidade->setText(u"1"_s);
-        SelecionaTexto(campos_.quantidade);
+    if (c_.txtQuantidade->text().isEmpty()) {
+        c_.txtQuantidade->setText(u"1"_s);
+        SelecionaTexto(c_.txtQuantidade);
     }
 }
 
-void EntradaItem::formataQuantidade() const
+/// By the unit of the item; what is no number stays for the check to tell.
+void EntradaItem::txtQuantidade_LostFocus()
 {
-    const QString texto = campos_.quantidade->text();
+    const QString texto = c_.txtQuantidade->text();
     if (!texto.isEmpty()) {
-        campos_.quantidade->setText(formatada(texto, ui::tagOf(campos_.quantidade)));
+        c_.txtQuantidade->setText(formatada(texto, ui::tagOf(c_.txtQuantidade)));
     }
 }
 
-void EntradaItem::formataValor() const
-{
-    MascaraTexto(campos_.valor, TipoMascara::Valor);
-}
-
-void EntradaItem::completaDescricao() const
+/// Completes what the user types, never what the register filled in.
+void EntradaItem::txtDescricao_Change()
 {
     if (!preenchendo_) {
-        AutoCompletaCombo(campos_.descricao);
+        AutoCompletaCombo(c_.txtDescricao);
     }
+}
+
+void EntradaItem::txtValor_GotFocus()
+{
+    SelecionaTexto(c_.txtValor);
+}
+
+void EntradaItem::txtValor_LostFocus()
+{
+    MascaraTexto(c_.txtValor, TipoMascara::Valor);
+}
+
+void EntradaItem::btnPecaFind_Click()
+{
+    Chama(u"frmCadaPecas"_s, modoProcuraPeca);
+}
+
+void EntradaItem::btnPecaAdd_Click()
+{
+    Chama(u"frmCadaPecas"_s, modoIncluiPeca);
+}
+
+void EntradaItem::btnMarcaAdd_Click()
+{
+    AtualizaCombo(c_.txtDescricao, ListaCombo::DescricaoItens, ModoCombo::Acrescenta);
+}
+
+void EntradaItem::btnMarcaRemove_Click()
+{
+    AtualizaCombo(c_.txtDescricao, ListaCombo::DescricaoItens, ModoCombo::Exclui);
 }
 
 bool EntradaItem::confere() const
 {
-    if (!ValidaCampo(campos_.quantidade, u"Quantidade Inválida"_s, TipoCampo::Numerico) ||
-        !ValidaCampo(campos_.valor, u"Valor Unitário Inválido"_s, TipoCampo::Numerico)) {
+    if (!ValidaCampo(c_.txtQuantidade, u"Quantidade Inválida"_s, TipoCampo::Numerico) ||
+        !ValidaCampo(c_.txtValor, u"Valor Unitário Inválido"_s, TipoCampo::Numerico)) {
         return false;
     }
-    const QString descricao = campos_.descricao->currentText();
+    const QString descricao = c_.txtDescricao->currentText();
     if (descricao.isEmpty() || descricao.size() > maiorDescricao) {
-        Recusa(u"Descrição da Peça/Serviço Inválido"_s, campos_.descricao);
+        Recusa(u"Descrição da Peça/Serviço Inválido"_s, c_.txtDescricao);
         return false;
     }
     return true;
@@ -127,42 +188,42 @@ bool EntradaItem::confere() const
 
 bool EntradaItem::avulso() const
 {
-    return campos_.codigo->text().isEmpty();
+    return c_.txtCodPeca->text().isEmpty();
 }
 
 LinhaItem EntradaItem::linha() const
 {
-    const QString valorUnit = Format(campos_.valor->text(), mascaraValor);
-    return {.codigo = avulso() ? u"0000"_s : Format(campos_.codigo->text(), mascaraCodigo),
-            .tipo = avulso() ? u"A"_s : ui::tagOf(campos_.codigo),
-            .quantidade = campos_.quantidade->text(),
-            .descricao = campos_.descricao->currentText(),
+    const QString valorUnit = Format(c_.txtValor->text(), mascaraValor);
+    return {.codigo = avulso() ? u"0000"_s : Format(c_.txtCodPeca->text(), mascaraCodigo),
+            .tipo = avulso() ? u"A"_s : ui::tagOf(c_.txtCodPeca),
+            .quantidade = c_.txtQuantidade->text(),
+            .descricao = c_.txtDescricao->currentText(),
             .valorUnit = valorUnit,
-            .valorTotal = ValorDaLinha(campos_.quantidade->text(), valorUnit)};
+            .valorTotal = ValorDaLinha(c_.txtQuantidade->text(), valorUnit)};
 }
 
 void EntradaItem::preencheAvulso(const QString &descricao, const QString &valor)
 {
     escreveDescricao(descricao);
-    campos_.quantidade->setText(u"01"_s);
-    campos_.valor->setText(valor);
+    c_.txtQuantidade->setText(u"01"_s);
+    c_.txtValor->setText(valor);
 }
 
 void EntradaItem::esvazia() const
 {
-    campos_.quantidade->clear();
-    campos_.valor->clear();
-    campos_.descricao->setEditText({});
-    campos_.codigo->clear();
-    ui::setTagOf(campos_.codigo, {});
-    ui::setTagOf(campos_.quantidade, {});
-    campos_.codigo->setFocus();
+    c_.txtQuantidade->clear();
+    c_.txtValor->clear();
+    c_.txtDescricao->setEditText({});
+    c_.txtCodPeca->clear();
+    ui::setTagOf(c_.txtCodPeca, {});
+    ui::setTagOf(c_.txtQuantidade, {});
+    c_.txtCodPeca->setFocus();
 }
 
 void EntradaItem::escreveDescricao(const QString &texto)
 {
     preenchendo_ = true;
-    campos_.descricao->setEditText(texto);
+    c_.txtDescricao->setEditText(texto);
     preenchendo_ = false;
 }
 

@@ -2,40 +2,42 @@
 
 #include "documents/itens.h"
 
+class QAbstractButton;
 class QComboBox;
 class QLineEdit;
+
+namespace ui
+{
+class Form;
+}
 
 namespace documents
 {
 
-/// The entry row of an item (code, quantity, description, unit value), as orders and estimates share it. The kind of a
-/// registered item ("P", "S") is the `Tag` of the code, its unit of measure the `Tag` of the quantity.
+/// The entry row of an item (code, quantity, description, unit value), as orders and estimates share it. It answers its
+/// own events. The kind of a registered item ("P", "S") is the `Tag` of the code, its unit of measure the `Tag` of the
+/// quantity.
 class EntradaItem
 {
 public:
-    struct Campos {
-        QLineEdit *codigo;
-        QLineEdit *quantidade;
-        QComboBox *descricao;
-        QLineEdit *valor;
+    struct Controles {
+        QLineEdit *txtCodPeca;
+        QLineEdit *txtQuantidade;
+        QComboBox *txtDescricao;
+        QLineEdit *txtValor;
+        QAbstractButton *btnPecaFind;
+        QAbstractButton *btnPecaAdd;
+        QAbstractButton *btnMarcaAdd;
+        QAbstractButton *btnMarcaRemove;
     };
 
-    explicit EntradaItem(const Campos &campos) : campos_(campos) {}
+    explicit EntradaItem(const Controles &controles) : c_(controles) {}
 
-    /// On leaving the code: fills the row from the register and goes on to the quantity. An unknown code is refused.
-    void procuraPeca();
+    /// Connects the events of the row. For the constructor of the window.
+    void liga(ui::Form &janela);
 
-    /// On entering an empty quantity: offers "1".
-    void ofereceUm() const;
-
-    /// On leaving the quantity: formats it by the item's unit. What is no number stays for the check to tell.
-    void formataQuantidade() const;
-
-    /// On leaving the unit value: as money.
-    void formataValor() const;
-
-    /// On each change of the description: completes what the user types, never what the register filled in.
-    void completaDescricao() const;
+    /// Loads the stored descriptions. Once, when the window loads.
+    void monta() const;
 
     /// The three checks of an item, with their boxes.
     bool confere() const;
@@ -53,9 +55,21 @@ public:
     void esvazia() const;
 
 private:
+    void txtCodPeca_GotFocus();
+    void txtCodPeca_LostFocus();
+    void txtQuantidade_GotFocus();
+    void txtQuantidade_LostFocus();
+    void txtDescricao_Change();
+    void txtValor_GotFocus();
+    void txtValor_LostFocus();
+    void btnPecaFind_Click();
+    void btnPecaAdd_Click();
+    void btnMarcaAdd_Click();
+    void btnMarcaRemove_Click();
+
     void escreveDescricao(const QString &texto);
 
-    Campos campos_;
+    Controles c_;
     bool preenchendo_ = false;
 };
 

@@ -2,15 +2,13 @@
 
 #include "ui_painelitens.h"
 
-#include "core/combos.h"
 #include "core/janelas.h"
 #include "platform/runtime/numbers.h"
 #include "platform/ui/boxes.h"
 #include "platform/ui/controls.h"
+#include "platform/ui/form.h"
 #include "platform/ui/listview.h"
 #include "platform/ui/reasons.h"
-
-#include <QItemSelectionModel>
 
 #include <array>
 
@@ -22,8 +20,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-
-constexpr std::array abas{abaPecas, abaServicos, abaTercerizados, abaMaterial};
 
 struct Trabalho {
     QStringView pergunta;
@@ -62,105 +58,106 @@ void poeIcones(const Ui::PainelItens &c)
 
 PainelItens::PainelItens(QWidget *parent)
     : QWidget(parent), ui_(controlesEm(this)),
-      entrada_({ui_->txtCodPeca, ui_->txtQuantidade, ui_->txtDescricao, ui_->txtValor})
+      entrada_({ui_->txtCodPeca, ui_->txtQuantidade, ui_->txtDescricao, ui_->txtValor, ui_->btnPecaFind,
+                ui_->btnPecaAdd, ui_->btnMarcaAdd, ui_->btnMarcaRemove})
 {
     poeIcones(*ui_);
     // With a proxy inside, the tab stops of the window move the whole panel as one piece. The policy comes first: the
     // proxy would take it over, and a click would no longer reach it.
     setFocusPolicy(Qt::TabFocus);
     setFocusProxy(ui_->txtCodPeca);
-    LigaBotoesDaLista(ui_->txtDescricao, ui_->btnMarcaAdd, ui_->btnMarcaRemove);
-    ligaRemocao();
 }
 
 PainelItens::~PainelItens() = default;
 
-void PainelItens::monta()
+void PainelItens::liga(ui::Form &janela, UsoDoPainel uso)
 {
+    uso_ = std::move(uso);
+    entrada_.liga(janela);
+    janela.onClick(ui_->btnItemAdd, this, &PainelItens::btnItemAdd_Click);
+    janela.onClick(ui_->btnItemRemove, this, &PainelItens::btnItemRemove_Click);
+    janela.onClick(ui_->btnLimpa, this, &PainelItens::btnLimpa_Click);
+    janela.onClick(ui_->btnAdicionar, this, &PainelItens::btnAdicionar_Click);
+    janela.onTab(ui_->tabItems, this, &PainelItens::habilitaBotoes);
     for (const Aba aba : abas) {
-        MontaColunas(lista(aba), aba);
+        janela.onSelection(&listas().lista(aba), this, &PainelItens::habilitaBotoes);
     }
-    if (LayoutCompacto()) {
-        ui_->tabItems->setTabVisible(abaServicos, false);
-        ui_->tabItems->setTabVisible(abaTercerizados, false);
-        ui_->tabItems->setTabText(abaPecas, u"Peças e Serviços"_s);
+    for (const Aba aba : uso_.abasComTeclas) {
+        janela.onKey(&listas().lista(aba), Qt::Key_Delete, this, &PainelItens::btnItemRemove_Click);
+        janela.onKey(&listas().lista(aba), Qt::Key_Insert, this, &PainelItens::Lista_Insert);
+    }
+    habilitaBotoes();
+}
+
+void PainelItens::monta(FormaListas forma)
+{
+    listas().monta(forma);
+    if (listas().compacto()) {
         // All that is one-off counts here, outsourced or not.
         ui_->Rotulos_37->setText(u"T.A."_s);
     }
-    AtualizaCombo(ui_->txtDescricao, ListaCombo::DescricaoItens, ModoCombo::Carrega);
-}
-
-bool PainelItens::compacto() const
-{
-    return !ui_->tabItems->isTabVisible(abaServicos);
-}
-
-std::optional<Aba> PainelItens::abaAtiva() const
-{
-    const int indice = ui_->tabItems->currentIndex();
-    return indice >= abaPecas && indice <= abaMaterial ? std::optional(static_cast<Aba>(indice)) : std::nullopt;
-}
-
-std::optional<PosicaoItem> PainelItens::selecionado() const
-{
-    const auto aba = abaAtiva();
-    const int linha = aba ? lista(*aba).selectedRow() : -1;
-    return linha >= 0 ? std::optional(PosicaoItem{*aba, linha}) : std::nullopt;
-}
-
-void PainelItens::ligaRemocao()
-{
-    for (const Aba aba : abas) {
-        connect(lista(aba).selectionModel(), &QItemSelectionModel::selectionChanged, this,
-                &PainelItens::habilitaRemocao);
-        connect(lista(aba).model(), &QAbstractItemModel::rowsRemoved, this, &PainelItens::habilitaRemocao);
-        connect(lista(aba).model(), &QAbstractItemModel::modelReset, this, &PainelItens::habilitaRemocao);
+    for (QWidget *parcial : std::initializer_list<QWidget *>{ui_->Rotulos_35, ui_->lblTotalP, ui_->Rotulos_36,
+                                                             ui_->lblTotalS, ui_->Rotulos_37, ui_->lblTotalT}) {
+        parcial->setVisible(forma != FormaListas::UmaLista);
     }
-    connect(ui_->tabItems, &QTabWidget::currentChanged, this, &PainelItens::habilitaRemocao);
-    habilitaRemocao();
+    entrada_.monta();
 }
 
-/// The button removes what is selected; the material stands in the list for good.
-void PainelItens::habilitaRemocao()
+void PainelItens::ofereceTrabalhos(bool sim)
 {
-    const auto posicao = selecionado();
-    const bool material = abaAtiva() == abaMaterial;
-    ui::enableIf(posicao && !material, ui_->btnItemRemove,
-                 material ? u"O material lançado não pode ser removido"_s : u"Escolha um item na lista"_s,
-                 ui_->txtCodPeca);
+    ui_->btnAdicionar->setVisible(sim);
 }
 
-std::optional<PosicaoItem> PainelItens::acrescenta()
+void PainelItens::trava(const QString &motivo)
 {
-    if (!abaAtiva() || !entrada_.confere()) {
-        return std::nullopt;
+    travado_ = motivo;
+    habilitaBotoes();
+}
+
+/// The button removes what is selected.
+void PainelItens::habilitaBotoes()
+{
+    const bool fica = material() && !uso_.removeMaterial;
+    const QString semRemocao = fica ? u"O material lançado não pode ser removido"_s : u"Escolha um item na lista"_s;
+    ui::enableIf(travado_.isEmpty(), ui_->btnItemAdd, travado_, ui_->txtCodPeca);
+    ui::enableIf(travado_.isEmpty() && listas().selecionado() && !fica, ui_->btnItemRemove,
+                 travado_.isEmpty() ? semRemocao : travado_, ui_->txtCodPeca);
+}
+
+/// Moves the entry row to the list that it belongs to. Nothing is added where a check fails or the register names no
+/// kind.
+void PainelItens::btnItemAdd_Click()
+{
+    if (!travado_.isEmpty() || !listas().ativa() || !entrada_.confere()) {
+        return;
     }
-    if (abaAtiva() == abaMaterial && entrada_.avulso()) {
+    if (material() && entrada_.avulso()) {
         Recusa(u"Somente Peças podem ser lançado aqui"_s, ui_->txtCodPeca);
-        return std::nullopt;
+        return;
     }
-    std::optional<PosicaoItem> nova;
     if (const auto aba = destino()) {
-        nova = PosicaoItem{*aba, AcrescentaItem(lista(*aba), *aba, entrada_.linha())};
-    }
-    if (nova && nova->aba != abaMaterial) {
-        recalcula();
+        const PosicaoItem nova = listas().acrescenta(*aba, entrada_.linha());
+        if (*aba != abaMaterial) {
+            recalcula();
+        }
+        if (uso_.acrescentado) {
+            uso_.acrescentado(nova);
+        }
     }
     entrada_.esvazia();
-    return nova;
 }
 
 /// The register decides on the tab of a registered item, not the operator; only a one-off item goes where he stands.
 std::optional<Aba> PainelItens::destino() const
 {
-    if (abaAtiva() == abaMaterial) {
+    if (material()) {
         return abaMaterial;
     }
-    if (compacto()) {
+    if (listas().compacto()) {
         return abaPecas;
     }
     if (entrada_.avulso()) {
-        return abaAtiva();
+        return listas().ativa();
     }
     const QString tipo = entrada_.linha().tipo;
     if (tipo == u"P") {
@@ -169,43 +166,62 @@ std::optional<Aba> PainelItens::destino() const
     return tipo == u"S" ? std::optional(abaServicos) : std::nullopt;
 }
 
-void PainelItens::remove(const PosicaoItem &posicao)
+void PainelItens::btnItemRemove_Click()
 {
-    lista(posicao.aba).removeRow(posicao.linha);
+    const auto posicao = listas().selecionado();
+    if (!posicao || !travado_.isEmpty() || (posicao->aba == abaMaterial && !uso_.removeMaterial)) {
+        return;
+    }
+    const QString chave = listas().chave(*posicao);
+    listas().remove(*posicao);
     recalcula();
+    if (uso_.removido) {
+        uso_.removido(chave);
+    }
 }
 
-void PainelItens::edita(const PosicaoItem &posicao)
+void PainelItens::Lista_Insert()
 {
-    const LinhaItem linha = PedeLinha(LinhaDe(lista(posicao.aba), posicao.aba, posicao.linha));
-    EscreveLinha(lista(posicao.aba), posicao.linha, linha);
+    const auto posicao = listas().selecionado();
+    if (!posicao || !travado_.isEmpty()) {
+        return;
+    }
+    listas().escreve(*posicao, PedeLinha(listas().linha(*posicao)));
     recalcula();
+    if (uso_.editado) {
+        uso_.editado(*posicao);
+    }
 }
 
-void PainelItens::pedeValores(const std::function<void()> &adiciona)
+/// The totals go to zero although the other lists may hold rows; the next change adds up all that stands there.
+void PainelItens::btnLimpa_Click()
+{
+    if (const auto aba = listas().ativa()) {
+        listas().lista(*aba).clear();
+        mostraTotais({});
+    }
+}
+
+/// The job values that a workshop without a register of services asks for one by one: each numeric answer is an item.
+void PainelItens::btnAdicionar_Click()
 {
     for (const Trabalho &trabalho : trabalhos) {
         const QString resposta = ui::InputBox(trabalho.pergunta.toString());
         if (runtime::IsNumeric(resposta)) {
             entrada_.preencheAvulso(trabalho.descricao.toString(), resposta);
-            adiciona();
+            btnItemAdd_Click();
         }
     }
 }
 
-void PainelItens::ofereceTrabalhos(bool sim)
-{
-    ui_->btnAdicionar->setVisible(sim);
-}
-
 void PainelItens::recalcula()
 {
-    mostraTotais(compacto() ? SomaItens(*ui_->Lista, nullptr, nullptr)
-                            : SomaItens(*ui_->Lista, ui_->lstServicos, ui_->lstTercerizados));
+    mostraTotais(listas().totais());
 }
 
-void PainelItens::zeraTotais()
+void PainelItens::limpa()
 {
+    listas().limpa();
     mostraTotais({});
 }
 
@@ -217,41 +233,14 @@ void PainelItens::mostraTotais(const Totais &totais)
     ui_->lblTotalT->setText(totais.terceiros);
 }
 
-void PainelItens::limpa(Aba aba)
-{
-    lista(aba).clear();
-}
-
-void PainelItens::limpaListas()
-{
-    for (const Aba aba : abas) {
-        limpa(aba);
-    }
-}
-
-std::vector<LinhaItem> PainelItens::itensParaGravar() const
-{
-    std::vector<LinhaItem> itens;
-    for (const Aba aba : abas) {
-        if (compacto() && aba != abaPecas) {
-            continue;
-        }
-        for (LinhaItem &linha : LinhasDe(lista(aba), aba)) {
-            itens.push_back(ParaGravar(linha, aba, compacto()));
-        }
-    }
-    return itens;
-}
-
 QString PainelItens::total() const
 {
     return ui_->lblTotal->text();
 }
 
-ui::ListView &PainelItens::lista(Aba aba) const
+ListasItens &PainelItens::listas() const
 {
-    const std::array listas{ui_->Lista, ui_->lstServicos, ui_->lstTercerizados, ui_->lstMaterial};
-    return *listas.at(aba);
+    return *ui_->tabItems;
 }
 
 } // namespace documents

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "documents/entradaitem.h"
-#include "documents/itens.h"
+#include "documents/listasitens.h"
 
 #include <QWidget>
 
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace Ui
 {
@@ -17,14 +18,18 @@ class PainelItens;
 namespace documents
 {
 
-/// Where a row stands.
-struct PosicaoItem {
-    Aba aba;
-    int linha;
+/// How a window uses its item panel. What is not told is that of a window that keeps its items in the lists until they
+/// are confirmed; one that writes each item at once says what follows a change. By then the lists and the totals stand.
+struct UsoDoPainel {
+    std::vector<Aba> abasComTeclas{abaPecas}; ///< where Delete removes and Insert edits the selected row
+    bool removeMaterial = false;
+    std::function<void(const PosicaoItem &)> acrescentado;
+    std::function<void(const QString &chave)> removido;
+    std::function<void(const PosicaoItem &)> editado;
 };
 
-/// What the windows that list items have in common: the entry row, the four lists in their tabs and the running totals.
-/// It shows and keeps; the window that holds it decides what is written when (`JanelaItens` brings the events).
+/// What the windows that build up items have in common: the entry row, the item lists and the running totals, with
+/// their events.
 class PainelItens : public QWidget
 {
     Q_OBJECT
@@ -33,62 +38,45 @@ public:
     explicit PainelItens(QWidget *parent = nullptr);
     ~PainelItens() override;
 
-    /// The columns, the layout that `LayoutOS` names and the stored descriptions. Once, when the window loads.
-    void monta();
+    /// Connects the events of the panel. For the constructor of the window.
+    void liga(ui::Form &janela, UsoDoPainel uso = {});
 
-    /// The compact layout keeps all that is charged in `Lista`: the tabs of services and of outsourced services are
-    /// hidden.
-    bool compacto() const;
+    /// The columns, the lists that are shown and the stored descriptions. Once, when the window loads.
+    void monta(FormaListas forma);
 
-    /// The active tab of the item lists, or nothing where a window has another page in front.
-    std::optional<Aba> abaAtiva() const;
-
-    /// The row that is selected in the list on the active tab.
-    std::optional<PosicaoItem> selecionado() const;
-
-    /// Checks the entry row and moves it to the list that it belongs to. Nothing is added where a check fails or the
-    /// register names no kind.
-    std::optional<PosicaoItem> acrescenta();
-
-    /// Removes a row and adds up again.
-    void remove(const PosicaoItem &posicao);
-
-    /// Edits a row through five input boxes and adds up again.
-    void edita(const PosicaoItem &posicao);
-
-    /// The job values that a workshop without a register of services asks for one by one: each numeric answer fills the
-    /// entry row and runs `adiciona`.
-    void pedeValores(const std::function<void()> &adiciona);
-
-    /// Shows or hides the button that asks for them.
+    /// Shows or hides the button that asks for the job values.
     void ofereceTrabalhos(bool sim);
+
+    /// Nothing can be added or removed for that reason, as the buttons tell; an empty one lets all go on.
+    void trava(const QString &motivo);
 
     /// `RecalculaTotais`: all four totals from the lists.
     void recalcula();
-    void zeraTotais();
 
-    /// Empties a list, or all; the totals are left to the caller.
-    void limpa(Aba aba);
-    void limpaListas();
+    /// Empties all lists, the totals with them.
+    void limpa();
 
-    /// The rows as they go to the table, each under its PSA code. The compact layout writes `Lista` alone.
-    std::vector<LinhaItem> itensParaGravar() const;
-
-    /// The order's total, as it is shown.
+    /// The total, as it is shown.
     QString total() const;
 
-    ui::ListView &lista(Aba aba) const;
-    EntradaItem &entrada() { return entrada_; }
-    const Ui::PainelItens &controles() const { return *ui_; }
+    ListasItens &listas() const;
 
 private:
-    void ligaRemocao();
-    void habilitaRemocao();
+    void btnItemAdd_Click();
+    void btnItemRemove_Click();
+    void btnLimpa_Click();
+    void btnAdicionar_Click();
+    void Lista_Insert();
+    void habilitaBotoes();
+
     std::optional<Aba> destino() const;
+    bool material() const { return listas().ativa() == abaMaterial; }
     void mostraTotais(const Totais &totais);
 
     std::unique_ptr<Ui::PainelItens> ui_;
     EntradaItem entrada_;
+    UsoDoPainel uso_;
+    QString travado_;
 };
 
 } // namespace documents

@@ -26,4 +26,11 @@ std::optional<PecaItem> ProcuraPeca(const QString &texto)
                     .um = NuloParaVazio(peca[u"UM"].Value())};
 }
 
+QString QuantidadeDaPeca(double quantidade, qint32 codPeca)
+{
+    auto peca = DBDados->OpenRecordset(u"SELECT UM FROM Pecas WHERE Codigo = "_s + QString::number(codPeca));
+    const Value um = peca.Eof() ? Value{} : peca[u"UM"].Value();
+    return FormataQuantidade(quantidade, IsNull(um) || IsEmpty(um) ? 0 : CInt(um));
+}
+
 } // namespace documents

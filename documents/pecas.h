@@ -20,4 +20,7 @@ struct PecaItem {
 /// first row wins. An apostrophe in the text is error 3075.
 std::optional<PecaItem> ProcuraPeca(const QString &texto);
 
+/// A quantity as the lists show it, by the `UM` of the part with this code; a line without a part counts in units.
+QString QuantidadeDaPeca(double quantidade, qint32 codPeca);
+
 } // namespace documents

@@ -3,6 +3,7 @@
 #include "core/banco.h"
 #include "core/funcoes.h"
 #include "core/modulo.h"
+#include "documents/itensgravados.h"
 #include "platform/runtime/runtime.h"
 
 namespace workorders
@@ -60,24 +61,12 @@ std::optional<VeiculoOS> abreVeiculo(const QString &condicao)
 
 } // namespace
 
-void GravaItem(dao::Recordset &itens, qint32 codOS, const LinhaItem &linha)
-{
-    itens.AddNew();
-    itens[u"CodOS"] = codOS;
-    itens[u"CodPeca"] = linha.codigo;
-    itens[u"Quantidade"] = linha.quantidade;
-    itens[u"Descricao"] = ValorOuNulo(linha.descricao);
-    itens[u"ValorUnit"] = linha.valorUnit;
-    itens[u"PSA"] = ValorOuNulo(linha.tipo);
-    itens.Update();
-}
-
 qint32 AbreOrdem(const NovaOrdem &ordem)
 {
     const qint32 numero = gravaOrdem(ordem);
     auto itens = DBDados->OpenRecordset(u"OSPecas"_s);
     for (const LinhaItem &linha : ordem.itens) {
-        GravaItem(itens, numero, linha);
+        GravaItem(itens, u"CodOS", numero, linha);
     }
     itens.Close();
     return numero;

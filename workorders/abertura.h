@@ -1,15 +1,10 @@
 #pragma once
 
-#include "workorders/ordem.h"
+#include "documents/itens.h"
 
 #include <QtGlobal>
 
 #include <optional>
-
-namespace dao
-{
-class Recordset;
-}
 
 namespace workorders
 {
@@ -28,9 +23,6 @@ struct NovaOrdem {
 
 /// Writes the order, then its items, and gives its number. No transaction: what was written before a failure stays.
 qint32 AbreOrdem(const NovaOrdem &ordem);
-
-/// Adds one item to `itens`, the open table OSPecas, under its order. `tipo` is the PSA code that goes to the table.
-void GravaItem(dao::Recordset &itens, qint32 codOS, const documents::LinhaItem &linha);
 
 /// A vehicle and its owner, as the order windows show them. The vehicle's code is "0000", a Null is empty.
 struct VeiculoOS {

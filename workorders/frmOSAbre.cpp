@@ -12,7 +12,6 @@
 #include "core/modulo.h"
 #include "platform/runtime/numbers.h"
 #include "platform/ui/boxes.h"
-#include "platform/ui/listview.h"
 #include "platform/ui/reasons.h"
 
 #include <array>
@@ -38,8 +37,7 @@ constexpr std::array caixas{
 
 } // namespace
 
-frmOSAbre::frmOSAbre()
-    : JanelaItens(u"frmOSAbre"_s, {modoProcuraPeca, modoIncluiPeca}), ui_(std::make_unique<Ui::frmOSAbre>())
+frmOSAbre::frmOSAbre() : ui::Form(u"frmOSAbre"_s), ui_(std::make_unique<Ui::frmOSAbre>())
 {
     ui_->setupUi(this);
 
@@ -63,8 +61,7 @@ frmOSAbre::frmOSAbre()
     onChange(ui_->lblCodVeiculo, &frmOSAbre::habilitaInformacoes);
     onChange(ui_->lblCodCliente, &frmOSAbre::habilitaInformacoes);
     habilitaInformacoes();
-    ligaItens(*ui_->painelItens);
-    ligaTeclas(&ui_->painelItens->lista(abaPecas));
+    ui_->painelItens->liga(*this);
 
     ui_->btnVeiculoFind->setIcon(ui::icon(u"edit-find"_s));
     ui_->btnVeiculoAdd->setIcon(ui::icon(u"document-new"_s));
@@ -89,8 +86,8 @@ void frmOSAbre::Form_Load()
     ui::CentraForm(*this, false);
     setWindowTitle(captionOf(u" - [Abrir Ordem de Serviço]"_s));
     ui::setTagOf(this, QString::number(ModoChamada));
-    itens().monta();
-    itens().ofereceTrabalhos(Config(u"Personalizacao"_s) == u"1-1");
+    ui_->painelItens->monta(FormaDoLayout());
+    ui_->painelItens->ofereceTrabalhos(Config(u"Personalizacao"_s) == u"1-1");
     LimitaAosCampos(*this, caixas);
     AtualizaCombo(ui_->txtMecanico, ListaCombo::Mecanicos, ModoCombo::Carrega);
 }
@@ -213,14 +210,15 @@ bool frmOSAbre::confere()
 
 NovaOrdem frmOSAbre::ordem() const
 {
+    const ListasItens &listas = ui_->painelItens->listas();
     return {.codCliente = ui_->lblCodCliente->text(),
             .codVeiculo = ui_->txtCodVeiculo->text(),
             .km = ui_->txtKm->text(),
             .observacao = ui_->txtObs->text(),
-            .valor = itens().total(),
+            .valor = ui_->painelItens->total(),
             .servicos = ui_->txtServicos->toPlainText(),
             .mecanico = ui_->txtMecanico->currentText(),
-            .itens = itens().itensParaGravar()};
+            .itens = ParaGravar(listas.itens(), listas.compacto())};
 }
 
 void frmOSAbre::depoisDeGravar(qint32 numero)
@@ -231,8 +229,7 @@ void frmOSAbre::depoisDeGravar(qint32 numero)
         return;
     }
     btnCancelar_Click();
-    btnLimpa_Click();
-    itens().limpaListas();
+    ui_->painelItens->limpa();
 }
 
 void frmOSAbre::btnCancelar_Click()

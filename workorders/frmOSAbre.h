@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/devolucao.h"
-#include "documents/janelaitens.h"
+#include "platform/ui/form.h"
 #include "workorders/abertura.h"
 
 #include <memory>
@@ -17,7 +17,7 @@ namespace workorders
 
 /// Opens a work order: the vehicle brings its owner, the items are gathered in lists, and all of it is written at the
 /// confirmation. Nothing else is touched: stock, cash and credit wait for the closing.
-class frmOSAbre : public documents::JanelaItens
+class frmOSAbre : public ui::Form
 {
     Q_OBJECT
 

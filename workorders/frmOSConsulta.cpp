@@ -10,7 +10,7 @@
 #include "core/modos.h"
 #include "core/modulo.h"
 #include "core/previsualiza.h"
-#include "documents/itens.h"
+#include "documents/itensgravados.h"
 #include "platform/printer/printer.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/boxes.h"
@@ -32,8 +32,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-
-constexpr std::array abas{abaPecas, abaServicos, abaTercerizados, abaMaterial};
 
 constexpr std::array tabelaDevolucoes{
     Devolucao{modoProcuraOSParaAlterar, u"frmOSAltera", u"txtCodOS"},
@@ -87,25 +85,6 @@ constexpr std::array<QStringView, 3> situacoes{u" AND OrdemServico.EmAberto = Tr
 QString simOuNao(const Value &valor)
 {
     return Verdadeiro(valor) ? u"SIM"_s : u"NÃO"_s;
-}
-
-/// A number of an item as text, by which its total is worked out; what was never written counts as 0.
-QString numero(const Value &valor)
-{
-    return IsNull(valor) ? u"0"_s : CStr(valor);
-}
-
-LinhaItem linhaDoItem(const dao::Recordset &item)
-{
-    const QString quantidade = numero(item.value(u"Quantidade"));
-    const QString valorUnit = numero(item.value(u"ValorUnit"));
-    const qint32 codPeca = CLng(numero(item.value(u"CodPeca")));
-    return {Format(codPeca, mascaraCodigo),
-            TipoDoPSA(NuloParaVazio(item.value(u"PSA"))),
-            QuantidadeDaPeca(CDbl(quantidade), codPeca),
-            NuloParaVazio(item.value(u"Descricao")),
-            Format(valorUnit, mascaraValor),
-            ValorDaLinha(quantidade, valorUnit)};
 }
 
 } // namespace
@@ -172,13 +151,8 @@ void frmOSConsulta::montaListas()
 {
     MontaLista(*ui_->Lista, ordens);
     MontaPesquisas(*ui_->cboPesquisa, pesquisas);
-    for (const Aba aba : abas) {
-        MontaColunas(lista(aba), aba);
-    }
-    if (LayoutCompacto()) {
-        ui_->tabItems->setTabVisible(abaServicos, false);
-        ui_->tabItems->setTabVisible(abaTercerizados, false);
-        ui_->tabItems->setTabText(abaPecas, u"Peças e Serviços"_s);
+    ui_->tabItems->monta(FormaDoLayout());
+    if (ui_->tabItems->compacto()) {
         ui_->Rotulos_21->setText(u"T.A."_s);
     }
 }
@@ -242,9 +216,7 @@ void frmOSConsulta::esvaziaOrdem()
         ui::setTagOf(rotulo, {});
     }
     ui_->txtServicos->clear();
-    for (const Aba aba : abas) {
-        lista(aba).clear();
-    }
+    ui_->tabItems->limpa();
     mostraTotais();
 }
 
@@ -262,7 +234,7 @@ void frmOSConsulta::mostraOrdem(const QString &codigo)
         return;
     }
     mostraCabecalho(linha);
-    mostraItens(codigo);
+    ui_->tabItems->mostra(LeItens(u"SELECT OSPecas.* FROM OSPecas WHERE OSPecas.CodOS = "_s + codigo));
     mostraTotais();
 }
 
@@ -292,19 +264,9 @@ void frmOSConsulta::mostraCabecalho(const dao::Recordset &linha)
     ui_->txtServicos->setPlainText(texto(u"Descricao"));
 }
 
-void frmOSConsulta::mostraItens(const QString &codigo)
-{
-    auto itens = DBDados->OpenRecordset(u"SELECT OSPecas.* FROM OSPecas WHERE OSPecas.CodOS = "_s + codigo);
-    for (; !itens.Eof(); itens.MoveNext()) {
-        const Aba aba = AbaDoPSA(NuloParaVazio(itens.value(u"PSA")), compacto());
-        AcrescentaItem(lista(aba), aba, linhaDoItem(itens));
-    }
-}
-
 void frmOSConsulta::mostraTotais()
 {
-    const Totais totais = compacto() ? SomaItens(*ui_->lstPecas, nullptr, nullptr)
-                                     : SomaItens(*ui_->lstPecas, ui_->lstServicos, ui_->lstTercerizados);
+    const Totais totais = ui_->tabItems->totais();
     ui_->lblTotalP->setText(totais.pecas);
     ui_->lblTotalS->setText(totais.servicos);
     ui_->lblTotalT->setText(totais.terceiros);
@@ -312,6 +274,7 @@ void frmOSConsulta::mostraTotais()
 
 OrdemMostrada frmOSConsulta::ordemMostrada() const
 {
+    const ItensPorAba itens = ui_->tabItems->itens();
     return {.codigo = ui_->lblCodigo->text(),
             .codCliente = ui::tagOf(ui_->lblNome),
             .nome = ui_->lblNome->text(),
@@ -329,9 +292,9 @@ OrdemMostrada frmOSConsulta::ordemMostrada() const
             .totalPecas = ui_->lblTotalP->text(),
             .totalServicos = ui_->lblTotalS->text(),
             .totalTercerizados = ui_->lblTotalT->text(),
-            .pecas = LinhasDe(*ui_->lstPecas, abaPecas),
-            .servicos = LinhasDe(*ui_->lstServicos, abaServicos),
-            .tercerizados = LinhasDe(*ui_->lstTercerizados, abaTercerizados)};
+            .pecas = itens.at(abaPecas),
+            .servicos = itens.at(abaServicos),
+            .tercerizados = itens.at(abaTercerizados)};
 }
 
 /// A click that would do nothing is not offered: most buttons work on the order shown.
@@ -394,7 +357,8 @@ void frmOSConsulta::Lista_DblClick(int linha)
 /// The payment window decides the rest, a closed order included: it is posted a second time.
 void frmOSConsulta::btnFechar_Click()
 {
-    if (ui_->lstPecas->count() == 0 && ui_->lstServicos->count() == 0 && ui_->lstTercerizados->count() == 0) {
+    const ItensPorAba itens = ui_->tabItems->itens();
+    if (itens.at(abaPecas).empty() && itens.at(abaServicos).empty() && itens.at(abaTercerizados).empty()) {
         ui::MsgBox(u"Você não pode Fechar uma Ordem de Serviço sem registros Cadastrados"_s, ui::Icon::Exclamation,
                    NomeEmpresa);
         return;
@@ -485,20 +449,9 @@ bool frmOSConsulta::temOrdem() const
     return !ui_->lblCodigo->text().isEmpty();
 }
 
-bool frmOSConsulta::compacto() const
-{
-    return !ui_->tabItems->isTabVisible(abaServicos);
-}
-
 int frmOSConsulta::layout() const
 {
     return static_cast<int>(Val(Config(u"LayoutOS"_s)));
-}
-
-ui::ListView &frmOSConsulta::lista(Aba aba) const
-{
-    const std::array listas{ui_->lstPecas, ui_->lstServicos, ui_->lstTercerizados, ui_->lstMaterial};
-    return *listas.at(aba);
 }
 
 } // namespace workorders

@@ -17,11 +17,6 @@ namespace dao
 class Recordset;
 }
 
-namespace ui
-{
-class ListView;
-}
-
 namespace workorders
 {
 
@@ -74,12 +69,9 @@ private:
     void esvaziaOrdem();
     void mostraOrdem(const QString &codigo);
     void mostraCabecalho(const dao::Recordset &ordem);
-    void mostraItens(const QString &codigo);
     void mostraTotais();
     bool temOrdem() const;
-    bool compacto() const;
     int layout() const;
-    ui::ListView &lista(documents::Aba aba) const;
 
     std::unique_ptr<Ui::frmOSConsulta> ui_;
 };

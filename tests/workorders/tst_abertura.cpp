@@ -1,8 +1,6 @@
 #include "workorders/abertura.h"
 
 #include "core/modulo.h"
-#include "documents/itens.h"
-#include "documents/pecas.h"
 #include "platform/runtime/runtime.h"
 #include "support/program.h"
 
@@ -75,23 +73,6 @@ private slots:
     void aVehicleWithoutOwnerIsNotFound();
     void showsNullsOfAVehicleAsEmpty();
     void anApostropheInThePlateIsARunTimeError();
-
-    void findsAnItem_data();
-    void findsAnItem();
-    void theFirstRowWinsBetweenCodeAndExternalCode();
-    void anApostropheInTheItemCodeIsARunTimeError();
-
-    void storesARowUnderItsLetter_data();
-    void storesARowUnderItsLetter();
-    void aStoredLetterGoesBackToItsList_data();
-    void aStoredLetterGoesBackToItsList();
-    void materialIsStoredWithoutValue();
-    void theLayoutFollowsTheSetting_data();
-    void theLayoutFollowsTheSetting();
-    void theRowTotalIsTheProductInDoublePrecision_data();
-    void theRowTotalIsTheProductInDoublePrecision();
-    void formatsAStoredQuantityByThePartsUnit_data();
-    void formatsAStoredQuantityByThePartsUnit();
 
 private:
     Rows orders() const { return program_->rows(u"SELECT * FROM OrdemServico"_s); }
@@ -290,167 +271,6 @@ void TstAbertura::showsNullsOfAVehicleAsEmpty()
 void TstAbertura::anApostropheInThePlateIsARunTimeError()
 {
     QCOMPARE(errorOf([] { ProcuraVeiculo(u"D'AGUA"_s); }), 3075);
-}
-
-void TstAbertura::findsAnItem_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("name");
-    QTest::newRow("code") << u"2"_s << u"LITRO DE OLEO"_s;
-    QTest::newRow("code as shown") << u"0002"_s << u"LITRO DE OLEO"_s;
-    QTest::newRow("external code") << u"FILTRO-A"_s << u"FILTRO"_s;
-    QTest::newRow("digits as external code") << u"7891000100"_s << u"FILTRO COMUM"_s;
-    QTest::newRow("point in the external code") << u"12.5"_s << u"VELA"_s;
-    QTest::newRow("text that begins with a code") << u"2ABC"_s << u"LITRO DE OLEO"_s;
-    QTest::newRow("text without a number") << u"NADA"_s << QString();
-    QTest::newRow("unknown code") << u"99"_s << QString();
-}
-
-void TstAbertura::findsAnItem()
-{
-    QFETCH(QString, text);
-    QFETCH(QString, name);
-    program_->part(u"FILTRO"_s, u"P"_s, u"45,00"_s);
-    program_->part(u"LITRO DE OLEO"_s, u"P"_s, u"1.030,50"_s, false, 2);
-    program_->part(u"FILTRO COMUM"_s, u"P"_s, u"40,00"_s);
-    program_->part(u"VELA"_s, u"P"_s, u"12,00"_s);
-    program_->sql(u"UPDATE Pecas SET CodExterno = 'FILTRO-A' WHERE Codigo = 1"_s);
-    program_->sql(u"UPDATE Pecas SET CodExterno = '7891000100' WHERE Codigo = 3"_s);
-    program_->sql(u"UPDATE Pecas SET CodExterno = '12.5' WHERE Codigo = 4"_s);
-
-    const auto found = ProcuraPeca(text);
-    QCOMPARE(found ? found->nome : QString(), name);
-    if (found && found->codigo == u"0002") {
-        QCOMPARE(found->valorVenda, u"1.030,50"_s);
-        QCOMPARE(found->ps, u"P"_s);
-        QCOMPARE(found->um, u"2"_s);
-    }
-}
-
-void TstAbertura::theFirstRowWinsBetweenCodeAndExternalCode()
-{
-    program_->part(u"PRIMEIRA"_s, u"P"_s, u"1,00"_s);
-    program_->part(u"SEGUNDA"_s, u"P"_s, u"1,00"_s);
-    program_->sql(u"UPDATE Pecas SET CodExterno = '2' WHERE Codigo = 1"_s);
-    QCOMPARE(ProcuraPeca(u"2"_s)->nome, u"PRIMEIRA"_s);
-}
-
-void TstAbertura::anApostropheInTheItemCodeIsARunTimeError()
-{
-    QCOMPARE(errorOf([] { ProcuraPeca(u"D'AGUA"_s); }), 3075);
-}
-
-void TstAbertura::storesARowUnderItsLetter_data()
-{
-    QTest::addColumn<int>("list");
-    QTest::addColumn<QString>("type");
-    QTest::addColumn<QString>("full");
-    QTest::addColumn<QString>("compact");
-    QTest::newRow("part") << int(abaPecas) << u"P"_s << u"P"_s << u"P"_s;
-    QTest::newRow("one-off part") << int(abaPecas) << u"A"_s << u"A"_s << u"A"_s;
-    QTest::newRow("type edited among the parts") << int(abaPecas) << u"S"_s << u"S"_s << u"S"_s;
-    QTest::newRow("service") << int(abaServicos) << u"S"_s << u"S"_s << u"S"_s;
-    QTest::newRow("one-off service") << int(abaServicos) << u"A"_s << u"Z"_s << u"A"_s;
-    QTest::newRow("part among the services") << int(abaServicos) << u"P"_s << u"Z"_s << u"P"_s;
-    QTest::newRow("outsourced") << int(abaTercerizados) << u"A"_s << u"X"_s << u"A"_s;
-    QTest::newRow("outsourced whatever its type") << int(abaTercerizados) << u"S"_s << u"X"_s << u"S"_s;
-    QTest::newRow("material") << int(abaMaterial) << QString() << u"K"_s << u"K"_s;
-}
-
-void TstAbertura::storesARowUnderItsLetter()
-{
-    QFETCH(int, list);
-    QFETCH(QString, type);
-    QTEST(PSADaLinha(Aba(list), type, false), "full");
-    QTEST(PSADaLinha(Aba(list), type, true), "compact");
-}
-
-void TstAbertura::aStoredLetterGoesBackToItsList_data()
-{
-    QTest::addColumn<QString>("letter");
-    QTest::addColumn<int>("full");
-    QTest::addColumn<int>("compact");
-    QTest::addColumn<QString>("type");
-    QTest::newRow("P") << u"P"_s << int(abaPecas) << int(abaPecas) << u"P"_s;
-    QTest::newRow("A") << u"A"_s << int(abaPecas) << int(abaPecas) << u"A"_s;
-    QTest::newRow("S") << u"S"_s << int(abaServicos) << int(abaPecas) << u"S"_s;
-    QTest::newRow("Z") << u"Z"_s << int(abaServicos) << int(abaPecas) << u"A"_s;
-    QTest::newRow("X") << u"X"_s << int(abaTercerizados) << int(abaPecas) << u"A"_s;
-    QTest::newRow("K") << u"K"_s << int(abaMaterial) << int(abaMaterial) << u"K"_s;
-    QTest::newRow("none") << QString() << int(abaPecas) << int(abaPecas) << QString();
-}
-
-void TstAbertura::aStoredLetterGoesBackToItsList()
-{
-    QFETCH(QString, letter);
-    QTEST(int(AbaDoPSA(letter, false)), "full");
-    QTEST(int(AbaDoPSA(letter, true)), "compact");
-    QTEST(TipoDoPSA(letter), "type");
-}
-
-void TstAbertura::materialIsStoredWithoutValue()
-{
-    const LinhaItem stored = ParaGravar(item(u"0003"_s, {}, u"01"_s, u"GRAXA"_s, {}), abaMaterial, false);
-    QCOMPARE(stored.tipo, u"K"_s);
-    QCOMPARE(stored.valorUnit, u"0,00"_s);
-}
-
-void TstAbertura::theLayoutFollowsTheSetting_data()
-{
-    QTest::addColumn<QString>("setting");
-    QTest::addColumn<bool>("compact");
-    QTest::newRow("1") << u"1"_s << true;
-    QTest::newRow("2") << u"2"_s << true;
-    QTest::newRow("3") << u"3"_s << false;
-    QTest::newRow("just above 2") << u"2.5"_s << false;
-    QTest::newRow("no number") << u"TRES"_s << true;
-}
-
-void TstAbertura::theLayoutFollowsTheSetting()
-{
-    QFETCH(QString, setting);
-    program_->config(u"LayoutOS"_s, setting);
-    QTEST(LayoutCompacto(), "compact");
-}
-
-void TstAbertura::theRowTotalIsTheProductInDoublePrecision_data()
-{
-    QTest::addColumn<QString>("quantity");
-    QTest::addColumn<QString>("price");
-    QTest::addColumn<QString>("total");
-    QTest::newRow("pieces") << u"02"_s << u"89,90"_s << u"179,80"_s;
-    QTest::newRow("litres") << u"3,500"_s << u"27,55"_s << u"96,43"_s;
-    QTest::newRow("half a cent goes up") << u"0,500"_s << u"0,01"_s << u"0,01"_s;
-    QTest::newRow("no 32-bit rounding") << u"01"_s << u"123.456,78"_s << u"123.456,78"_s;
-    QTest::newRow("thousands") << u"1.000,000"_s << u"1.234,56"_s << u"1.234.560,00"_s;
-}
-
-void TstAbertura::theRowTotalIsTheProductInDoublePrecision()
-{
-    QFETCH(QString, quantity);
-    QFETCH(QString, price);
-    QTEST(ValorDaLinha(quantity, price), "total");
-}
-
-void TstAbertura::formatsAStoredQuantityByThePartsUnit_data()
-{
-    QTest::addColumn<int>("unit");
-    QTest::addColumn<double>("quantity");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("pieces") << 0 << 2.0 << u"02"_s;
-    QTest::newRow("pieces with a fraction") << 0 << 2.5 << u"2,500"_s;
-    QTest::newRow("kilos") << 1 << 2.0 << u"2,000"_s;
-    QTest::newRow("litres") << 2 << 1000.25 << u"1.000,250"_s;
-    QTest::newRow("gallons") << 3 << 12.0 << u"12"_s;
-    QTest::newRow("no part") << -1 << 3.0 << u"03"_s;
-}
-
-void TstAbertura::formatsAStoredQuantityByThePartsUnit()
-{
-    QFETCH(int, unit);
-    QFETCH(double, quantity);
-    const qint32 code = unit < 0 ? 0 : program_->part(u"ITEM"_s, u"P"_s, u"1,00"_s, false, unit);
-    QTEST(QuantidadeDaPeca(quantity, code), "text");
 }
 
 TARVELO_TEST_MAIN(TstAbertura)
