@@ -1,4 +1,4 @@
-# Sourced by run.sh, test.sh and bench.sh: installs the Debian packages that are missing, and says what and why.
+# Sourced by run.sh, test.sh, bench.sh and lint.sh: installs the Debian packages that are missing, and says what and why.
 
 # to build and run the program
 pacotes_programa=(
@@ -12,7 +12,9 @@ pacotes_programa=(
     fonts-liberation fonts-dejavu-core
 )
 # to test it
-pacotes_testes=(poppler-utils)
+pacotes_testes=(poppler-utils python3)
+# to look its sources over
+pacotes_exame=(clang-format clang-tidy git python3)
 # to measure it
 pacotes_medidas=(libbenchmark-dev)
 
@@ -30,6 +32,10 @@ declare -A para_que=(
     [fonts-liberation]="the fixed-pitch font of the prints"
     [fonts-dejavu-core]="the font of the windows"
     [poppler-utils]="the tests read the printed PDFs by it"
+    [python3]="looks at the layers of the sources"
+    [clang-format]="the format of the sources"
+    [clang-tidy]="checks of the sources"
+    [git]="tells what has changed"
     [libbenchmark-dev]="the speed measurements"
 )
 

@@ -17,8 +17,8 @@ struct Result {
 
 } // namespace
 
-/// run.sh and test.sh in a scratch tree, where everything that they call is a stand-in that tells its name: cmake,
-/// apt-get, the program, the demonstration. What looks for the display is the real one.
+/// run.sh, test.sh and lint.sh in a scratch tree, where everything that they call is a stand-in that tells its name:
+/// cmake, apt-get, clang-tidy, the program, the demonstration. What looks for the display is the real one.
 class TestComandos : public QObject
 {
     Q_OBJECT
@@ -34,11 +34,19 @@ private slots:
     void missingPackagesAreNamedBeforeTheyAreInstalled();
     void missingPackagesAreNamedWhereTheyCanNotBeInstalled();
     void everyPackageStandsInTheReadme();
+    void lintLooksAtTheWholeProduct();
+    void lintLooksAtWhatHasChanged_data();
+    void lintLooksAtWhatHasChanged();
+    void lintFailsWithEachOfItsLooks_data();
+    void lintFailsWithEachOfItsLooks();
+    void everyGateStopsTheRun_data();
+    void everyGateStopsTheRun();
 
 private:
     QString path(const QString &name) const { return folder_->filePath(name); }
     void script(const QString &name, const QString &body) const;
-    Result run(const QString &command, const QProcessEnvironment &variables) const;
+    void sources() const;
+    Result run(const QString &command, const QProcessEnvironment &variables, const QStringList &arguments = {}) const;
     QProcessEnvironment variables() const;
 
     std::unique_ptr<QTemporaryDir> folder_;
@@ -58,7 +66,7 @@ void TestComandos::init()
 {
     folder_ = std::make_unique<QTemporaryDir>();
     QVERIFY(QDir(folder_->path()).mkpath(u"tools"_s));
-    for (const QString &name : {u"run.sh"_s, u"test.sh"_s, u"tools/pacotes.sh"_s}) {
+    for (const QString &name : {u"run.sh"_s, u"test.sh"_s, u"lint.sh"_s, u"tools/pacotes.sh"_s}) {
         QVERIFY(QFile::copy(QStringLiteral(SOURCES) + u'/' + name, path(name)));
     }
     script(u"bin/cmake"_s, u"exit 0"_s);
@@ -85,12 +93,13 @@ QProcessEnvironment TestComandos::variables() const
     return variables;
 }
 
-Result TestComandos::run(const QString &command, const QProcessEnvironment &variables) const
+Result TestComandos::run(const QString &command, const QProcessEnvironment &variables,
+                         const QStringList &arguments) const
 {
     QProcess process;
     process.setProcessEnvironment(variables);
     process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(u"bash"_s, {path(command)});
+    process.start(u"bash"_s, QStringList{path(command)} + arguments);
     if (!process.waitForFinished(60000)) {
         return {};
     }
@@ -197,11 +206,12 @@ void TestComandos::everyPackageStandsInTheReadme()
     QProcess bash;
     bash.start(u"bash"_s, {u"-c"_s,
                            u". \"$0\"; printf '%s|%s\\n' \"${#para_que[@]}\" \"${pacotes_programa[*]} "
-                           "${pacotes_testes[*]} ${pacotes_medidas[*]}\""_s,
+                           "${pacotes_testes[*]} ${pacotes_exame[*]} ${pacotes_medidas[*]}\""_s,
                            path(u"tools/pacotes.sh"_s)});
     QVERIFY(bash.waitForFinished());
     const QStringList told = QString::fromUtf8(bash.readAll()).trimmed().split(u'|');
-    const QStringList packages = told.last().split(u' ');
+    QStringList packages = told.last().split(u' ');
+    packages.removeDuplicates();
     QVERIFY(packages.size() > 10);
     QCOMPARE(told.first().toInt(), packages.size()); // each has its purpose
     QFile readme(QStringLiteral(SOURCES) + u"/README.md"_s);
@@ -210,6 +220,120 @@ void TestComandos::everyPackageStandsInTheReadme()
     for (const QString &package : packages) {
         QVERIFY2(text.contains(u'`' + package + u'`'), qPrintable(package));
     }
+}
+
+/// A product of one folder, with its tests.
+void TestComandos::sources() const
+{
+    script(u"CMakeLists.txt"_s, u"add_subdirectory(core)\n  add_subdirectory(tests)"_s);
+    for (const QString &name : {u"core/a.h"_s, u"core/a.cpp"_s, u"core/b.cpp"_s, u"core/so.h"_s, u"tests/t.cpp"_s}) {
+        script(name, {});
+    }
+    script(u"core/c.cpp"_s, u"#include \"core/so.h\""_s);
+    script(u"tools/camadas.py"_s, u"echo camadas"_s);
+    script(u"bin/clang-format"_s, u"shift 2; echo format; for f; do echo \"format $f\"; done"_s);
+    script(u"bin/clang-tidy"_s, u"shift 3; echo tidy $1; echo '12 warnings generated.' >&2"_s);
+    script(u"build/asan/build.ninja"_s, {});
+}
+
+void TestComandos::lintLooksAtTheWholeProduct()
+{
+    sources();
+    Result result = run(u"lint.sh"_s, variables());
+    QCOMPARE(result.lines.first(), u"camadas"_s);
+    result.lines.sort();
+    QCOMPARE(result.lines,
+             (QStringList{u"camadas"_s, u"format"_s, u"format core/a.cpp"_s, u"format core/a.h"_s,
+                          u"format core/b.cpp"_s, u"format core/c.cpp"_s, u"format core/so.h"_s,
+                          u"format tests/t.cpp"_s, u"tidy core/a.cpp"_s, u"tidy core/b.cpp"_s, u"tidy core/c.cpp"_s}));
+    QCOMPARE(result.code, 0);
+}
+
+void TestComandos::lintLooksAtWhatHasChanged_data()
+{
+    QTest::addColumn<QString>("git");
+    QTest::addColumn<QString>("base");
+    QTest::addColumn<QStringList>("told");
+    const QString history = u"case \"$1 $2\" in 'merge-base HEAD') echo left;; 'rev-parse HEAD') echo head;; "
+                            "'diff --quiet') ;; *) case \"$*\" in %1) printf 'core/%2\\n';; esac;; esac"_s;
+    const QStringList all{u"tidy core/a.cpp"_s, u"tidy core/b.cpp"_s, u"tidy core/c.cpp"_s};
+    QTest::newRow("a source") << history.arg(u"*' left '*"_s, u"b.cpp"_s) << QString()
+                              << QStringList{u"tidy core/b.cpp"_s};
+    QTest::newRow("a header through its source")
+        << history.arg(u"*' left '*"_s, u"a.h"_s) << QString() << QStringList{u"tidy core/a.cpp"_s};
+    QTest::newRow("a header through one that includes it")
+        << history.arg(u"*' left '*"_s, u"so.h"_s) << QString() << QStringList{u"tidy core/c.cpp"_s};
+    QTest::newRow("since a commit") << history.arg(u"*' told '*"_s, u"b.cpp"_s) << u"told"_s
+                                    << QStringList{u"tidy core/b.cpp"_s};
+    QTest::newRow("nothing") << u"exit 0"_s << u"told"_s << QStringList{};
+    QTest::newRow("the last commit, on main")
+        << u"case \"$*\" in merge-base*|'rev-parse HEAD') echo head;; rev-parse*) echo before;; "
+           "'diff --quiet'*) ;; *' before '*) echo core/b.cpp;; esac"_s
+        << QString() << QStringList{u"tidy core/b.cpp"_s};
+    QTest::newRow("no history")
+        << u"exit 128"_s << QString()
+        << QStringList{u"There is no earlier commit to compare with: all sources are looked at."_s} + all;
+    QTest::newRow("other checks") << u"case $2 in --quiet) exit 1;; esac"_s << u"told"_s
+                                  << QStringList{u"The checks themselves have changed: all sources are looked at."_s} +
+                                         all;
+}
+
+void TestComandos::lintLooksAtWhatHasChanged()
+{
+    QFETCH(const QString, git);
+    QFETCH(const QString, base);
+    QFETCH(const QStringList, told);
+    sources();
+    script(u"bin/git"_s, git);
+    const QStringList arguments{u"--mudados"_s};
+    Result result = run(u"lint.sh"_s, variables(), base.isEmpty() ? arguments : arguments + QStringList{base});
+    result.lines = result.lines.mid(8); // behind layers and format
+    result.lines.sort();
+    QCOMPARE(result.lines, told);
+    QCOMPARE(result.code, 0);
+}
+
+void TestComandos::lintFailsWithEachOfItsLooks_data()
+{
+    QTest::addColumn<QString>("look");
+    QTest::newRow("layers") << u"tools/camadas.py"_s;
+    QTest::newRow("format") << u"bin/clang-format"_s;
+    QTest::newRow("checks") << u"bin/clang-tidy"_s;
+}
+
+void TestComandos::lintFailsWithEachOfItsLooks()
+{
+    QFETCH(const QString, look);
+    sources();
+    script(look, u"echo found; exit 1"_s);
+    const Result result = run(u"lint.sh"_s, variables());
+    QVERIFY(result.lines.contains(u"found"_s));
+    QVERIFY(result.code != 0);
+}
+
+void TestComandos::everyGateStopsTheRun_data()
+{
+    QTest::addColumn<QString>("failing");
+    QTest::addColumn<QStringList>("told");
+    const QStringList all{u"lint --rapido"_s, u"test"_s, u"lint --mudados base"_s};
+    QTest::newRow("none") << QString() << all;
+    QTest::newRow("layers and format") << u"--rapido"_s << all.first(1);
+    QTest::newRow("tests") << u"test"_s << all.first(2);
+    QTest::newRow("checks") << u"--mudados"_s << all;
+}
+
+void TestComandos::everyGateStopsTheRun()
+{
+    QFETCH(const QString, failing);
+    QFETCH(const QStringList, told);
+    QVERIFY(QDir(folder_->path()).mkpath(u".ci"_s));
+    QVERIFY(QFile::copy(QStringLiteral(SOURCES) + u"/.ci/run"_s, path(u".ci/run"_s)));
+    QVERIFY(QFile::remove(path(u"lint.sh"_s)) && QFile::remove(path(u"test.sh"_s)));
+    script(u"lint.sh"_s, u"echo lint \"$@\"; [ \"$1\" != \"%1\" ]"_s.arg(failing));
+    script(u"test.sh"_s, u"echo test; [ test != \"%1\" ]"_s.arg(failing));
+    const Result result = run(u".ci/run"_s, variables(), {u"base"_s});
+    QCOMPARE(result.lines, told);
+    QCOMPARE(result.code != 0, !failing.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestComandos)
