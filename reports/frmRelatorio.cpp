@@ -8,6 +8,7 @@
 #include "platform/ui/listview.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace reports
 {
@@ -59,7 +60,20 @@ void frmRelatorio::Form_Load()
     ui_->btnPrint->setVisible(temPapel);
     if (relatorio_ != nullptr) {
         setWindowTitle(tituloDe(*relatorio_));
-        relatorio_->preenche(*ui_->Lista);
+        preenche();
+    }
+}
+
+void frmRelatorio::preenche()
+{
+    core::Somas somas;
+    core::MontaLista(*ui_->Lista, relatorio_->lista);
+    if (relatorio_->consulta != nullptr) {
+        dao::Recordset linhas = core::DBDados->OpenRecordset(relatorio_->consulta());
+        somas = core::EncheLista(*ui_->Lista, std::move(linhas), relatorio_->lista);
+    }
+    if (relatorio_->completa != nullptr) {
+        relatorio_->completa(*ui_->Lista, somas);
     }
 }
 

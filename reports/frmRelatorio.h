@@ -33,6 +33,7 @@ private:
     void lblPrint_Change();
     void Lista_DblClick(int linha);
 
+    void preenche();
     void imprime(core::Acao acao);
 
     std::unique_ptr<Ui::frmRelatorio> ui_;

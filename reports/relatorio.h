@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/lista.h"
 #include "core/pagina.h"
 
 #include <optional>
@@ -15,12 +16,15 @@ struct Abertura {
     std::optional<qint16> modoDepois = {}; ///< what the mode goes back to
 };
 
-/// A report: an entry of the catalogue, found by `ModoChamada`. One without a page is a list that is not printed.
+/// A report: an entry of the catalogue, found by `ModoChamada`. Its rows are those of a statement, or made by hand, or
+/// both. One without a page is a list that is not printed.
 struct Relatorio {
     qint16 modo;
-    QStringView titulo;                    ///< tail of the caption; "%1" stands for `detalhe`
-    void (*preenche)(ui::ListView &lista); ///< makes the columns and fills the list
+    QStringView titulo; ///< tail of the caption; "%1" stands for `detalhe`
     QString (*detalhe)() = nullptr;
+    const core::Lista &lista;
+    QString (*consulta)() = nullptr;
+    void (*completa)(ui::ListView &lista, const core::Somas &somas) = nullptr; ///< totals, or rows made by hand
     const core::Pagina *(*pagina)() = nullptr;  ///< asked ahead of every print, as it may depend on an answer
     core::TextosDaPagina (*textos)() = nullptr; ///< read again for every print
     std::optional<Abertura> abertura = {};
