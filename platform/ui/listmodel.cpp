@@ -5,6 +5,7 @@
 #include "platform/ui/textorder.h"
 
 #include <QColor>
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <climits>
@@ -43,6 +44,20 @@ bool isBefore(const SortRow &left, const SortRow &right)
     return left.prefix != right.prefix ? left.prefix < right.prefix : lessAsText(left.text, right.text);
 }
 
+/// Tells what failed as soon as Qt is done; once, whatever else fails meanwhile.
+void raiseLater(const std::exception_ptr &thrown)
+{
+    static bool waits = false;
+    if (std::exchange(waits, true)) {
+        return;
+    }
+    const auto raise = [thrown] {
+        const auto told = qScopeGuard([] { waits = false; });
+        Application::run([&] { std::rethrow_exception(thrown); });
+    };
+    QMetaObject::invokeMethod(QCoreApplication::instance(), raise, Qt::QueuedConnection);
+}
+
 /// Qt asks the model while it paints, where nothing may be thrown: what fails there is raised behind it.
 template<class Ask>
 auto asked(Ask ask) -> decltype(ask())
@@ -50,10 +65,7 @@ auto asked(Ask ask) -> decltype(ask())
     try {
         return ask();
     } catch (const runtime::RuntimeError &) {
-        QMetaObject::invokeMethod(
-            QCoreApplication::instance(),
-            [thrown = std::current_exception()] { Application::run([&] { std::rethrow_exception(thrown); }); },
-            Qt::QueuedConnection);
+        raiseLater(std::current_exception());
     }
     return {};
 }
@@ -255,7 +267,7 @@ QString ListModel::shownText(int row, int column) const
 bool ListModel::isGone(int row) const
 {
     const auto place = order_[row];
-    return isRead(place) && !read(place);
+    return asked([&] { return isRead(place) && !read(place); });
 }
 
 void ListModel::setText(int row, int column, const QString &text)
@@ -402,6 +414,7 @@ void ListModel::sort(int column, Qt::SortOrder order)
     }
     announce();
     auto sorted = sortedOrder(column, order);
+    read_.clear();
     emit layoutAboutToBeChanged({}, VerticalSortHint);
     applyOrder(std::move(sorted));
     emit layoutChanged({}, VerticalSortHint);
@@ -496,7 +509,8 @@ Qt::ItemFlags ListModel::flags(const QModelIndex &index) const
     if (!index.isValid()) {
         return Qt::NoItemFlags;
     }
-    if (asked([&] { return isGone(index.row()); })) {
+    // The view asks for the flags of every row: only what is known already counts.
+    if (const auto *kept = read_.object(order_[index.row()]); kept != nullptr && !*kept) {
         return Qt::ItemNeverHasChildren;
     }
     const auto plain = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;

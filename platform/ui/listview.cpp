@@ -208,7 +208,7 @@ void ListView::clear()
 int ListView::selectedRow() const
 {
     const auto rows = selectionModel()->selectedRows();
-    return rows.isEmpty() ? -1 : rows.first().row();
+    return rows.isEmpty() || model_->isGone(rows.first().row()) ? -1 : rows.first().row();
 }
 
 void ListView::selectRow(int row)
