@@ -1,14 +1,18 @@
 #include "core/lista.h"
 
 #include "core/funcoes.h"
+#include "platform/dao/snapshot.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/listview.h"
+#include "platform/ui/rowsource.h"
 #include "platform/ui/wait.h"
 
 #include <QComboBox>
 #include <QItemSelectionModel>
 
 #include <algorithm>
+#include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -34,6 +38,46 @@ std::vector<Celula> celulasDe(const dao::Recordset &linhas, const Lista &descric
     return celulas;
 }
 
+/// The rows of a statement, read and formatted when the list asks for them.
+class LinhasDaConsulta : public ui::RowSource
+{
+public:
+    LinhasDaConsulta(dao::Recordset linhas, const Lista &descricao, const MostraDaJanela &daJanela)
+        : celulas_(celulasDe(linhas, descricao, daJanela)), icone_(descricao.icone), tag_(descricao.tag),
+          linhas_(std::move(linhas))
+    {
+    }
+
+    int count() const override { return linhas_.count(); }
+    bool hasIcons() const override { return icone_ != nullptr; }
+
+    std::optional<ui::SourceRow> row(int row) override
+    {
+        ui::SourceRow lida;
+        const bool existe = linhas_.read(row, [&](const dao::Recordset &linha) {
+            for (const Celula &celula : celulas_) {
+                lida.texts.append(celula.mostra(linha, celula.lugar));
+            }
+            lida.smallIcon = icone_ != nullptr ? icone_(linha) : 0;
+            lida.tag = tag_ != nullptr ? tag_(linha) : QString();
+        });
+        return existe ? std::optional(lida) : std::nullopt;
+    }
+
+    void column(int column, const TakeText &take) override
+    {
+        const Celula &celula = celulas_.at(static_cast<std::size_t>(column));
+        linhas_.readAll(
+            [&](int lugar, const dao::Recordset &linha) { take(lugar, celula.mostra(linha, celula.lugar)); });
+    }
+
+private:
+    std::vector<Celula> celulas_;
+    int (*icone_)(const dao::Recordset &);
+    QString (*tag_)(const dao::Recordset &);
+    dao::Snapshot linhas_;
+};
+
 /// A single-precision addition, as the amounts are kept.
 void soma(float &total, const runtime::Value &valor)
 {
@@ -58,18 +102,13 @@ Somas somaLinhas(dao::Recordset &linhas, std::span<const Soma> somas)
     return totais;
 }
 
-void acrescenta(ui::ListView &lista, QStringList textos)
-{
-    const QString primeiro = textos.takeFirst();
-    lista.addItem(primeiro, textos);
-}
-
 void acrescentaVazia(ui::ListView &lista, std::span<const QStringView> vazia)
 {
     QStringList textos;
     std::ranges::transform(vazia, std::back_inserter(textos), &QStringView::toString);
     if (!textos.isEmpty()) {
-        acrescenta(lista, textos);
+        const QString primeiro = textos.takeFirst();
+        lista.addItem(primeiro, textos);
     }
 }
 
@@ -100,22 +139,8 @@ Somas EncheLista(ui::ListView &lista, dao::Recordset linhas, const Lista &descri
         acrescentaVazia(lista, descricao.vazia);
         return Somas(descricao.somas.size());
     }
-    const auto celulas = celulasDe(linhas, descricao, daJanela);
     Somas somas = somaLinhas(linhas, descricao.somas);
-    for (linhas.MoveFirst(); !linhas.Eof(); linhas.MoveNext()) {
-        QStringList textos;
-        for (const Celula &celula : celulas) {
-            textos.append(celula.mostra(linhas, celula.lugar));
-        }
-        acrescenta(lista, textos);
-        ui::ListItem item = lista.item(lista.count() - 1);
-        if (descricao.tag != nullptr) {
-            item.setTag(descricao.tag(linhas));
-        }
-        if (const int icone = descricao.icone != nullptr ? descricao.icone(linhas) : 0; icone > 0) {
-            item.setSmallIcon(icone);
-        }
-    }
+    lista.setRows(std::make_unique<LinhasDaConsulta>(std::move(linhas), descricao, daJanela));
     return somas;
 }
 
