@@ -75,15 +75,15 @@ void fillVector(benchmark::State &state)
     }
 }
 
-qint64 settledMemory()
+} // namespace
+
+qint64 memoriaAssentada()
 {
 #ifdef Q_OS_LINUX
-    malloc_trim(0); // what is free but kept would count for the side that is measured first
+    malloc_trim(0);
 #endif
     return memoriaResidente();
 }
-
-} // namespace
 
 qint64 memoriaResidente()
 {
@@ -107,7 +107,7 @@ int memoriaDeLista(const QString &kind)
     list.grab();
     std::vector<QStringList> rows;
 
-    const auto before = settledMemory();
+    const auto before = memoriaAssentada();
     if (kind == u"lista"_s) {
         fill(list);
         list.grab();
@@ -116,14 +116,15 @@ int memoriaDeLista(const QString &kind)
             rows.push_back(textsOf(row));
         }
     }
-    const auto after = settledMemory();
+    const auto after = memoriaAssentada();
     std::printf("%lld %lld\n", after - before, after);
     return 0;
 }
 
 void medeLista()
 {
-    compara("lista", 1.5, fillAndPaint, fillVector);
+    compara({"lista", 1.5, "a list filled with 200,000 rows by hand and painted, against a vector of the same texts"},
+            fillAndPaint, fillVector);
 }
 
 } // namespace medidas

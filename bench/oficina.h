@@ -20,10 +20,14 @@ public:
     /// Makes this folder's database the program's one; several can exist side by side.
     void abre() const;
     QString arquivo() const;
+    QString pasta() const { return folder_.path(); }
 
 private:
     QTemporaryDir folder_;
 };
+
+/// Makes the database of a program folder that exists already the program's one.
+void abrePasta(const QString &pasta);
 
 /// The large one and the small one, made at first use.
 const Oficina &grande();
@@ -36,9 +40,19 @@ void medeOrdens();
 void medeLista();
 void medeCadastros();
 
+/// The workshop with 200,000 customers, made at first use.
+const Oficina &comClientes();
+
 /// Called as a process of its own with "vazia", "lista" or "vetor": prints what an empty list, a full one or the plain
 /// vector adds to the resident memory, and that memory, in bytes.
 int memoriaDeLista(const QString &kind);
+
+/// The same with "cadastro" or "clientes": what the filled register of the customers in a program folder adds, or the
+/// plain vector of the texts that it shows.
+int memoriaDeCadastro(const QString &kind, const QString &pasta);
+
+/// Resident memory with what is free given back: it would count for the side that is measured first.
+qint64 memoriaAssentada();
 
 /// Called as a process of its own: prints "splash" as soon as the splash is painted, and ends.
 int partidaDoSplash();

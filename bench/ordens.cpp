@@ -121,12 +121,13 @@ private:
 
 void medeOrdens()
 {
-    compara("abre_os", 1.5, openAndClose, [](benchmark::State &state) {
-        BareOrders bare;
-        for (auto turn : state) {
-            bare.openAndClose();
-        }
-    });
+    compara({"abre_os", 1.5, "an order of 20 items opened and closed, against the same rows by prepared statements"},
+            openAndClose, [](benchmark::State &state) {
+                BareOrders bare;
+                for (auto turn : state) {
+                    bare.openAndClose();
+                }
+            });
 }
 
 } // namespace medidas

@@ -9,14 +9,9 @@ namespace medidas
 namespace
 {
 
-struct Measurement {
-    std::string name;
-    double limit;
-};
-
-std::vector<Measurement> &measurements()
+std::vector<Medida> &measurements()
 {
-    static std::vector<Measurement> all;
+    static std::vector<Medida> all;
     return all;
 }
 
@@ -34,19 +29,19 @@ void enlist(const std::string &name, std::function<void(benchmark::State &)> bod
 
 } // namespace
 
-void compara(const std::string &name, double limit, std::function<void(benchmark::State &)> program,
+void compara(const Medida &medida, std::function<void(benchmark::State &)> program,
              std::function<void(benchmark::State &)> bare)
 {
-    measurements().push_back({name, limit});
-    enlist(name + "/programa", std::move(program));
-    enlist(name + "/cru", std::move(bare));
+    measurements().push_back(medida);
+    enlist(medida.nome + "/programa", std::move(program));
+    enlist(medida.nome + "/cru", std::move(bare));
 }
 
-void mostra(const std::string &name, double value, double limit)
+void mostra(const Medida &medida, double valor)
 {
-    std::printf("razao %s %.2f %.1f\n", name.c_str(), value, limit);
+    std::printf("razao %s %.2f %.2f\n    %s\n", medida.nome.c_str(), valor, medida.limite, medida.texto.c_str());
     std::fflush(stdout);
-    overLimit = overLimit || value > limit;
+    overLimit = overLimit || valor > medida.limite;
 }
 
 bool acimaDoLimite()
@@ -74,11 +69,11 @@ void Relator::ReportRuns(const std::vector<Run> &runs)
 
 void Relator::Finalize()
 {
-    for (const auto &[name, limit] : measurements()) {
-        const auto program = shortest_.find(name + "/programa");
-        const auto bare = shortest_.find(name + "/cru");
+    for (const auto &measurement : measurements()) {
+        const auto program = shortest_.find(measurement.nome + "/programa");
+        const auto bare = shortest_.find(measurement.nome + "/cru");
         if (program != shortest_.end() && bare != shortest_.end()) {
-            mostra(name, program->second / bare->second, limit);
+            mostra(measurement, program->second / bare->second);
         }
     }
 }

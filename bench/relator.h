@@ -10,13 +10,20 @@
 namespace medidas
 {
 
+/// What a figure is called, the highest ratio it may have, and what it is, for the reader of the figures.
+struct Medida {
+    std::string nome;
+    double limite;
+    std::string texto;
+};
+
 /// A measurement of the program against a bare one: both are run in turn, many times, in the same process.
-/// Printed as `razao NAME VALUE LIMIT`, the ratio of the two shortest times.
-void compara(const std::string &name, double limit, std::function<void(benchmark::State &)> program,
+/// Printed as `razao NAME VALUE LIMIT`, the ratio of the two shortest times, and what it is in the line below.
+void compara(const Medida &medida, std::function<void(benchmark::State &)> program,
              std::function<void(benchmark::State &)> bare);
 
 /// Prints a ratio that was not measured by time.
-void mostra(const std::string &name, double value, double limit);
+void mostra(const Medida &medida, double valor);
 
 /// True when a printed ratio was over its limit.
 bool acimaDoLimite();
