@@ -2,8 +2,8 @@
 
 #include "documents/pecas.h"
 
+#include "core/caixacodigo.h"
 #include "core/combos.h"
-#include "core/devolucao.h"
 #include "core/funcoes.h"
 #include "core/janelas.h"
 #include "core/modos.h"
@@ -71,8 +71,12 @@ void EntradaItem::liga(ui::Form &janela)
 {
     janela.onGotFocus(c_.txtCodPeca, this, &EntradaItem::txtCodPeca_GotFocus);
     janela.onLostFocus(c_.txtCodPeca, this, &EntradaItem::txtCodPeca_LostFocus);
-    janela.onKey(c_.txtCodPeca, Qt::Key_F1, this, &EntradaItem::btnPecaFind_Click);
-    janela.onKey(c_.txtCodPeca, Qt::Key_F2, this, &EntradaItem::btnPecaAdd_Click);
+    new CaixaDeCodigo(janela, c_.txtCodPeca,
+                      {.cadastro = u"frmCadaPecas",
+                       .procura = c_.btnPecaFind,
+                       .modoProcura = modoProcuraPeca,
+                       .inclui = c_.btnPecaAdd,
+                       .modoInclui = modoIncluiPeca});
     janela.onGotFocus(c_.txtQuantidade, this, &EntradaItem::txtQuantidade_GotFocus);
     janela.onLostFocus(c_.txtQuantidade, this, &EntradaItem::txtQuantidade_LostFocus);
     janela.filterKeys(c_.txtQuantidade, SoDecimais);
@@ -80,8 +84,6 @@ void EntradaItem::liga(ui::Form &janela)
     janela.onGotFocus(c_.txtValor, this, &EntradaItem::txtValor_GotFocus);
     janela.onLostFocus(c_.txtValor, this, &EntradaItem::txtValor_LostFocus);
     janela.filterKeys(c_.txtValor, SoDecimais);
-    janela.onClick(c_.btnPecaFind, this, &EntradaItem::btnPecaFind_Click);
-    janela.onClick(c_.btnPecaAdd, this, &EntradaItem::btnPecaAdd_Click);
     janela.onClick(c_.btnMarcaAdd, this, &EntradaItem::btnMarcaAdd_Click);
     janela.onClick(c_.btnMarcaRemove, this, &EntradaItem::btnMarcaRemove_Click);
     LigaBotoesDaLista(c_.txtDescricao, c_.btnMarcaAdd, c_.btnMarcaRemove);
@@ -150,16 +152,6 @@ void EntradaItem::txtValor_GotFocus()
 void EntradaItem::txtValor_LostFocus()
 {
     MascaraTexto(c_.txtValor, TipoMascara::Valor);
-}
-
-void EntradaItem::btnPecaFind_Click()
-{
-    Chama(u"frmCadaPecas"_s, modoProcuraPeca);
-}
-
-void EntradaItem::btnPecaAdd_Click()
-{
-    Chama(u"frmCadaPecas"_s, modoIncluiPeca);
 }
 
 void EntradaItem::btnMarcaAdd_Click()

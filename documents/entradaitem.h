@@ -62,8 +62,6 @@ private:
     void txtDescricao_Change();
     void txtValor_GotFocus();
     void txtValor_LostFocus();
-    void btnPecaFind_Click();
-    void btnPecaAdd_Click();
     void btnMarcaAdd_Click();
     void btnMarcaRemove_Click();
 
