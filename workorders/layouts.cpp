@@ -1,7 +1,7 @@
 #include "workorders/layouts.h"
 
 #include "core/config.h"
-#include "workorders/folhas.h"
+#include "documents/folhas.h"
 #include "workorders/layoutsos.h"
 #include "workorders/textopagto.h"
 

@@ -2,7 +2,7 @@
 
 #include "core/funcoes.h"
 #include "platform/runtime/format.h"
-#include "workorders/impressao.h"
+#include "documents/impressao.h"
 
 #include <QMap>
 

@@ -1,4 +1,4 @@
-#include "workorders/folhas.h"
+#include "documents/folhas.h"
 
 #include "core/config.h"
 #include "core/figuras.h"

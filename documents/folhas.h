@@ -1,6 +1,6 @@
 #pragma once
 
-#include "workorders/impressao.h"
+#include "documents/impressao.h"
 
 namespace workorders
 {

@@ -4,7 +4,7 @@
 #include "core/funcoes.h"
 #include "core/modulo.h"
 #include "platform/runtime/runtime.h"
-#include "workorders/impressao.h"
+#include "documents/impressao.h"
 #include "workorders/textopagto.h"
 
 namespace workorders

@@ -1,4 +1,4 @@
-#include "workorders/impressao.h"
+#include "documents/impressao.h"
 
 #include "core/banco.h"
 #include "core/funcoes.h"

@@ -3,7 +3,7 @@
 #include "core/config.h"
 #include "core/funcoes.h"
 #include "platform/runtime/format.h"
-#include "workorders/folhas.h"
+#include "documents/folhas.h"
 
 #include <array>
 

@@ -1,6 +1,6 @@
 #include "workorders/layoutsos.h"
 
-#include "workorders/folhas.h"
+#include "documents/folhas.h"
 
 namespace workorders
 {
