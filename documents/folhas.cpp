@@ -5,7 +5,7 @@
 #include "core/funcoes.h"
 #include "core/modulo.h"
 
-namespace workorders
+namespace documents
 {
 
 using namespace Qt::StringLiterals;
@@ -18,8 +18,8 @@ constexpr double alturaRodape = 26;
 
 } // namespace
 
-Folhas::Folhas(printer::Surface &saida, QString titulo, Cabecalho cabecalho, int linhasNecessarias)
-    : saida_(saida), titulo_(std::move(titulo)), cabecalho_(std::move(cabecalho)), linhasNecessarias_(linhasNecessarias)
+Folhas::Folhas(printer::Surface &saida, const Documento &documento, int linhasNecessarias)
+    : saida_(saida), documento_(documento), linhasNecessarias_(linhasNecessarias)
 {
 }
 
@@ -33,7 +33,7 @@ void Folhas::imprimeTitulo()
     DefineFonte(saida_, 14, true);
     saida_.setCurrentY(2);
     saida_.setCurrentX(12);
-    saida_.Print(titulo_);
+    saida_.Print(documento_.titulo);
 }
 
 void Folhas::abre()
@@ -44,7 +44,7 @@ void Folhas::abre()
     imprimeLogo();
     imprimeTitulo();
     saida_.setCurrentY(4);
-    ImprimeCabecalho(saida_, cabecalho_, true);
+    ImprimeCabecalho(saida_, documento_.cabecalho, true);
     if (cabe(linhasNecessarias_ + 1)) {
         saida_.Print();
     }
@@ -73,4 +73,21 @@ bool Folhas::cabe(qsizetype linhas) const
     return CabeAcima(saida_, alturaRodape, linhas);
 }
 
-} // namespace workorders
+void Folhas::imprime(const QList<Bloco> &blocos)
+{
+    for (const Bloco &bloco : blocos) {
+        if (!CabeAcima(saida_, alturaRodape, bloco)) {
+            vira();
+        }
+        for (const LinhaFinal &linha : bloco) {
+            DefineFonte(saida_, linha.tamanho);
+            if (!cabe()) {
+                vira();
+                DefineFonte(saida_, linha.tamanho);
+            }
+            saida_.Print(linha.texto);
+        }
+    }
+}
+
+} // namespace documents

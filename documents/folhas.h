@@ -2,7 +2,7 @@
 
 #include "documents/impressao.h"
 
-namespace workorders
+namespace documents
 {
 
 /// The sheets of a document in the second and third layout. Each begins with the logo, the title and the header, and
@@ -11,7 +11,7 @@ class Folhas
 {
 public:
     /// Below a long header the blank line gives way where `linhasNecessarias` lines would not fit otherwise.
-    Folhas(printer::Surface &saida, QString titulo, Cabecalho cabecalho, int linhasNecessarias = 0);
+    Folhas(printer::Surface &saida, const Documento &documento, int linhasNecessarias = 0);
 
     /// Begins a sheet; the next line stands below the header.
     void abre();
@@ -25,6 +25,9 @@ public:
     /// True when so many lines of the present font fit above the foot.
     bool cabe(qsizetype linhas = 1) const;
 
+    /// The lines behind the items, each block on one sheet if it fits on one.
+    void imprime(const QList<Bloco> &blocos);
+
     printer::Surface &saida() const { return saida_; }
 
 private:
@@ -32,9 +35,8 @@ private:
     void imprimeTitulo();
 
     printer::Surface &saida_;
-    QString titulo_;
-    Cabecalho cabecalho_;
+    const Documento &documento_;
     int linhasNecessarias_;
 };
 
-} // namespace workorders
+} // namespace documents

@@ -1,18 +1,16 @@
 #include "documents/impressao.h"
 
-#include "core/banco.h"
 #include "core/funcoes.h"
 #include "platform/runtime/format.h"
 #include "platform/runtime/text.h"
 
 #include <QRegularExpression>
 
-namespace workorders
+namespace documents
 {
 
 using namespace Qt::StringLiterals;
 using namespace core;
-using namespace documents;
 
 namespace
 {
@@ -26,47 +24,21 @@ constexpr int larguraTotal = 16;
 
 constexpr auto entreColunas = u"   ";
 
-QList<CampoImpresso> campo(const QString &rotulo, const QString &valor)
+double altura(const printer::Surface &saida, double tamanho)
 {
-    return {{rotulo, runtime::Left(valor, larguraValor)}};
-}
-
-QList<CampoImpresso> campos(const QString &rotulo1, const QString &valor1, const QString &rotulo2,
-                            const QString &valor2)
-{
-    return {{rotulo1, AlinhaEsquerda(valor1, larguraPrimeiro)}, {rotulo2, runtime::Left(valor2, larguraSegundo)}};
-}
-
-QString doCliente(const QString &coluna, const OrdemMostrada &ordem)
-{
-    return LocalizaCampo(coluna, u"Clientes"_s, u"Codigo = "_s + ordem.codCliente);
-}
-
-QString dataHora(const QString &texto)
-{
-    return runtime::Format(texto, mascaraDataHora);
+    return printer::lineHeight({saida.FontName, tamanho}) / printer::twipsPerCentimetre;
 }
 
 } // namespace
 
-Cabecalho CabecalhoDaOrdem(const OrdemMostrada &ordem, bool completo)
+LinhaCabecalho UmCampo(const QString &rotulo, const QString &valor)
 {
-    Cabecalho linhas{
-        campos(u"DATA ENTRADA........: "_s, dataHora(ordem.dataIn), u" DATA SAÍDA...: "_s, dataHora(ordem.dataOut)),
-        campo(u"CÓD. / NOME CLIENTE.: "_s, NumeroImpresso(ordem.codCliente) + u" - "_s + ordem.nome),
-        campos(u"FONE 1..............: "_s, doCliente(u"Fone1"_s, ordem), u" CELULAR......: "_s,
-               doCliente(u"Celular"_s, ordem)),
-        campo(u"VEÍCULO MARCA/MODELO: "_s, ordem.marca),
-        campos(u"ANO.................: "_s, ordem.ano, u" PLACAS.......: "_s, ordem.placas),
-    };
-    if (completo && !ordem.chassi.isEmpty()) {
-        linhas << campo(u"CHASSI..............: "_s, ordem.chassi);
-    }
-    linhas << campo(u"QUILOMETRAGEM.......: "_s, ordem.km);
-    if (completo) {
-        linhas << campo(u"MECÂNICO RESP.......: "_s, ordem.mecanico);
-    }
-    return linhas;
+    return {{rotulo, runtime::Left(valor, larguraValor)}};
+}
+
+LinhaCabecalho DoisCampos(const QString &rotulo1, const QString &valor1, const QString &rotulo2, const QString &valor2)
+{
+    return {{rotulo1, AlinhaEsquerda(valor1, larguraPrimeiro)}, {rotulo2, runtime::Left(valor2, larguraSegundo)}};
 }
 
 Cabecalho CabecalhoDaObservacao(const QString &observacao)
@@ -77,22 +49,33 @@ Cabecalho CabecalhoDaObservacao(const QString &observacao)
     }
     QString rotulo = u"OBSERVAÇÕES.........: "_s;
     for (const QString &linha : EmLinhas(observacao, larguraValor)) {
-        linhas << QList<CampoImpresso>{{rotulo, linha}};
+        linhas << LinhaCabecalho{{rotulo, linha}};
         rotulo = QString(larguraRotulo, u' ');
     }
     return linhas;
 }
 
-void ImprimeCabecalho(printer::Surface &saida, const Cabecalho &cabecalho, bool rotulosEmNegrito)
+Bloco BlocoDe(const QStringList &linhas, double tamanho)
 {
-    for (const auto &linha : cabecalho) {
-        for (const CampoImpresso &impresso : linha) {
-            DefineFonte(saida, 10, rotulosEmNegrito);
-            saida.Print(impresso.rotulo, false);
-            DefineFonte(saida, 10);
-            saida.Print(impresso.valor, &impresso == &linha.back());
-        }
+    Bloco bloco;
+    for (const QString &linha : linhas) {
+        bloco << LinhaFinal{linha, tamanho};
     }
+    return bloco;
+}
+
+Bloco BlocoDaObservacao(const QString &observacao)
+{
+    if (observacao.isEmpty()) {
+        return {};
+    }
+    QString rotulo = u"OBS: "_s;
+    QStringList linhas{QString()};
+    for (const QString &linha : EmLinhas(observacao, static_cast<int>(colunasTamanho10 - rotulo.size()))) {
+        linhas << rotulo + linha;
+        rotulo = QString(rotulo.size(), u' ');
+    }
+    return BlocoDe(linhas);
 }
 
 QString ColunasDosItens()
@@ -108,10 +91,10 @@ QString LinhaDoItem(const LinhaItem &linha)
     return colunas.join(QStringView(entreColunas));
 }
 
-QString LinhaDoTotal(const QString &rotulo, const QString &total)
+QString LinhaDoTotal(const Secao &secao)
 {
-    return AlinhaDireita(rotulo, colunasTamanho10 - larguraTotal) +
-           AlinhaDireita(runtime::Format(total, mascaraValor), larguraTotal);
+    return AlinhaDireita(secao.rotuloTotal, colunasTamanho10 - larguraTotal) +
+           AlinhaDireita(runtime::Format(secao.total, mascaraValor), larguraTotal);
 }
 
 QStringList EmLinhas(const QString &texto, int largura)
@@ -124,22 +107,32 @@ QStringList EmLinhas(const QString &texto, int largura)
     return linhas;
 }
 
-QString NumeroImpresso(const QString &codigo)
-{
-    return runtime::Format(codigo, mascaraCodigo);
-}
-
-void DefineFonte(printer::Surface &saida, double tamanho, bool negrito, bool sublinhado)
-{
-    saida.FontSize = tamanho;
-    saida.FontBold = negrito;
-    saida.FontUnderline = sublinhado;
-}
-
 bool CabeAcima(const printer::Surface &saida, double limite, qsizetype linhas)
 {
-    const double altura = printer::lineHeight({saida.FontName, saida.FontSize}) / printer::twipsPerCentimetre;
-    return saida.CurrentY() + altura * static_cast<double>(linhas) <= limite;
+    return saida.CurrentY() + altura(saida, saida.FontSize) * static_cast<double>(linhas) <= limite;
 }
 
-} // namespace workorders
+bool CabeAcima(const printer::Surface &saida, double limite, const Bloco &bloco)
+{
+    double fim = saida.CurrentY();
+    for (const LinhaFinal &linha : bloco) {
+        fim += altura(saida, linha.tamanho);
+    }
+    return fim <= limite;
+}
+
+void ImprimeDocumento(int layout, const Documento &documento, printer::Surface &saida)
+{
+    switch (layout) {
+    case 1:
+        return ImprimeLayout1(documento, saida);
+    case 2:
+        return ImprimeLayout2(documento, saida);
+    case 3:
+        return ImprimeLayout3(documento, saida);
+    default:
+        return;
+    }
+}
+
+} // namespace documents

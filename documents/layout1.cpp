@@ -1,18 +1,14 @@
-#include "workorders/layoutsos.h"
-
 #include "core/config.h"
 #include "core/funcoes.h"
 #include "core/modulo.h"
-#include "platform/runtime/runtime.h"
 #include "documents/impressao.h"
-#include "workorders/textopagto.h"
+#include "platform/runtime/runtime.h"
 
-namespace workorders
+namespace documents
 {
 
 using namespace Qt::StringLiterals;
 using namespace core;
-using namespace documents;
 
 namespace
 {
@@ -25,47 +21,38 @@ bool cabe(const printer::Surface &saida, qsizetype linhas)
     return CabeAcima(saida, pontaDaFolha, linhas);
 }
 
-void imprimeLinhas(printer::Surface &saida, const QStringList &linhas)
-{
-    for (const QString &linha : linhas) {
-        saida.Print(linha);
-    }
-}
-
-void imprimeTitulo(const OrdemMostrada &ordem, printer::Surface &saida)
+void imprimeTitulo(const QString &titulo, printer::Surface &saida)
 {
     DefineFonte(saida, 12);
     saida.Print();
     DefineFonte(saida, 12, true);
-    saida.Print(CentraTexto(u"ORDEM DE SERVIÇO Nº "_s + NumeroImpresso(ordem.codigo), colunasTamanho12));
+    saida.Print(CentraTexto(titulo, colunasTamanho12));
     DefineFonte(saida, 10);
     saida.Print();
 }
 
-void imprimeItens(const OrdemMostrada &ordem, printer::Surface &saida)
+void imprimeItens(const Secao &secao, printer::Surface &saida)
 {
     saida.Print(ColunasDosItens());
-    for (const LinhaItem &linha : ordem.pecas) {
+    for (const LinhaItem &linha : secao.linhas) {
         if (!cabe(saida, 1)) {
             saida.NewPage();
             saida.Print(ColunasDosItens());
         }
         saida.Print(LinhaDoItem(linha));
     }
-    saida.Print(LinhaDoTotal(u" VALOR TOTAL.....:"_s, ordem.total));
+    saida.Print(LinhaDoTotal(secao));
 }
 
-void imprimeObservacao(const QString &observacao, printer::Surface &saida)
+void imprimeBlocos(const QList<Bloco> &blocos, printer::Surface &saida)
 {
-    if (observacao.isEmpty()) {
-        return;
+    for (const Bloco &bloco : blocos) {
+        for (const LinhaFinal &linha : bloco) {
+            DefineFonte(saida, linha.tamanho);
+            saida.Print(linha.texto);
+        }
     }
-    QString rotulo = u"OBS: "_s;
-    saida.Print();
-    for (const QString &linha : EmLinhas(observacao, colunasTamanho10 - 5)) {
-        saida.Print(rotulo + linha);
-        rotulo = QString(rotulo.size(), u' ');
-    }
+    DefineFonte(saida, 10);
 }
 
 void imprimeRodape(printer::Surface &saida)
@@ -75,7 +62,9 @@ void imprimeRodape(printer::Surface &saida)
     if (!cabe(saida, brancosAntesDoRodape + linhas.size())) {
         saida.NewPage();
     }
-    imprimeLinhas(saida, QStringList(brancosAntesDoRodape));
+    for (int branco = 0; branco < brancosAntesDoRodape; ++branco) {
+        saida.Print();
+    }
     for (const QString &linha : linhas) {
         saida.Print(CentraTexto(linha, colunasTamanho10));
     }
@@ -83,21 +72,17 @@ void imprimeRodape(printer::Surface &saida)
 
 } // namespace
 
-void ImprimeLayout1(const OrdemMostrada &ordem, printer::Surface &saida, const PagamentoOS *pagamento)
+void ImprimeLayout1(const Documento &documento, printer::Surface &saida)
 {
     saida.FontName = u"Courier New"_s;
     saida.setScaleMode(printer::ScaleMode::Centimetres);
-    imprimeTitulo(ordem, saida);
-    ImprimeCabecalho(saida, CabecalhoDaOrdem(ordem, false), false);
+    imprimeTitulo(documento.titulo, saida);
+    ImprimeCabecalho(saida, documento.cabecalho, false);
     saida.Print();
-    imprimeItens(ordem, saida);
-    imprimeObservacao(ordem.observacao, saida);
-    if (pagamento != nullptr) {
-        saida.Print();
-        imprimeLinhas(saida, TextoPagamento(*pagamento));
-    }
+    imprimeItens(documento.secoes.front(), saida);
+    imprimeBlocos(documento.blocos, saida);
     imprimeRodape(saida);
     saida.EndDoc();
 }
 
-} // namespace workorders
+} // namespace documents

@@ -1,12 +1,9 @@
-#include "workorders/layoutsos.h"
-
 #include "documents/folhas.h"
 
-namespace workorders
+namespace documents
 {
 
-using namespace Qt::StringLiterals;
-using namespace documents;
+using namespace core;
 
 namespace
 {
@@ -20,7 +17,7 @@ void imprimeColunas(printer::Surface &saida)
     DefineFonte(saida, 10);
 }
 
-/// An observation of four lines and more leaves room for fewer items than a sheet may hold.
+/// A long header leaves room for fewer items than a sheet may hold.
 void imprimeItens(Folhas &folhas, const std::vector<LinhaItem> &itens)
 {
     int naFolha = 0;
@@ -36,26 +33,25 @@ void imprimeItens(Folhas &folhas, const std::vector<LinhaItem> &itens)
     }
 }
 
-void imprimeTotal(Folhas &folhas, const QString &total)
+void imprimeTotal(Folhas &folhas, const Secao &secao)
 {
     if (!folhas.cabe()) {
         folhas.vira();
     }
-    folhas.saida().Print(LinhaDoTotal(u" VALOR TOTAL.....:"_s, total));
+    folhas.saida().Print(LinhaDoTotal(secao));
 }
 
 } // namespace
 
-void ImprimeLayout2(const OrdemMostrada &ordem, printer::Surface &saida, const PagamentoOS *pagamento)
+void ImprimeLayout2(const Documento &documento, printer::Surface &saida)
 {
-    Folhas folhas(saida, u"ORDEM DE SERVIÇO Nº "_s + NumeroImpresso(ordem.codigo),
-                  CabecalhoDaOrdem(ordem, false) + CabecalhoDaObservacao(ordem.observacao), itensPorFolha + 1);
+    Folhas folhas(saida, documento, itensPorFolha + 1);
     folhas.abre();
-    imprimeItens(folhas, ordem.pecas);
-    imprimeTotal(folhas, ordem.total);
-    ImprimePagamento(folhas, pagamento);
+    imprimeItens(folhas, documento.secoes.front().linhas);
+    imprimeTotal(folhas, documento.secoes.front());
+    folhas.imprime(documento.blocos);
     folhas.fecha();
     saida.EndDoc();
 }
 
-} // namespace workorders
+} // namespace documents

@@ -1,18 +1,9 @@
-#include "workorders/layoutsos.h"
-
-#include "core/config.h"
-#include "core/funcoes.h"
-#include "platform/runtime/format.h"
 #include "documents/folhas.h"
 
-#include <array>
-
-namespace workorders
+namespace documents
 {
 
-using namespace Qt::StringLiterals;
 using namespace core;
-using namespace documents;
 
 namespace
 {
@@ -22,23 +13,6 @@ namespace
 constexpr double fimDasLinhas = 24.5;
 constexpr double ultimoInicio = 23;
 constexpr double ultimoTotal = 25;
-
-struct Secao {
-    QString titulo;
-    std::vector<LinhaItem> OrdemMostrada::*linhas;
-    QString OrdemMostrada::*executados; ///< text below the rows, or none
-    QString rotuloTotal;
-    QString OrdemMostrada::*total;
-};
-
-const std::array secoes{
-    Secao{u"RELAÇÃO DE PEÇAS:"_s, &OrdemMostrada::pecas, nullptr, u" VALOR TOTAL PEÇAS....:"_s,
-          &OrdemMostrada::totalPecas},
-    Secao{u"RELAÇÃO DE SERVIÇOS:"_s, &OrdemMostrada::servicos, &OrdemMostrada::servicosExecutados,
-          u" VALOR TOTAL SERVIÇOS.:"_s, &OrdemMostrada::totalServicos},
-    Secao{u"SERVIÇOS TERCERIZADOS:"_s, &OrdemMostrada::tercerizados, nullptr, u" VALOR TOTAL TERCERIZADOS.:"_s,
-          &OrdemMostrada::totalTercerizados},
-};
 
 void imprimeTitulo(const Secao &secao, printer::Surface &saida)
 {
@@ -60,44 +34,41 @@ bool imprimeLinha(Folhas &folhas, const QString &linha)
     return true;
 }
 
-void imprimeLinhas(Folhas &folhas, const Secao &secao, const std::vector<LinhaItem> &linhas)
+void imprimeLinhas(Folhas &folhas, const Secao &secao)
 {
     imprimeTitulo(secao, folhas.saida());
-    for (const LinhaItem &linha : linhas) {
+    for (const LinhaItem &linha : secao.linhas) {
         const bool virou = imprimeLinha(folhas, LinhaDoItem(linha));
-        if (virou && &linha != &linhas.back()) {
+        if (virou && &linha != &secao.linhas.back()) {
             imprimeTitulo(secao, folhas.saida());
         }
     }
 }
 
-void imprimeExecutados(Folhas &folhas, const QString &texto)
+void imprimeTexto(Folhas &folhas, const Secao &secao)
 {
-    if (texto.isEmpty()) {
+    if (secao.texto.isEmpty()) {
         return;
     }
     DefineFonte(folhas.saida(), 10, true);
-    imprimeLinha(folhas, u"Descrição dos Serviços Executados:"_s);
+    imprimeLinha(folhas, secao.rotuloTexto);
     DefineFonte(folhas.saida(), 10);
-    for (const QString &linha : EmLinhas(texto, colunasTamanho10)) {
+    for (const QString &linha : EmLinhas(secao.texto, colunasTamanho10)) {
         imprimeLinha(folhas, linha);
     }
 }
 
-void imprimeSecao(Folhas &folhas, const Secao &secao, const OrdemMostrada &ordem)
+void imprimeSecao(Folhas &folhas, const Secao &secao)
 {
-    const std::vector<LinhaItem> &linhas = ordem.*secao.linhas;
-    if (linhas.empty()) {
+    if (secao.linhas.empty()) {
         return;
     }
     if (folhas.saida().CurrentY() >= ultimoInicio) {
         folhas.vira();
     }
-    imprimeLinhas(folhas, secao, linhas);
-    if (secao.executados != nullptr) {
-        imprimeExecutados(folhas, ordem.*secao.executados);
-    }
-    folhas.saida().Print(LinhaDoTotal(secao.rotuloTotal, ordem.*secao.total));
+    imprimeLinhas(folhas, secao);
+    imprimeTexto(folhas, secao);
+    folhas.saida().Print(LinhaDoTotal(secao));
     folhas.saida().Print();
 }
 
@@ -107,32 +78,25 @@ void imprimeTotal(Folhas &folhas, const QString &total)
         folhas.vira();
     }
     DefineFonte(folhas.saida(), 12, true, true);
-    folhas.saida().Print(u"TOTAL O.S....: "_s + runtime::Format(total, mascaraValor));
+    folhas.saida().Print(total);
     DefineFonte(folhas.saida(), 10);
-}
-
-/// One workshop prints on paper that carries its address already; the query leaves it out for them.
-bool papelComEndereco(const PagamentoOS *pagamento)
-{
-    return pagamento == nullptr && Config(u"Personalizacao"_s) == u"2-2"_s;
 }
 
 } // namespace
 
-void ImprimeLayout3(const OrdemMostrada &ordem, printer::Surface &saida, const PagamentoOS *pagamento)
+void ImprimeLayout3(const Documento &documento, printer::Surface &saida)
 {
-    Folhas folhas(saida, u"ORDEM DE SERVIÇO Nº "_s + NumeroImpresso(ordem.codigo),
-                  CabecalhoDaOrdem(ordem, true) + CabecalhoDaObservacao(ordem.observacao));
+    Folhas folhas(saida, documento);
     folhas.abre();
-    for (const Secao &secao : secoes) {
-        imprimeSecao(folhas, secao, ordem);
+    for (const Secao &secao : documento.secoes) {
+        imprimeSecao(folhas, secao);
     }
-    imprimeTotal(folhas, ordem.total);
-    ImprimePagamento(folhas, pagamento);
-    if (!papelComEndereco(pagamento)) {
+    imprimeTotal(folhas, documento.totalGeral);
+    folhas.imprime(documento.blocos);
+    if (documento.comRodape) {
         folhas.fecha();
     }
     saida.EndDoc();
 }
 
-} // namespace workorders
+} // namespace documents

@@ -17,7 +17,7 @@
 #include "platform/ui/controls.h"
 #include "platform/ui/listview.h"
 #include "platform/ui/reasons.h"
-#include "workorders/layouts.h"
+#include "workorders/ordemimpressa.h"
 
 #include <algorithm>
 #include <array>

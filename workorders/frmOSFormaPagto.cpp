@@ -21,7 +21,7 @@
 #include "platform/ui/reasons.h"
 #include "workorders/fechamento.h"
 #include "workorders/frmOSConsulta.h"
-#include "workorders/layouts.h"
+#include "workorders/ordemimpressa.h"
 #include "workorders/plano.h"
 
 #include <QItemSelectionModel>

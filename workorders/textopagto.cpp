@@ -1,8 +1,8 @@
 #include "workorders/textopagto.h"
 
 #include "core/funcoes.h"
+#include "core/papel.h"
 #include "platform/runtime/format.h"
-#include "documents/impressao.h"
 
 #include <QMap>
 

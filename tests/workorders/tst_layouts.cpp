@@ -1,6 +1,6 @@
-#include "platform/printer/printer.h"
 #include "support/program.h"
-#include "workorders/layouts.h"
+#include "support/sheets.h"
+#include "workorders/ordemimpressa.h"
 #include "workorders/textopagto.h"
 
 #include <QFile>
@@ -12,27 +12,11 @@
 using namespace Qt::StringLiterals;
 using namespace documents;
 using namespace workorders;
+using support::Sheets;
+using support::textsOf;
 
 namespace
 {
-
-/// Keeps the pages of the document, as paper would.
-class Sheets : public printer::PagedSurface
-{
-public:
-    void EndDoc() override { document = takePages(); }
-
-    QStringList lines() const
-    {
-        QStringList all;
-        for (const printer::Page &page : document) {
-            all << page.lines() << u"======== fim da folha"_s;
-        }
-        return all;
-    }
-
-    std::vector<printer::Page> document;
-};
 
 LinhaItem item(int number, const QString &description, const QString &type = u"P"_s)
 {
@@ -138,20 +122,9 @@ bool holds(const QStringList &lines, const QString &text)
     return std::any_of(lines.begin(), lines.end(), [&](const QString &line) { return line.contains(text); });
 }
 
-std::vector<printer::TextMark> texts(const printer::Page &page)
-{
-    std::vector<printer::TextMark> found;
-    for (const printer::Mark &mark : page.marks()) {
-        if (const auto *text = std::get_if<printer::TextMark>(&mark); text != nullptr && !text->text.isEmpty()) {
-            found.push_back(*text);
-        }
-    }
-    return found;
-}
-
 printer::TextMark textStarting(const printer::Page &page, const QString &beginning)
 {
-    for (const printer::TextMark &mark : texts(page)) {
+    for (const printer::TextMark &mark : textsOf(page)) {
         if (mark.text.startsWith(beginning)) {
             return mark;
         }
@@ -193,7 +166,7 @@ bool isHeading(const printer::TextMark &mark)
 /// Everything stands on the paper, above the foot and inside the edges, and no text covers another.
 void checkSheet(const printer::Page &page)
 {
-    const std::vector<printer::TextMark> marks = texts(page);
+    const std::vector<printer::TextMark> marks = textsOf(page);
     const bool foot = std::any_of(marks.begin(), marks.end(), isRule);
     bool belowRule = false;
     for (const printer::TextMark &mark : marks) {
@@ -215,7 +188,7 @@ void checkSheet(const printer::Page &page)
 int checkBreaks(const printer::Page &page)
 {
     int rows = 0;
-    const std::vector<printer::TextMark> marks = texts(page);
+    const std::vector<printer::TextMark> marks = textsOf(page);
     for (auto mark = marks.begin(); mark != marks.end(); ++mark) {
         const QByteArray text = mark->text.toUtf8();
         if (isRow(*mark)) {
@@ -488,7 +461,7 @@ void tst_Layouts::theFrameStandsWhereThePaperHasIt()
     QCOMPARE(textStarting(page, u"CÓDIGO - T"_s).font, (printer::Font{u"Courier New"_s, 10, true, true}));
     QCOMPARE(textStarting(page, u"0001     P"_s).font, (printer::Font{u"Courier New"_s, 10}));
 
-    const std::vector<printer::TextMark> marks = texts(page);
+    const std::vector<printer::TextMark> marks = textsOf(page);
     const printer::TextMark &rule = marks.at(marks.size() - 2);
     QVERIFY(isRule(rule));
     QCOMPARE(rule.text.size(), 96);
@@ -503,7 +476,7 @@ void tst_Layouts::theFirstLayoutHasNoFrame()
     workshop.sheets.FontBold = true;
     workshop.sheets.FontUnderline = true;
     workshop.print(1, order(workshop.customer, 1));
-    for (const printer::TextMark &mark : texts(workshop.sheets.document.front())) {
+    for (const printer::TextMark &mark : textsOf(workshop.sheets.document.front())) {
         const bool title = mark.text.contains(u"ORDEM DE SERVIÇO"_s);
         QCOMPARE(mark.font, (printer::Font{u"Courier New"_s, title ? 12.0 : 10.0, title}));
     }
@@ -555,7 +528,7 @@ void tst_Layouts::theSecondLayoutHolds45RowsASheet()
     workshop.print(2, order(workshop.customer, rows));
     QList<int> found;
     for (const printer::Page &page : workshop.sheets.document) {
-        const auto marks = texts(page);
+        const auto marks = textsOf(page);
         found << static_cast<int>(std::count_if(marks.begin(), marks.end(), isRow));
         QCOMPARE(count(page.lines(), u"DATA ENTRADA........: 14/05/2024 08:15:00"_s), 1);
         QCOMPARE(count(page.lines(), u"CÓDIGO - T -"_s), 1);
@@ -572,11 +545,11 @@ void tst_Layouts::anObservationOfThreeLinesLeaves45Rows()
     OrdemMostrada shown = order(workshop.customer, 50);
     shown.observacao = u"UMA\nDUAS\nTRÊS"_s;
     workshop.print(2, shown);
-    const auto marks = texts(workshop.sheets.document.front());
+    const auto marks = textsOf(workshop.sheets.document.front());
     QCOMPARE(std::count_if(marks.begin(), marks.end(), isRow), 45);
     shown.observacao += u"\nQUATRO"_s;
     workshop.print(2, shown);
-    const auto fewer = texts(workshop.sheets.document.front());
+    const auto fewer = textsOf(workshop.sheets.document.front());
     QCOMPARE(std::count_if(fewer.begin(), fewer.end(), isRow), 44);
     checkSheet(workshop.sheets.document.front());
 }
@@ -740,7 +713,7 @@ void tst_Layouts::everySheetIsWhole()
         qsizetype found = 0;
         for (const printer::Page &page : workshop.sheets.document) {
             checkSheet(page);
-            const auto marks = texts(page);
+            const auto marks = textsOf(page);
             found += std::count_if(marks.begin(), marks.end(), isRow);
         }
         QCOMPARE(found, layout == 3 ? rows + 2 : rows);
