@@ -13,6 +13,7 @@
 #include "core/limites.h"
 #include "core/modos.h"
 #include "core/modulo.h"
+#include "documents/parcelas.h"
 #include "platform/printer/printer.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/boxes.h"
@@ -35,6 +36,7 @@ namespace workorders
 
 using namespace runtime;
 using namespace core;
+using namespace documents;
 using namespace Qt::StringLiterals;
 
 namespace

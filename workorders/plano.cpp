@@ -1,6 +1,7 @@
 #include "workorders/plano.h"
 
 #include "core/funcoes.h"
+#include "documents/parcelas.h"
 #include "platform/runtime/runtime.h"
 
 namespace workorders
@@ -8,32 +9,11 @@ namespace workorders
 
 using namespace runtime;
 using namespace core;
+using namespace documents;
 using namespace Qt::StringLiterals;
 
 namespace
 {
-
-bool semJuros(const QString &juros)
-{
-    return juros.isEmpty() || juros == u"0";
-}
-
-/// The value with interest for every instalment after the first. The product is taken in double precision and the sum
-/// rounded to single: another order of rounding would move cents.
-float totalComJuros(const QString &valor, int parcelas, const QString &juros)
-{
-    const float taxa = static_cast<float>(parcelas - 1) * CSng(juros);
-    return CSng(double{CSng(valor)} + CDbl(valor) * double{taxa});
-}
-
-float valorDaParcela(const QString &valor, int parcelas, const QString &juros, bool semJurosEmUma)
-{
-    if (parcelas == 1 && semJurosEmUma) {
-        return CSng(valor);
-    }
-    const float total = semJuros(juros) ? CSng(valor) : totalComJuros(valor, parcelas, juros);
-    return total / static_cast<float>(parcelas);
-}
 
 Date primeiroVencimento(int parcelas, Date hoje)
 {
@@ -45,7 +25,8 @@ Date primeiroVencimento(int parcelas, Date hoje)
 std::vector<ParcelaOS> PlanoParcelas(const QString &valor, int parcelas, const QString &juros, bool semJurosEmUma,
                                      Date hoje)
 {
-    const QString parcela = Format(valorDaParcela(valor, parcelas, juros, semJurosEmUma), mascaraValor);
+    const bool semJuros = parcelas == 1 && semJurosEmUma;
+    const QString parcela = Format(ValorDaParcela(valor, parcelas, semJuros ? QString() : juros), mascaraValor);
     Date vencimento = primeiroVencimento(parcelas, hoje);
     std::vector<ParcelaOS> plano;
     plano.reserve(static_cast<std::size_t>(parcelas));
@@ -54,11 +35,6 @@ std::vector<ParcelaOS> PlanoParcelas(const QString &valor, int parcelas, const Q
         vencimento = DateAdd(u"m", 1, vencimento);
     }
     return plano;
-}
-
-float DescontoMaximo(const QString &total, const QString &desconto)
-{
-    return CSng(total) * CSng(desconto);
 }
 
 } // namespace workorders

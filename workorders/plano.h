@@ -13,7 +13,4 @@ namespace workorders
 std::vector<ParcelaOS> PlanoParcelas(const QString &valor, int parcelas, const QString &juros, bool semJurosEmUma,
                                      runtime::Date hoje);
 
-/// The highest discount in reais: the total's share by the setting `Desconto`, in single precision.
-float DescontoMaximo(const QString &total, const QString &desconto);
-
 } // namespace workorders

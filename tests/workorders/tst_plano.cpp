@@ -1,5 +1,7 @@
 #include "workorders/plano.h"
 
+#include "documents/parcelas.h"
+
 #include "platform/runtime/runtime.h"
 
 #include <QTest>
@@ -7,6 +9,7 @@
 #include <bit>
 
 using namespace Qt::StringLiterals;
+using namespace documents;
 using namespace workorders;
 
 namespace
