@@ -14,8 +14,8 @@ class ListView;
 namespace core
 {
 
-/// What a routine that shows a list is asked for, by the numbers that the whole system uses.
-enum class Acao { Preenche = 1, Imprime = 4, PreVisualiza = 5 };
+/// Where the pages go, by the numbers that the whole system uses.
+enum class Acao { Imprime = 4, PreVisualiza = 5 };
 
 enum class Lado { Esquerda, Direita };
 
