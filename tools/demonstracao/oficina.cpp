@@ -2,7 +2,7 @@
 #include "core/modulo.h"
 #include "platform/dao/database.h"
 #include "platform/ui/form.h"
-#include "platform/ui/listmodel.h"
+#include "platform/ui/textorder.h"
 #include "support/program.h"
 #include "tools/amostra/amostra.h"
 #include "tools/demonstracao/apoio.h"
