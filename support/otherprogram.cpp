@@ -11,6 +11,24 @@ using namespace Qt::StringLiterals;
 namespace support
 {
 
+namespace
+{
+
+const char *statementOf(Lock lock)
+{
+    switch (lock) {
+    case Lock::Reserve:
+        return "BEGIN IMMEDIATE";
+    case Lock::Read:
+        return "BEGIN; SELECT 1 FROM sqlite_schema";
+    case Lock::Take:
+        break;
+    }
+    return "BEGIN EXCLUSIVE";
+}
+
+} // namespace
+
 void OtherProgram::Closer::operator()(sqlite3 *handle) const
 {
     sqlite3_close(handle);
@@ -32,19 +50,9 @@ bool OtherProgram::run(const char *sql)
     return sqlite3_exec(handle_.get(), sql, nullptr, nullptr, nullptr) == SQLITE_OK;
 }
 
-bool OtherProgram::take()
+bool OtherProgram::hold(Lock lock)
 {
-    return run("BEGIN EXCLUSIVE");
-}
-
-bool OtherProgram::reserve()
-{
-    return run("BEGIN IMMEDIATE");
-}
-
-bool OtherProgram::read()
-{
-    return run("BEGIN; SELECT 1 FROM sqlite_schema");
+    return run(statementOf(lock));
 }
 
 int OtherProgram::count(const char *select)
@@ -61,6 +69,20 @@ int OtherProgram::count(const char *select)
 void OtherProgram::giveBack()
 {
     run("ROLLBACK");
+}
+
+Holder::Holder(const QString &path, Lock lock, std::chrono::milliseconds time)
+{
+    process_.start(QStringLiteral(TARVELO_HOLDER),
+                   {path, QLatin1StringView(statementOf(lock)), QString::number(time.count())});
+    if (!process_.waitForReadyRead(-1) || process_.readLine().trimmed() != "held") {
+        qFatal("%s is locked already", qPrintable(path));
+    }
+}
+
+Holder::~Holder()
+{
+    process_.waitForFinished(-1);
 }
 
 quint32 writesOf(const QString &path)

@@ -28,10 +28,10 @@ constexpr auto longType = FieldType::Long;
 constexpr auto doubleType = FieldType::Double;
 constexpr auto boolType = FieldType::Boolean;
 
-/// What a function raised inside the engine, which only passes codes on. One thread runs the statements.
+/// What a function raised inside the engine, which only passes codes on.
 std::exception_ptr &pendingError()
 {
-    thread_local std::exception_ptr error;
+    static std::exception_ptr error;
     return error;
 }
 

@@ -394,17 +394,15 @@ void TestUnidades::anErrorIsToldAndNotTheRefusalBehindIt()
 
 void TestUnidades::aLongWaitForAnotherProgramShowsThePointer()
 {
-    dao::DBEngine::SetLockWait(std::chrono::milliseconds(700));
-    OtherProgram other(core::DBDados->path());
+    dao::DBEngine::SetLockWait(std::chrono::seconds(30));
     std::optional<Qt::CursorShape> shown;
     // The program itself is the one that waits: a thread looks over its shoulder.
-    QVERIFY(other.reserve());
+    const support::Holder other(core::DBDados->path(), support::Lock::Reserve, std::chrono::seconds(2));
     std::unique_ptr<QThread> watcher(QThread::create([&] {
         QThread::msleep(500);
         if (const auto *cursor = QGuiApplication::overrideCursor()) {
             shown = cursor->shape();
         }
-        other.giveBack();
     }));
     onClick = [&] {
         watcher->start();

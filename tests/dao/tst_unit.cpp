@@ -9,43 +9,17 @@
 #include <QFile>
 #include <QTest>
 
-#include <thread>
-
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using golden::errorOf;
+using support::Holder;
+using support::Lock;
 using support::OtherProgram;
 
 namespace
 {
 
 constexpr std::chrono::milliseconds shortLimit = 400ms;
-
-/// How another program locks the file.
-using Lock = bool (OtherProgram::*)();
-
-/// Another program that holds a lock for a time, and ends it on its own.
-class Holder
-{
-public:
-    Holder(const QString &path, Lock lock, std::chrono::milliseconds time) : other_(path)
-    {
-        if (!(other_.*lock)()) {
-            qFatal("the file is locked already");
-        }
-        thread_ = std::thread([this, time] {
-            std::this_thread::sleep_for(time);
-            other_.giveBack();
-        });
-    }
-    ~Holder() { thread_.join(); }
-    Holder(const Holder &) = delete;
-    Holder &operator=(const Holder &) = delete;
-
-private:
-    OtherProgram other_;
-    std::thread thread_;
-};
 
 class tst_unit : public QObject
 {
@@ -308,13 +282,13 @@ void tst_unit::aWriteWaitsForALock_data()
     QTest::addColumn<int>("milliseconds");
     QTest::addColumn<bool>("reading");
     for (const int time : {500, 2000}) {
-        QTest::addRow("another's write, %d ms", time) << &OtherProgram::reserve << time << false;
-        QTest::addRow("another's write, %d ms, a set open here", time) << &OtherProgram::reserve << time << true;
-        QTest::addRow("another's reading, %d ms", time) << &OtherProgram::read << time << false;
-        QTest::addRow("another's reading, %d ms, a set open here", time) << &OtherProgram::read << time << true;
-        QTest::addRow("the whole file, %d ms", time) << &OtherProgram::take << time << false;
+        QTest::addRow("another's write, %d ms", time) << Lock::Reserve << time << false;
+        QTest::addRow("another's write, %d ms, a set open here", time) << Lock::Reserve << time << true;
+        QTest::addRow("another's reading, %d ms", time) << Lock::Read << time << false;
+        QTest::addRow("another's reading, %d ms, a set open here", time) << Lock::Read << time << true;
+        QTest::addRow("the whole file, %d ms", time) << Lock::Take << time << false;
     }
-    QTest::newRow("a slow copy, a minute") << &OtherProgram::read << 60'000 << true;
+    QTest::newRow("a slow copy, a minute") << Lock::Read << 60'000 << true;
 }
 
 void tst_unit::aWriteWaitsForALock()
@@ -329,9 +303,9 @@ void tst_unit::aWriteWaitsForALock()
         set = database_->OpenRecordset(u"Caixa"_s);
     }
     QElapsedTimer timer;
-    timer.start();
     {
         const Holder holder(path(), lock, std::chrono::milliseconds(milliseconds));
+        timer.start();
         database_->Execute(u"UPDATE Caixa SET Saldo = 9 WHERE Codigo = 1"_s);
     }
     QVERIFY2(timer.elapsed() < milliseconds + 1000, qPrintable(QString::number(timer.elapsed())));
@@ -346,16 +320,16 @@ void tst_unit::aWriteWaitsForALock()
 void tst_unit::aReadWaitsForALock()
 {
     add(u"UM"_s);
-    const Holder holder(path(), &OtherProgram::take, 500ms);
+    const Holder holder(path(), Lock::Take, 500ms);
     QCOMPARE(golden::rows(*database_, u"SELECT Codigo FROM Caixa"_s), QStringList{u"1"_s});
 }
 
 void tst_unit::aLockThatOutlastsTheLimitIsAnError_data()
 {
     QTest::addColumn<Lock>("lock");
-    QTest::newRow("another's write") << &OtherProgram::reserve;
-    QTest::newRow("another's reading") << &OtherProgram::read;
-    QTest::newRow("the whole file") << &OtherProgram::take;
+    QTest::newRow("another's write") << Lock::Reserve;
+    QTest::newRow("another's reading") << Lock::Read;
+    QTest::newRow("the whole file") << Lock::Take;
 }
 
 void tst_unit::aLockThatOutlastsTheLimitIsAnError()
@@ -363,7 +337,7 @@ void tst_unit::aLockThatOutlastsTheLimitIsAnError()
     QFETCH(const Lock, lock);
     dao::DBEngine::SetLockWait(shortLimit);
     OtherProgram other(path());
-    QVERIFY((other.*lock)());
+    QVERIFY(other.hold(lock));
     QElapsedTimer timer;
     timer.start();
     QCOMPARE(errorOf([&] { database_->Execute(u"INSERT INTO Caixa (Descricao) VALUES ('UM')"_s); }), 3051);
@@ -421,12 +395,12 @@ void tst_unit::aWaitThatCanBeFeltIsTold()
     dao::DBEngine::SetWaitNotice([&](bool waiting) { told.append(waiting); });
     add(u"UM"_s);
     {
-        const Holder holder(path(), &OtherProgram::reserve, 20ms);
+        const Holder holder(path(), Lock::Reserve, 20ms);
         add(u"DOIS"_s);
     }
     QCOMPARE(told, QList<bool>());
     {
-        const Holder holder(path(), &OtherProgram::reserve, 900ms);
+        const Holder holder(path(), Lock::Reserve, 900ms);
         add(u"TRÊS"_s);
         QCOMPARE(told, (QList<bool>{true, false}));
     }
