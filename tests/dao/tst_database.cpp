@@ -44,6 +44,9 @@ private slots:
     void tablesAndFieldsReadBackAsDefined();
     void tablesStandInTheirOrderOfCreation();
     void aTableThatExistsIsRefused();
+    void equalRowsKeptInOrderComeAsTheyArrived();
+    void aFieldOfAKeptOrderMayGo();
+    void whatIsMissingIsNotKeptInOrder();
     void fieldsAreAddedAtTheEnd();
     void typeWordsOfAlterMeanTheirTypes_data();
     void typeWordsOfAlterMeanTheirTypes();
@@ -153,6 +156,43 @@ void tst_database::aTableThatExistsIsRefused()
 {
     database_->AppendTableDef(sampleTable());
     QCOMPARE(errorOf([&] { database_->AppendTableDef(sampleTable()); }), 3010);
+}
+
+/// The counter of a row need not tell when it came.
+void tst_database::equalRowsKeptInOrderComeAsTheyArrived()
+{
+    database_->Execute(u"CREATE TABLE Nomes (Codigo COUNTER, Nome TEXT(20), Data DATE)"_s);
+    for (const auto *values : {u"9, 'ana'", u"3, 'BIA'", u"7, 'ANA'", u"1, 'Ana '", u"5, 'Ána'"}) {
+        database_->Execute(u"INSERT INTO Nomes (Codigo, Nome) VALUES (%1)"_s.arg(QStringView(values)));
+    }
+    const auto names = u"SELECT Codigo FROM Nomes ORDER BY Nome"_s;
+    const QStringList expected{u"9"_s, u"7"_s, u"1"_s, u"5"_s, u"3"_s};
+    QCOMPARE(golden::rows(*database_, names), expected);
+    QVERIFY(database_->KeepInOrder(u"nomes"_s, {u"Nome"_s}));
+    QCOMPARE(golden::rows(*database_, names), expected);
+    QVERIFY(database_->KeepInOrder(u"Nomes"_s, {u"Nome"_s}));
+    QCOMPARE(golden::rows(*database_, u"SELECT Codigo FROM Nomes ORDER BY Nome DESC"_s),
+             (QStringList{u"3"_s, u"5"_s, u"9"_s, u"7"_s, u"1"_s}));
+    QCOMPARE(database_->CheckIntegrity(), u"ok"_s);
+}
+
+void tst_database::aFieldOfAKeptOrderMayGo()
+{
+    database_->Execute(u"CREATE TABLE Nomes (Codigo COUNTER, Nome TEXT(20), Data DATE)"_s);
+    QVERIFY(database_->KeepInOrder(u"Nomes"_s, {u"Data"_s, u"Codigo"_s}));
+    QVERIFY(database_->KeepInOrder(u"Nomes"_s, {u"Nome"_s}));
+    database_->Execute(u"ALTER TABLE Nomes DROP COLUMN Data"_s);
+    database_->Execute(u"INSERT INTO Nomes (Nome) VALUES ('ANA')"_s);
+    QCOMPARE(golden::rows(*database_, u"SELECT * FROM Nomes ORDER BY Nome"_s), QStringList{u"1 | ANA"_s});
+    database_->Execute(u"ALTER TABLE Nomes DROP COLUMN Nome"_s);
+    QVERIFY(!database_->KeepInOrder(u"Nomes"_s, {u"Nome"_s}));
+}
+
+void tst_database::whatIsMissingIsNotKeptInOrder()
+{
+    QVERIFY(!database_->KeepInOrder(u"Nomes"_s, {u"Nome"_s}));
+    database_->Execute(u"CREATE TABLE Nomes (Codigo COUNTER)"_s);
+    QVERIFY(!database_->KeepInOrder(u"Nomes"_s, {u"Codigo"_s, u"Nome"_s}));
 }
 
 void tst_database::fieldsAreAddedAtTheEnd()

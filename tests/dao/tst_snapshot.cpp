@@ -39,12 +39,16 @@ private slots:
     void aRowThatAnotherProgramChangesShowsTheChange();
     void nothingIsLockedBetweenTwoReads();
     void readingAllIsOneLook();
+    void columnsAreReadWheneverTheyAreAskedFor();
+    void longListsAreReadWhole_data();
+    void longListsAreReadWhole();
     void anExceptionFromTheVisitorLeavesNothingLocked();
     void aClosedFileHasNoRows();
     void aListOutlivesItsDatabase();
     void manyRowsOfALongListAreChangedQuickly();
 
 private:
+    void addOrders(int count);
     dao::Snapshot open(const QString &statement) { return dao::Snapshot(database_->OpenRecordset(statement)); }
 
     std::unique_ptr<QTemporaryDir> folder_;
@@ -291,6 +295,63 @@ void tst_snapshot::readingAllIsOneLook()
     int refused = 0;
     list.readAll([&](int, const dao::Recordset &) { refused += other.take() ? 0 : 1; });
     QCOMPARE(refused, 4);
+}
+
+void tst_snapshot::addOrders(int count)
+{
+    const dao::Unit unit;
+    auto set = database_->OpenRecordset(u"Ordens"_s);
+    for (int i = 0; i < count; ++i) {
+        set.AddNew();
+        set[u"Cliente"] = 1 + i % 5;
+        set[u"Valor"] = static_cast<float>(i % 7);
+        set.Update();
+    }
+}
+
+void tst_snapshot::columnsAreReadWheneverTheyAreAskedFor()
+{
+    addOrders(1'000);
+    auto list = open(allOrders);
+    const QStringList expected = rowsOf(list);
+    QStringList found(list.count(), QString());
+    int met = 0;
+    list.readAll([&](int row, const dao::Recordset &set) {
+        ++met;
+        found[row] = met < 400 ? golden::shown(set.value(u"Valor")) : shownRow(set);
+    });
+    QCOMPARE(met, list.count());
+    for (int row = 0; row < list.count(); ++row) {
+        QVERIFY2(expected[row] == found[row] || expected[row].endsWith(u" | "_s + found[row]), qPrintable(found[row]));
+    }
+}
+
+void tst_snapshot::longListsAreReadWhole_data()
+{
+    QTest::addColumn<QString>("list");
+    for (const QString &list : {allOrders, joined, u"SELECT * FROM Ordens WHERE Valor > 2 ORDER BY Valor DESC"_s,
+                                u"SELECT Valor * 2 AS Dobro, Codigo FROM Ordens WHERE Cliente = 3"_s,
+                                u"SELECT * FROM Ordens WHERE Codigo > 900"_s}) {
+        QTest::newRow(qPrintable(list)) << list;
+    }
+}
+
+void tst_snapshot::longListsAreReadWhole()
+{
+    QFETCH(const QString, list);
+    addOrders(5'000);
+    auto rows = open(list);
+    QStringList before = golden::rows(*database_, list);
+    QVERIFY(before.size() > 100);
+    QCOMPARE(allRowsOf(rows), before);
+    database_->Execute(u"UPDATE Ordens SET Valor = 0, Cliente = 2 WHERE Codigo > 2000 AND Codigo < 2100"_s);
+    database_->Execute(u"DELETE * FROM Ordens WHERE Codigo > 3000 AND Codigo < 3100"_s);
+    QCOMPARE(allRowsOf(rows), before);
+    const auto second = dao::DBEngine::OpenDatabase(database_->path());
+    second->Execute(u"UPDATE Ordens SET Valor = 77, Cliente = 3 WHERE Codigo > 4000"_s);
+    second->Execute(u"DELETE * FROM Ordens WHERE Codigo > 4500 AND Codigo < 4600"_s);
+    QCOMPARE(allRowsOf(rows), rowsOf(rows));
+    QVERIFY(allRowsOf(rows) != before);
 }
 
 void tst_snapshot::anExceptionFromTheVisitorLeavesNothingLocked()
