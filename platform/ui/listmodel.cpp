@@ -20,9 +20,6 @@ namespace ui
 namespace
 {
 
-/// Below this many characters of replaced texts the store is left as it is.
-constexpr qsizetype leastDead = 100000;
-
 /// What a row that is gone shows in place of its texts.
 const auto gone = u"#Excluído"_s;
 
@@ -97,48 +94,18 @@ void ListModel::setCheckBoxes(bool on)
     }
 }
 
-ListModel::Piece ListModel::store(const QString &text)
-{
-    const Piece piece{quint32(texts_.size()), quint32(text.size())};
-    texts_.append(text);
-    return piece;
-}
-
-QStringView ListModel::view(Piece piece) const
-{
-    return piece.length == 0 ? QStringView() : QStringView(texts_).sliced(piece.start, piece.length);
-}
-
 void ListModel::put(Piece &piece, const QString &text)
 {
-    dead_ += piece.length;
-    piece = store(text);
-    if (dead_ > leastDead && dead_ > texts_.size() / 2) {
-        compact();
+    texts_.replace(piece, text);
+    if (texts_.isWasteful()) {
+        texts_.compact({&cells_, &tags_, &keys_});
     }
-}
-
-/// Copies what is still shown into a store of its own.
-void ListModel::compact()
-{
-    const auto old = std::exchange(texts_, QString());
-    texts_.reserve(old.size() - dead_);
-    for (auto *pieces : {&cells_, &tags_, &keys_}) {
-        for (auto &piece : *pieces) {
-            if (piece.length > 0) {
-                const auto text = QStringView(old).sliced(piece.start, piece.length);
-                piece.start = quint32(texts_.size());
-                texts_.append(text);
-            }
-        }
-    }
-    dead_ = 0;
 }
 
 qsizetype ListModel::bytesHeld() const
 {
     const auto pieces = cells_.capacity() + tags_.capacity() + keys_.capacity();
-    return texts_.capacity() * qsizetype(sizeof(QChar)) + qsizetype(pieces * sizeof(Piece)) +
+    return texts_.bytes() + qsizetype(pieces * sizeof(Piece)) +
            qsizetype(order_.capacity() * sizeof(quint32) + marks_.capacity() + checks_.capacity() / CHAR_BIT);
 }
 
@@ -149,7 +116,7 @@ void ListModel::widen(int columns)
         return;
     }
     const auto rows = stored_ - sourceRows_;
-    std::vector<Piece> wider(size_t(rows) * columns);
+    TextStore::Pieces wider(size_t(rows) * columns);
     for (quint32 row = 0; row < rows; ++row) {
         std::copy_n(cells_.begin() + qsizetype(row) * stride_, stride_, wider.begin() + qsizetype(row) * columns);
     }
@@ -173,9 +140,9 @@ int ListModel::addRow(const QString &text, const QStringList &subItems)
     const auto first = cells_.size();
     cells_.resize(first + stride_);
     auto *cell = &cells_[first];
-    *cell = store(text);
+    *cell = texts_.add(text);
     for (const auto &subItem : subItems) {
-        *++cell = store(subItem);
+        *++cell = texts_.add(subItem);
     }
     order_.push_back(stored_);
     ++stored_;
@@ -214,14 +181,13 @@ void ListModel::dropAll()
     sourceRows_ = 0;
     read_.clear();
     changed_ = {};
-    texts_ = QString();
+    texts_ = {};
     cells_ = {};
     order_ = {};
     tags_ = {};
     keys_ = {};
     marks_ = {};
     checks_ = {};
-    dead_ = 0;
     stride_ = std::max(1, int(columns_.size()));
     stored_ = 0;
     announced_ = 0;
@@ -229,7 +195,7 @@ void ListModel::dropAll()
 
 QStringView ListModel::cell(quint32 place, int column) const
 {
-    return column < stride_ ? view(cells_[size_t(place - sourceRows_) * stride_ + column]) : QStringView();
+    return column < stride_ ? texts_.at(cells_[size_t(place - sourceRows_) * stride_ + column]) : QStringView();
 }
 
 /// A row of the source; the next one that is read may take its room.
@@ -289,13 +255,13 @@ void ListModel::showChange(int row, int column)
     }
 }
 
-std::optional<QString> ListModel::stringAt(const std::vector<Piece> &pieces, int row) const
+std::optional<QString> ListModel::stringAt(const TextStore::Pieces &pieces, int row) const
 {
     const auto place = order_[row];
-    if (place >= pieces.size() || pieces[place].start == notSet) {
+    if (place >= pieces.size() || pieces[place].start == Piece::notSet) {
         return std::nullopt;
     }
-    return view(pieces[place]).toString();
+    return texts_.at(pieces[place]).toString();
 }
 
 QString ListModel::tag(int row) const
@@ -307,7 +273,7 @@ QString ListModel::tag(int row) const
     return isRead(place) && read(place) ? read(place)->tag : QString();
 }
 
-void ListModel::setStringAt(std::vector<Piece> &pieces, int row, const QString &text)
+void ListModel::setStringAt(TextStore::Pieces &pieces, int row, const QString &text)
 {
     const auto place = order_[row];
     if (place >= pieces.size()) {
@@ -351,52 +317,53 @@ void ListModel::setChecked(int row, bool on)
     showChange(row, 0);
 }
 
-/// One column of the source's rows, as pieces of `texts`.
-std::vector<ListModel::Piece> ListModel::readColumn(int column, QString &texts) const
+/// One column of the source's rows.
+TextStore::Pieces ListModel::readColumn(int column, TextStore &read) const
 {
-    const auto append = [&texts](QStringView text) {
-        const Piece piece{quint32(texts.size()), quint32(text.size())};
-        texts.append(text);
-        return piece;
-    };
-    std::vector<Piece> pieces(sourceRows_, append(gone));
+    TextStore::Pieces pieces(sourceRows_, read.add(gone));
     if (source_) {
-        source_->column(column, [&](int row, const QString &text) { pieces[row] = append(text); });
+        source_->column(column, [&](int row, const QString &text) { pieces[row] = read.add(text); });
     }
     for (auto changed = changed_.cbegin(); changed != changed_.cend(); ++changed) {
         if (changed.key().second == column) {
-            pieces[changed.key().first] = append(*changed);
+            pieces[changed.key().first] = read.add(*changed);
         }
     }
     return pieces;
 }
 
+/// The texts of a column, a row each; those of the source stand in `read`.
+std::vector<QStringView> ListModel::textsOf(int column, TextStore &read) const
+{
+    const auto pieces = readColumn(column, read);
+    std::vector<QStringView> texts;
+    texts.reserve(order_.size());
+    for (const auto place : order_) {
+        texts.push_back(isRead(place) ? read.at(pieces[place]) : cell(place, column));
+    }
+    return texts;
+}
+
 std::vector<int> ListModel::rowsWhere(int column, const std::function<bool(const QString &)> &accepts) const
 {
-    QString texts;
-    const auto pieces = readColumn(column, texts);
+    TextStore read;
     std::vector<int> rows;
-    for (int row = 0; row < count(); ++row) {
-        const auto place = order_[row];
-        const auto text =
-            isRead(place) ? QStringView(texts).sliced(pieces[place].start, pieces[place].length) : cell(place, column);
+    for (int row = 0; const auto text : textsOf(column, read)) {
         if (accepts(text.toString())) {
             rows.push_back(row);
         }
+        ++row;
     }
     return rows;
 }
 
 std::vector<quint32> ListModel::sortedOrder(int column, Qt::SortOrder order) const
 {
-    QString texts;
-    const auto pieces = readColumn(column, texts);
+    TextStore read;
     std::vector<SortRow> rows;
     rows.reserve(order_.size());
-    for (const auto place : order_) {
-        const auto text =
-            isRead(place) ? QStringView(texts).sliced(pieces[place].start, pieces[place].length) : cell(place, column);
-        rows.push_back({textPrefix(text), text, place});
+    for (auto place = order_.cbegin(); const auto text : textsOf(column, read)) {
+        rows.push_back({textPrefix(text), text, *place++});
     }
     const bool up = order == Qt::AscendingOrder;
     std::stable_sort(rows.begin(), rows.end(),

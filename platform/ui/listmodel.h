@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/ui/rowsource.h"
+#include "platform/ui/textstore.h"
 
 #include <QAbstractTableModel>
 #include <QCache>
@@ -89,33 +90,26 @@ private:
         QString title;
         Qt::Alignment alignment;
     };
-    /// A piece of the text store.
-    struct Piece {
-        quint32 start = notSet;
-        quint32 length = 0;
-    };
-    static constexpr quint32 notSet = ~quint32(0);
+    using Piece = TextStore::Piece;
     static constexpr quint8 noMark = 0xFF;
     using Read = std::optional<SourceRow>;
     static constexpr int keptRows = 256; ///< a page, and more
 
-    Piece store(const QString &text);
-    QStringView view(Piece piece) const;
     Piece &cell(quint32 place, int column) { return cells_[size_t(place - sourceRows_) * stride_ + column]; }
     QStringView cell(quint32 place, int column) const;
     bool isRead(quint32 place) const { return place < sourceRows_; }
     const Read &read(quint32 place) const;
     QString readText(quint32 place, int column) const;
     QVariant shown(int row, int column, int role) const;
-    std::vector<Piece> readColumn(int column, QString &texts) const;
+    TextStore::Pieces readColumn(int column, TextStore &read) const;
+    std::vector<QStringView> textsOf(int column, TextStore &read) const;
     void put(Piece &piece, const QString &text);
-    void compact();
     void widen(int columns);
     void dropAll();
     QVariant mark(int row) const;
     void showChange(int row, int column);
-    std::optional<QString> stringAt(const std::vector<Piece> &pieces, int row) const;
-    void setStringAt(std::vector<Piece> &pieces, int row, const QString &text);
+    std::optional<QString> stringAt(const TextStore::Pieces &pieces, int row) const;
+    void setStringAt(TextStore::Pieces &pieces, int row, const QString &text);
     std::vector<quint32> sortedOrder(int column, Qt::SortOrder order) const;
     void applyOrder(std::vector<quint32> order);
 
@@ -124,15 +118,14 @@ private:
     std::unique_ptr<RowSource> source_;
     mutable QCache<quint32, Read> read_{keptRows};    // the rows of the source that were read last
     QHash<std::pair<quint32, int>, QString> changed_; // by stored row and column: texts set over those of the source
-    QString texts_;                                   // every text of the list, one behind the other
-    std::vector<Piece> cells_;                        // by stored row, behind those of the source, and column
+    TextStore texts_;                                 // of the rows added by hand, and the tags and keys of all
+    TextStore::Pieces cells_;                         // by stored row, behind those of the source, and column
     std::vector<quint32> order_;                      // the stored row behind each shown one
-    std::vector<Piece> tags_;                         // by stored row, as far as any row has one; so the next three
-    std::vector<Piece> keys_;
+    TextStore::Pieces tags_;                          // by stored row, as far as any row has one; so the next three
+    TextStore::Pieces keys_;
     std::vector<quint8> marks_;
     std::vector<bool> checks_;
-    qsizetype dead_ = 0; // characters of the store that no cell shows any more
-    int stride_ = 1;     // cells of a stored row
+    int stride_ = 1; // cells of a stored row
     quint32 sourceRows_ = 0;
     quint32 stored_ = 0; // rows stored, those of the source and removed ones included
     int announced_ = 0;  // rows that the view knows of
