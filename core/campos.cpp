@@ -108,6 +108,9 @@ void Campos::liga()
         if (campo(i).mascara == TipoMascara::Data) {
             janela_.tidyPaste(alvo, DataColada);
         }
+        if (campo(i).data) {
+            LigaData(janela_, qobject_cast<QLineEdit *>(alvo), *campo(i).data);
+        }
         if (campo(i).lista) {
             ligaLista(i);
         }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/caixadata.h"
 #include "core/combos.h"
 #include "core/conversoes.h"
 #include "core/janelas.h"
@@ -38,6 +39,7 @@ struct Campo {
     Converte grava = nullptr;                ///< nullptr: never written
     QChar (*tecla)(QChar) = nullptr;         ///< what may be typed
     std::optional<TipoMascara> mascara = {}; ///< money on leaving, the others on each change
+    std::optional<RegrasDaData> data = {};   ///< of a date box
     std::optional<ListaCombo> lista = {};    ///< completed from that list, which btnXAdd and btnXRemove of a cboX keep
     bool aceitaMaior = false;                ///< a check of the window speaks of longer texts than the column's
 };

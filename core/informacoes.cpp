@@ -2,10 +2,12 @@
 
 #include "core/banco.h"
 #include "core/funcoes.h"
+#include "core/modos.h"
 #include "core/modulo.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/boxes.h"
+#include "platform/ui/forms.h"
 
 #include <array>
 #include <initializer_list>
@@ -159,6 +161,16 @@ void MostraInformacoes(TipoInformacao tipo, const QString &codigo)
     Texto texto(linha);
     registro.escreve(texto, linha);
     ui::MsgBox(texto.texto(), ui::Icon::Information, NomeEmpresa);
+}
+
+void MostraOrdem(const QString &codigo)
+{
+    if (!runtime::IsNumeric(codigo)) {
+        return;
+    }
+    ModoChamada = modoUmaOS;
+    CodigoConsulta = runtime::CLng(codigo);
+    ui::Forms::instance().ShowAfresh(u"frmOSConsulta"_s);
 }
 
 } // namespace core

@@ -30,6 +30,11 @@ QString comoValor(const dao::Recordset &linha, int lugar)
     return runtime::Format(linha.value(lugar), mascaraValor);
 }
 
+QString comoValorOuBranco(const dao::Recordset &linha, int lugar)
+{
+    return runtime::IsNull(linha.value(lugar)) ? u" "_s : comoValor(linha, lugar);
+}
+
 QString comoSimNao(const dao::Recordset &linha, int lugar)
 {
     return Verdadeiro(linha.value(lugar)) ? u"Sim"_s : u"Não"_s;

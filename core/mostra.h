@@ -14,10 +14,11 @@ namespace core
 /// What a column of the current row shows as, by its place in the row.
 using Mostra = QString (*)(const dao::Recordset &linha, int lugar);
 
-QString comoEsta(const dao::Recordset &linha, int lugar);   ///< as stored, "" for Null
-QString comoCodigo(const dao::Recordset &linha, int lugar); ///< "0000"
-QString comoData(const dao::Recordset &linha, int lugar);   ///< "dd/mm/yyyy"
-QString comoValor(const dao::Recordset &linha, int lugar);  ///< "###,##0.00"
-QString comoSimNao(const dao::Recordset &linha, int lugar); ///< "Sim" or "Não"
+QString comoEsta(const dao::Recordset &linha, int lugar);          ///< as stored, "" for Null
+QString comoCodigo(const dao::Recordset &linha, int lugar);        ///< "0000"
+QString comoData(const dao::Recordset &linha, int lugar);          ///< "dd/mm/yyyy"
+QString comoValor(const dao::Recordset &linha, int lugar);         ///< "###,##0.00"
+QString comoValorOuBranco(const dao::Recordset &linha, int lugar); ///< the same, one blank for Null
+QString comoSimNao(const dao::Recordset &linha, int lugar);        ///< "Sim" or "Não"
 
 } // namespace core

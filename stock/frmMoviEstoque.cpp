@@ -4,14 +4,14 @@
 
 #include "core/banco.h"
 #include "core/caixacodigo.h"
-#include "core/caixadata.h"
 #include "core/devolucao.h"
 #include "core/funcoes.h"
+#include "core/informacoes.h"
 #include "core/janelas.h"
-#include "core/limites.h"
 #include "core/lista.h"
 #include "core/modos.h"
 #include "core/modulo.h"
+#include "core/periodo.h"
 #include "core/razao.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
@@ -38,7 +38,17 @@ namespace
 constexpr int marcaVenda = 1;      ///< the small picture of a row that opens an order
 constexpr int larguraDaMarca = 20; ///< and its width in pixels
 
-constexpr std::array caixas{CaixaDeTexto{u"txtDescricao", u"Estoque", u"Descricao"}};
+constexpr std::array campos{
+    Campo{.controle = u"txtData", .coluna = u"Data", .data = RegrasDaData{.soDigitos = false}},
+    Campo{.controle = u"txtDescricao", .coluna = u"Descricao"},
+    Campo{.controle = u"txtValor", .coluna = {}},
+};
+
+constexpr std::array verificacoes{
+    Verificacao{u"txtData", dataValida, u"Data Inválida"},
+    Verificacao{u"txtDescricao", naoVazio, u"Descrição Inválida"},
+    Verificacao{u"txtValor", numerico, u"Quantidade Inválida"},
+};
 
 /// Quantities show by the unit of the part.
 constexpr std::array colunas{
@@ -69,11 +79,6 @@ QString quantidade(const Value &valor, int codigoUM)
     return IsNull(valor) ? u" "_s : FormataQuantidade(CDbl(valor), codigoUM);
 }
 
-QString textoDe(const ui::DTPicker &data)
-{
-    return data.date().toString(u"dd/MM/yyyy"_s);
-}
-
 /// A code is looked for by its number, in the notation of the statements; a text that is none can only be an external
 /// code.
 QString numeroDe(const QString &texto)
@@ -93,7 +98,8 @@ QStringView semControle(const dao::Recordset &peca)
 
 } // namespace
 
-frmMoviEstoque::frmMoviEstoque() : Form(u"frmMoviEstoque"_s), ui_(std::make_unique<Ui::frmMoviEstoque>())
+frmMoviEstoque::frmMoviEstoque()
+    : Form(u"frmMoviEstoque"_s), ui_(std::make_unique<Ui::frmMoviEstoque>()), movimento_(*this, campos, verificacoes)
 {
     ui_->setupUi(this);
     ligaEventos();
@@ -111,7 +117,7 @@ void frmMoviEstoque::ligaEventos()
 {
     connect(this, &ui::Form::unloaded, this, &frmMoviEstoque::Form_Unload);
     ligaPeca();
-    LigaData(*this, ui_->txtData, {.soDigitos = false});
+    movimento_.liga();
     onLostFocus(ui_->txtValor, &frmMoviEstoque::txtValor_LostFocus);
     onLostFocus(ui_->txtDataInicio, &frmMoviEstoque::txtDataInicio_LostFocus);
     onLostFocus(ui_->txtDataFim, &frmMoviEstoque::txtDataFim_LostFocus);
@@ -127,9 +133,8 @@ void frmMoviEstoque::Form_Load()
     ui::CentraForm(*this, false);
     setWindowTitle(captionOf(u" - [Movimentação de Estoque]"_s));
     montaLista();
-    LimitaAosCampos(*this, caixas);
-    ui_->txtDataInicio->setDate(toDateTime(DateAdd(u"m", -1, Today())).date());
-    ui_->txtDataFim->setDate(toDateTime(Today()).date());
+    movimento_.limita(u"Estoque"_s);
+    AbrePeriodo(*this, {.mesesAntes = 1});
     if (ModoChamada == modoEstoqueDeUmaPeca) {
         mostraSoAPeca();
     } else {
@@ -219,13 +224,6 @@ void frmMoviEstoque::txtValor_LostFocus()
     }
 }
 
-bool frmMoviEstoque::confere()
-{
-    return temPeca() && ValidaCampo(ui_->txtData, u"Data Inválida"_s, TipoCampo::Data) &&
-           ValidaCampo(ui_->txtDescricao, u"Descrição Inválida"_s, TipoCampo::NaoVazio) &&
-           ValidaCampo(ui_->txtValor, u"Quantidade Inválida"_s, TipoCampo::Numerico);
-}
-
 Operacao frmMoviEstoque::operacao() const
 {
     if (ui_->optEntrada->isChecked()) {
@@ -236,7 +234,7 @@ Operacao frmMoviEstoque::operacao() const
 
 void frmMoviEstoque::btnIncluir_Click()
 {
-    if (!confere() || !ui::Confirm(u"Confirma Inclusão"_s, NomeEmpresa)) {
+    if (!temPeca() || !movimento_.confere(Gravacao::Inclusao) || !ui::Confirm(u"Confirma Inclusão"_s, NomeEmpresa)) {
         return;
     }
     LancaNoRazao(razaoEstoque,
@@ -246,10 +244,8 @@ void frmMoviEstoque::btnIncluir_Click()
                   .valor = ui_->txtValor->text(),
                   .operacao = operacao()},
                  {SaldoAnterior::Busca});
-    ui_->txtData->clear();
-    ui_->txtDescricao->clear();
-    ui_->txtValor->clear();
-    ui_->txtData->setFocus();
+    movimento_.limpa();
+    movimento_.foca();
 }
 
 void frmMoviEstoque::btnExcluir_Click()
@@ -280,7 +276,7 @@ void frmMoviEstoque::btnPreenche_Click()
         return;
     }
     EncheLista(
-        *ui_->Lista, LinhasDoPeriodo(codigo, textoDe(*ui_->txtDataInicio), textoDe(*ui_->txtDataFim)), movimentos,
+        *ui_->Lista, LinhasDoPeriodo(codigo, PeriodoSQL(*this)), movimentos,
         [um = codigoUM()](const dao::Recordset &linha, int lugar) { return quantidade(linha.value(lugar), um); });
 }
 
@@ -288,13 +284,11 @@ void frmMoviEstoque::btnPreenche_Click()
 void frmMoviEstoque::Lista_DblClick(int linha)
 {
     const ui::ListItem item = ui_->Lista->item(linha);
-    if (item.smallIcon() != marcaVenda || !IsNumeric(item.tag())) {
+    if (item.smallIcon() != marcaVenda) {
         return;
     }
     const bool umaPeca = ModoChamada == modoEstoqueDeUmaPeca;
-    ModoChamada = modoUmaOS;
-    CodigoConsulta = CLng(item.tag());
-    ui::Forms::instance().ShowAfresh(u"frmOSConsulta"_s);
+    MostraOrdem(item.tag());
     if (umaPeca) {
         ModoChamada = modoEstoqueDeUmaPeca;
     }

@@ -2,6 +2,8 @@
 
 #include "platform/ui/form.h"
 
+#include "core/campos.h"
+
 #include <memory>
 
 namespace Ui
@@ -57,11 +59,11 @@ private:
     void mostraPeca(const dao::Recordset &peca);
     void esvazia();
     bool temPeca();
-    bool confere();
     int codigoUM() const;
     core::Operacao operacao() const;
 
     std::unique_ptr<Ui::frmMoviEstoque> ui_;
+    core::Campos movimento_;
     core::CaixaDeCodigo *peca_ = nullptr; ///< goes with txtCodPeca
 };
 

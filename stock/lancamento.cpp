@@ -1,7 +1,5 @@
 #include "stock/lancamento.h"
 
-#include "core/banco.h"
-#include "core/funcoes.h"
 #include "core/modulo.h"
 #include "core/razao.h"
 #include "platform/runtime/runtime.h"
@@ -25,11 +23,10 @@ bool semLinhas(const QString &codPeca)
     return DBDados->OpenRecordset(u"SELECT * FROM Estoque WHERE CodPeca = "_s + codPeca + porCodigo).Eof();
 }
 
-dao::Recordset linhasEntre(const QString &codPeca, const QString &inicio, const QString &fim)
+dao::Recordset linhasEntre(const QString &codPeca, const QString &periodo)
 {
-    constexpr int periodo = 4;
     return DBDados->OpenRecordset(u"SELECT * FROM Estoque WHERE CodPeca = "_s + codPeca + u" AND Data BetWEEN "_s +
-                                  DataSQL(inicio, periodo, fim) + porCodigo);
+                                  periodo + porCodigo);
 }
 
 } // namespace
@@ -43,12 +40,12 @@ void ExcluiUltimo(const QString &codPeca)
     }
 }
 
-dao::Recordset LinhasDoPeriodo(const QString &codPeca, const QString &inicio, const QString &fim)
+dao::Recordset LinhasDoPeriodo(const QString &codPeca, const QString &periodo)
 {
-    auto linhas = linhasEntre(codPeca, inicio, fim);
+    auto linhas = linhasEntre(codPeca, periodo);
     if (linhas.Eof() && semLinhas(codPeca)) {
         AbreEstoque(codPeca, u"INÍCIO"_s, 0.0F);
-        linhas = linhasEntre(codPeca, inicio, fim);
+        linhas = linhasEntre(codPeca, periodo);
     }
     return linhas;
 }

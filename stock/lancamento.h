@@ -12,9 +12,9 @@ namespace stock
 /// part without rows.
 void ExcluiUltimo(const QString &codPeca);
 
-/// The part's rows from one day to another ("dd/mm/yyyy"), in the order of posting. A part without any row gets its
+/// The part's rows of a period as it follows BETWEEN, in the order of posting. A part without any row gets its
 /// first one here, of 0.
-dao::Recordset LinhasDoPeriodo(const QString &codPeca, const QString &inicio, const QString &fim);
+dao::Recordset LinhasDoPeriodo(const QString &codPeca, const QString &periodo);
 
 /// The order that a sale left by, by its description: four digits; "" for any other row.
 QString OrdemDaVenda(const QString &descricao);
