@@ -75,4 +75,4 @@ instala_faltantes "${pacotes_programa[@]}"
 [ -f build/asan/build.ninja ] || cmake --preset asan
 cmake --build --preset asan
 printf '%s\0' "${fontes[@]}" | xargs -0 -n 1 -P "$(nproc)" clang-tidy -p build/asan --quiet 2>&1 |
-    sed '/^[0-9]* warnings\{0,1\} generated\.$/d' # in the headers of others
+    sed '/^[0-9]* warnings\{0,1\}.* generated\.$/d' # in the headers of others
