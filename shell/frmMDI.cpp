@@ -45,7 +45,7 @@ frmMDI::frmMDI() : ui_(std::make_unique<Ui::frmMDI>())
     setWindowIcon(qApp->windowIcon());
     montaMenus(*ui_->MenuBar);
     montaBarra(*ui_->Toolbar1, *ui_->MenuBar);
-    ui::Forms::instance().setArea(ui_->MDIArea);
+    ui::Forms::instance().setArea(ui_->MDIArea, ui_->Toolbar1);
     ui::Forms::instance().setModeSource([] { return core::ModoChamada; });
     printer::printer().written = [this](const QString &arquivo) {
         ui_->StatusBar->setMensagem(u"impresso em "_s + dentroDaPasta(arquivo));

@@ -59,11 +59,10 @@ void centreOnScreen(QWidget &window)
     window.move(room.topLeft() + QPoint(std::max(0, free.width() / 2), std::max(0, free.height() / 2)));
 }
 
-void centreInArea(QWidget &frame, const QMdiArea &area)
+void centreInArea(QWidget &frame, const QMdiArea &area, const QWidget *bar)
 {
     const auto *main = area.window();
-    const auto *toolbar = main->findChild<QWidget *>(u"Toolbar1"_s);
-    const int above = (toolbar ? toolbar->height() : 0) + marginTwips / twipsPerPixel;
+    const int above = (bar ? bar->height() : 0) + marginTwips / twipsPerPixel;
     const int left = (main->width() - frame.width()) / 2;
     const int top = (main->height() - frame.height()) / 2 - above;
     frame.move(std::max(0, left), std::max(0, top));
@@ -101,6 +100,12 @@ Forms &Forms::instance()
 {
     static Forms forms;
     return forms;
+}
+
+void Forms::setArea(QMdiArea *area, QWidget *bar)
+{
+    area_ = area;
+    bar_ = bar;
 }
 
 void Forms::add(const QString &name, const Factory &factory)
@@ -281,7 +286,7 @@ void Forms::place(Form &form)
         return;
     }
     if (auto *frame = frameOf(form); frame && form.centre_ == Form::Centre::InArea) {
-        centreInArea(*frame, *frame->mdiArea());
+        centreInArea(*frame, *frame->mdiArea(), bar_);
     } else if (!frame) {
         centreOnScreen(form);
     }

@@ -65,8 +65,9 @@ public:
     /// Writes the text of a control of a window (text box, label or combo), as a hand-back does.
     void write(const QString &form, const QString &control, const QString &text);
 
-    /// Where child windows go. Without one they are windows of their own.
-    void setArea(QMdiArea *area) { area_ = area; }
+    /// Where child windows go, and the bar above it, which takes its height from what they are centred in. Without an
+    /// area they are windows of their own.
+    void setArea(QMdiArea *area, QWidget *bar = nullptr);
     QMdiArea *area() const { return area_; }
 
 private:
@@ -88,6 +89,7 @@ private:
     QHash<QString, int> modes_; // by name, as they were when the window was loaded last
     std::function<int()> modeSource_;
     QPointer<QMdiArea> area_;
+    QPointer<QWidget> bar_;
 };
 
 /// The part of a caption that tells windows apart: what stands in its last brackets, behind the company's name.

@@ -72,7 +72,7 @@ struct Main {
         window.resize(1024, 768);
         window.show();
         window.activateWindow();
-        Forms::instance().setArea(area);
+        Forms::instance().setArea(area, toolbar);
     }
     ~Main()
     {
