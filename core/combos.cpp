@@ -169,7 +169,7 @@ void LigaBotoesDaLista(QComboBox *combo, QWidget *acrescenta, QWidget *remove)
             ui::enableIf(!combo->currentText().isEmpty(), botao, u"Digite o texto da lista"_s, combo);
         }
     };
-    QObject::connect(combo, &QComboBox::editTextChanged, combo, habilita);
+    QObject::connect(combo, &QComboBox::editTextChanged, combo, [habilita] { ui::Application::run(habilita); });
     habilita();
 }
 

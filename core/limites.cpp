@@ -2,6 +2,7 @@
 
 #include "core/modulo.h"
 #include "platform/dao/database.h"
+#include "platform/ui/application.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -37,7 +38,8 @@ void limita(QWidget *controle, int maior)
     if (auto *linha = qobject_cast<QLineEdit *>(controle)) {
         linha->setMaxLength(maior);
     } else if (auto *caixa = qobject_cast<QPlainTextEdit *>(controle)) {
-        QObject::connect(caixa, &QPlainTextEdit::textChanged, caixa, [caixa, maior] { corta(*caixa, maior); });
+        QObject::connect(caixa, &QPlainTextEdit::textChanged, caixa,
+                         [caixa, maior] { ui::Application::run([=] { corta(*caixa, maior); }); });
     }
 }
 

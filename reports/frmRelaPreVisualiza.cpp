@@ -82,8 +82,8 @@ frmRelaPreVisualiza::frmRelaPreVisualiza()
     onClick(ui_->btnPrint, &frmRelaPreVisualiza::btnPrint_Click);
     onClick(ui_->btnVoltar, &frmRelaPreVisualiza::btnVoltar_Click);
     onChange(ui_->lblPagina, &frmRelaPreVisualiza::lblPagina_Change);
-    connect(ui_->barraLeft, &QScrollBar::valueChanged, this, &frmRelaPreVisualiza::barra_Change);
-    connect(ui_->barraTop, &QScrollBar::valueChanged, this, &frmRelaPreVisualiza::barra_Change);
+    connect(ui_->barraLeft, &QScrollBar::valueChanged, this, bound(&frmRelaPreVisualiza::barra_Change));
+    connect(ui_->barraTop, &QScrollBar::valueChanged, this, bound(&frmRelaPreVisualiza::barra_Change));
     ligaTeclas();
     setEscapeUnloads(true);
 }
@@ -260,7 +260,7 @@ void frmRelaPreVisualiza::tecla(const QKeySequence &sequencia, std::function<voi
 {
     auto *atalho = new QShortcut(sequencia, this);
     atalho->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(atalho, &QShortcut::activated, this, std::move(acao));
+    connect(atalho, &QShortcut::activated, this, [acao = std::move(acao)] { ui::Application::run(acao); });
 }
 
 void frmRelaPreVisualiza::rola(int pontos)

@@ -39,8 +39,8 @@ BarraStatus::BarraStatus(QWidget *parent) : QStatusBar(parent), teclas_(new ui::
     paineis_[Caps]->setText(u"CAPS"_s);
     atualizaTeclas();
     atualizaRelogio();
-    connect(teclas_, &ui::Locks::changed, this, &BarraStatus::atualizaTeclas);
-    connect(&relogio_, &QTimer::timeout, this, &BarraStatus::atualizaRelogio);
+    connect(teclas_, &ui::Locks::changed, this, [this] { ui::Application::run([this] { atualizaTeclas(); }); });
+    connect(&relogio_, &QTimer::timeout, this, [this] { ui::Application::run([this] { atualizaRelogio(); }); });
     relogio_.start(1s);
 }
 

@@ -59,7 +59,7 @@ frmSenha::frmSenha() : Form(u"frmSenha"_s), ui_(std::make_unique<Ui::frmSenha>()
     onClick(ui_->btnOk, &frmSenha::btnOk_Click);
     onClick(ui_->btnCancelar, &frmSenha::btnCancelar_Click);
     onClick(ui_->btnManutencao, &frmSenha::btnManutencao_Click);
-    connect(tmrAnima_, &QTimer::timeout, this, &frmSenha::tmrAnima_Timer);
+    connect(tmrAnima_, &QTimer::timeout, this, bound(&frmSenha::tmrAnima_Timer));
 }
 
 frmSenha::~frmSenha() = default;

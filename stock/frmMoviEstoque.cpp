@@ -115,7 +115,7 @@ frmMoviEstoque::~frmMoviEstoque() = default;
 
 void frmMoviEstoque::ligaEventos()
 {
-    connect(this, &ui::Form::unloaded, this, &frmMoviEstoque::Form_Unload);
+    connect(this, &ui::Form::unloaded, this, bound(&frmMoviEstoque::Form_Unload));
     ligaPeca();
     movimento_.liga();
     onLostFocus(ui_->txtValor, &frmMoviEstoque::txtValor_LostFocus);

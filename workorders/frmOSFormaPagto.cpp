@@ -221,7 +221,7 @@ void frmOSFormaPagto::showEvent(QShowEvent *event)
 {
     ui::Form::showEvent(event);
     if (!event->spontaneous()) {
-        tabPagto_Click();
+        ui::Application::run([this] { tabPagto_Click(); });
     }
 }
 
