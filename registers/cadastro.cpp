@@ -236,7 +236,7 @@ QString Cadastro::textoGravado(QStringView nome) const
 
 void Cadastro::depoisDeIncluir(qint32 codigo)
 {
-    if (!devolve(registro_.devolucoesInclusao, QString::number(codigo))) {
+    if (!Devolve(*this, Ocasiao::Inclusao, QString::number(codigo))) {
         btnTodos_Click();
         limpa();
     }
@@ -328,32 +328,15 @@ void Cadastro::Lista_DblClick()
     if (campos_.texto(u"lblCodigo") != codigo) {
         carrega(codigo);
     }
-    if (devolve(registro_.devolucoes, codigo)) {
+    if (Devolve(*this, Ocasiao::Escolha, codigo)) {
         depoisDeDevolver();
     }
 }
 
-bool Cadastro::devolve(std::span<const Devolucao> linhas, const QString &codigo)
+void RegistraCadastro(const Registro &registro, const ui::Forms::Factory &fabrica)
 {
-    const Devolucao *ultima = nullptr;
-    for (const Devolucao &linha : linhas) {
-        if (linha.modo == ModoChamada) {
-            EscreveDevolucao(linha, linha.origem.isEmpty() ? codigo : campos_.texto(linha.origem));
-            ultima = &linha;
-        }
-    }
-    if (ultima == nullptr) {
-        return false;
-    }
-    // A caller that names a control of its own for the focus has it before this window goes.
-    if (!ultima->foco.isEmpty()) {
-        FocaDevolucao(*ultima);
-        Unload();
-        return true;
-    }
-    Unload();
-    FocaDevolucao(*ultima);
-    return true;
+    RegistraJanela(registro.janela.toString(), fabrica,
+                   {{Ocasiao::Escolha, registro.devolucoes}, {Ocasiao::Inclusao, registro.devolucoesInclusao}});
 }
 
 } // namespace registers

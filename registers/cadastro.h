@@ -60,10 +60,6 @@ protected:
     void Lista_Click();
     virtual void Lista_DblClick();
 
-    /// Writes `codigo` to the caller of this mode, closes this window and gives the caller's control the focus. False
-    /// where the mode hands nothing back.
-    bool devolve(std::span<const core::Devolucao> linhas, const QString &codigo);
-
     core::Campos &campos() { return campos_; }
     const Ui::PainelCadastro &painel() const { return *painel_; }
 
@@ -81,5 +77,8 @@ private:
     core::Campos campos_;
     const Ui::PainelCadastro *painel_ = nullptr;
 };
+
+/// Makes the window of a register known with its hand-backs.
+void RegistraCadastro(const Registro &registro, const ui::Forms::Factory &fabrica);
 
 } // namespace registers

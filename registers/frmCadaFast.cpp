@@ -28,7 +28,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr std::array<Devolucao, 1> tabelaDevolucoes{{{modoNormal, u"frmOSAbre", u"txtCodVeiculo"}}};
+constexpr std::array aOrdem{Devolucao{modoNormal, u"frmOSAbre", u"txtCodVeiculo"}};
 
 /// What a customer has here: a part of the register's fields, none of them demanded.
 constexpr std::array camposDoCliente{
@@ -89,9 +89,9 @@ void frmCadaFast::ligaEventos()
     onClick(ui_->btnVoltar, &frmCadaFast::btnVoltar_Click);
 }
 
-std::span<const Devolucao> frmCadaFast::devolucoes()
+std::vector<Devolucoes> frmCadaFast::devolucoes()
 {
-    return tabelaDevolucoes;
+    return {{Ocasiao::Inclusao, aOrdem}};
 }
 
 void frmCadaFast::Form_Load()
@@ -144,8 +144,7 @@ void frmCadaFast::btnIncluir_Click()
     }
     const QString conhecido = ui_->txtCodCliente->text();
     const qint32 veiculo = incluiVeiculo(conhecido.isEmpty() ? Value(incluiCliente()) : Value(conhecido));
-    Devolve(tabelaDevolucoes.front(), QString::number(veiculo));
-    Unload();
+    Devolve(*this, Ocasiao::Inclusao, QString::number(veiculo));
 }
 
 qint32 frmCadaFast::incluiCliente() const

@@ -29,8 +29,8 @@ public:
 
     void Form_Load() override;
 
-    /// Where the code of the new vehicle goes, whatever the mode.
-    static std::span<const core::Devolucao> devolucoes();
+    /// Where the code of the new vehicle goes.
+    static std::vector<core::Devolucoes> devolucoes();
 
 private:
     void txtNome_LostFocus();

@@ -86,7 +86,7 @@ void frmCadaPecas::depoisDeIncluir(qint32 codigo)
 {
     btnTodos_Click();
     limpaAte(ateEstoqueAtual);
-    devolve(registroPecas().devolucoesInclusao, QString::number(codigo));
+    Devolve(*this, Ocasiao::Inclusao, QString::number(codigo));
     ModoChamada = modoNormal;
 }
 

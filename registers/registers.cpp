@@ -6,8 +6,6 @@
 #include "registers/frmCadaPecas.h"
 #include "registers/frmCadaVeiculos.h"
 
-#include "platform/ui/forms.h"
-
 namespace registers
 {
 
@@ -15,12 +13,12 @@ using namespace Qt::StringLiterals;
 
 void registerForms()
 {
-    auto &janelas = ui::Forms::instance();
-    janelas.add(u"frmCadaCliente"_s, [] { return new frmCadaCliente; });
-    janelas.add(u"frmCadaFast"_s, [] { return new frmCadaFast; });
-    janelas.add(u"frmCadaFornecedor"_s, [] { return new frmCadaFornecedor; });
-    janelas.add(u"frmCadaPecas"_s, [] { return new frmCadaPecas; });
-    janelas.add(u"frmCadaVeiculos"_s, [] { return new frmCadaVeiculos; });
+    RegistraCadastro(registroClientes(), [] { return new frmCadaCliente; });
+    RegistraCadastro(registroFornecedores(), [] { return new frmCadaFornecedor; });
+    RegistraCadastro(registroPecas(), [] { return new frmCadaPecas; });
+    RegistraCadastro(registroVeiculos(), [] { return new frmCadaVeiculos; });
+    core::RegistraJanela(
+        u"frmCadaFast"_s, [] { return new frmCadaFast; }, frmCadaFast::devolucoes());
 }
 
 } // namespace registers

@@ -2,7 +2,7 @@
 
 #include "reports/frmRelaPreVisualiza.h"
 
-#include "platform/ui/forms.h"
+#include "core/devolucao.h"
 
 namespace reports
 {
@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 void registerForms()
 {
-    ui::Forms::instance().add(u"frmRelaPreVisualiza"_s, [] { return new frmRelaPreVisualiza; });
+    core::RegistraJanela(u"frmRelaPreVisualiza"_s, [] { return new frmRelaPreVisualiza; });
 }
 
 } // namespace reports

@@ -1,11 +1,11 @@
 #include "shell/shell.h"
 
+#include "core/devolucao.h"
 #include "core/janelas.h"
 #include "core/modulo.h"
 #include "platform/printer/printer.h"
 #include "platform/ui/application.h"
 #include "platform/ui/controls.h"
-#include "platform/ui/forms.h"
 #include "shell/frmInfo.h"
 #include "shell/frmMDI.h"
 #include "shell/frmSenha.h"
@@ -23,11 +23,10 @@ namespace shell
 
 void registerForms()
 {
-    auto &janelas = ui::Forms::instance();
-    janelas.add(u"frmInfo"_s, [] { return new frmInfo; });
-    janelas.add(u"frmSenha"_s, [] { return new frmSenha; });
-    janelas.add(u"frmSenhaManut"_s, [] { return new frmSenhaManut; });
-    janelas.add(u"frmSplash"_s, [] { return new frmSplash; });
+    core::RegistraJanela(u"frmInfo"_s, [] { return new frmInfo; });
+    core::RegistraJanela(u"frmSenha"_s, [] { return new frmSenha; });
+    core::RegistraJanela(u"frmSenhaManut"_s, [] { return new frmSenhaManut; });
+    core::RegistraJanela(u"frmSplash"_s, [] { return new frmSplash; });
 }
 
 void liga()

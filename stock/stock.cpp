@@ -2,7 +2,7 @@
 
 #include "stock/frmMoviEstoque.h"
 
-#include "platform/ui/forms.h"
+#include "core/devolucao.h"
 
 namespace stock
 {
@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 void registerForms()
 {
-    ui::Forms::instance().add(u"frmMoviEstoque"_s, [] { return new frmMoviEstoque; });
+    core::RegistraJanela(u"frmMoviEstoque"_s, [] { return new frmMoviEstoque; });
 }
 
 } // namespace stock

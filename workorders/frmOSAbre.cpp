@@ -26,7 +26,8 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr std::array<Devolucao, 1> tabelaDevolucoes{{{modoAbreOSParaAlterar, u"frmOSAltera", u"txtCodOS"}}};
+constexpr std::array aAlteracao{Devolucao{modoAbreOSParaAlterar, u"frmOSAltera", u"txtCodOS"}};
+constexpr std::array aoCadastroRapido{Devolucao{modoNormal, u"frmCadaFast", u"txtPlaca", u"txtCodVeiculo"}};
 
 constexpr std::array caixas{
     CaixaDeTexto{u"txtKm", u"OrdemServico", u"KM"},
@@ -76,9 +77,9 @@ frmOSAbre::frmOSAbre() : ui::Form(u"frmOSAbre"_s), ui_(std::make_unique<Ui::frmO
 
 frmOSAbre::~frmOSAbre() = default;
 
-std::span<const Devolucao> frmOSAbre::devolucoes()
+std::vector<Devolucoes> frmOSAbre::devolucoes()
 {
-    return tabelaDevolucoes;
+    return {{Ocasiao::Inclusao, aAlteracao}, {Ocasiao::Preenchimento, aoCadastroRapido}};
 }
 
 void frmOSAbre::Form_Load()
@@ -149,7 +150,7 @@ void frmOSAbre::cadastraVeiculo() const
     const QString cadastro = u"frmCadaFast"_s;
     auto &janelas = ui::Forms::instance();
     janelas.Load(cadastro);
-    janelas.write(cadastro, u"txtPlaca"_s, ui_->txtCodVeiculo->text());
+    Preenche(*this, cadastro);
     janelas.ShowModal(cadastro);
 }
 
@@ -223,9 +224,7 @@ NovaOrdem frmOSAbre::ordem() const
 
 void frmOSAbre::depoisDeGravar(qint32 numero)
 {
-    if (const Devolucao *devolucao = DevolucaoDoModo(tabelaDevolucoes, ModoChamada)) {
-        Unload();
-        Devolve(*devolucao, QString::number(numero));
+    if (Devolve(*this, Ocasiao::Inclusao, QString::number(numero))) {
         return;
     }
     btnCancelar_Click();

@@ -5,7 +5,7 @@
 #include "workorders/abertura.h"
 
 #include <memory>
-#include <span>
+#include <vector>
 
 namespace Ui
 {
@@ -27,8 +27,8 @@ public:
 
     void Form_Load() override;
 
-    /// Where the number of the new order goes, by the mode that the window was opened in.
-    static std::span<const core::Devolucao> devolucoes();
+    /// Where the number of the new order goes, and what the quick register is filled with.
+    static std::vector<core::Devolucoes> devolucoes();
 
 private:
     void txtCodVeiculo_GotFocus();

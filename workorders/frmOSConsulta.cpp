@@ -33,13 +33,27 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr std::array tabelaDevolucoes{
+constexpr std::array daLista{
     Devolucao{modoProcuraOSParaAlterar, u"frmOSAltera", u"txtCodOS"},
     Devolucao{modoProcuraOSDaNota, u"frmNota", u"txtOS"},
 };
 
-/// The button works in every mode.
-constexpr std::array tabelaBotao{Devolucao{modoNormal, u"frmOSAltera", u"txtCodOS"}};
+constexpr std::array doBotao{Devolucao{modoNormal, u"frmOSAltera", u"txtCodOS"}};
+
+constexpr std::array aoPagamento{
+    Devolucao{modoNormal, u"frmOSFormaPagto", u"lblCodigo", u"lblCodigo"},
+    Devolucao{modoNormal, u"frmOSFormaPagto", u"lblValor", u"lblValor"},
+    Devolucao{modoNormal, u"frmOSFormaPagto", u"lblTotal", u"lblValor"},
+    Devolucao{modoNormal, u"frmOSFormaPagto", u"txtValor_0", u"lblValor"},
+    Devolucao{modoNormal, u"frmOSFormaPagto", u"lblMarca", u"lblMarca"},
+    Devolucao{.modo = modoNormal,
+              .janela = u"frmOSFormaPagto",
+              .controle = u"lblNome",
+              .origem = u"lblNome",
+              .comTag = true}, // the customer's code
+    Devolucao{modoNormal, u"frmOSFormaPagto", u"lblPlacas", u"lblPlacas"},
+    Devolucao{modoNormal, u"frmOSFormaPagto", u"lblAno", u"lblAno"},
+};
 
 /// How the details of a payment are looked up: what the payment form holds, and the mode of the report.
 struct RelatorioPagto {
@@ -127,14 +141,9 @@ frmOSConsulta::frmOSConsulta() : ui::Form(u"frmOSConsulta"_s), ui_(std::make_uni
 
 frmOSConsulta::~frmOSConsulta() = default;
 
-std::span<const Devolucao> frmOSConsulta::devolucoes()
+std::vector<Devolucoes> frmOSConsulta::devolucoes()
 {
-    return tabelaDevolucoes;
-}
-
-std::span<const Devolucao> frmOSConsulta::devolucoesDoBotao()
-{
-    return tabelaBotao;
+    return {{Ocasiao::Escolha, daLista}, {Ocasiao::Botao, doBotao}, {Ocasiao::Preenchimento, aoPagamento}};
 }
 
 void frmOSConsulta::Form_Load()
@@ -346,10 +355,7 @@ void frmOSConsulta::Lista_DblClick(int linha)
         btnFechar_Click();
         return;
     }
-    if (const Devolucao *devolucao = DevolucaoDoModo(tabelaDevolucoes, ModoChamada)) {
-        Unload();
-        Devolve(*devolucao, codigo);
-    }
+    Devolve(*this, Ocasiao::Escolha, codigo);
 }
 
 // --- what is done with it
@@ -364,18 +370,9 @@ void frmOSConsulta::btnFechar_Click()
         return;
     }
     const QString pagto = u"frmOSFormaPagto"_s;
-    const QString valor = Format(ui_->lblValor->text(), mascaraValor);
     auto &janelas = ui::Forms::instance();
     janelas.Load(pagto);
-    ui::setTagOf(janelas.control(pagto, u"lblNome"_s), ui::tagOf(ui_->lblNome));
-    janelas.write(pagto, u"lblCodigo"_s, Format(ui_->lblCodigo->text(), mascaraCodigo));
-    janelas.write(pagto, u"lblValor"_s, valor);
-    janelas.write(pagto, u"lblTotal"_s, valor);
-    janelas.write(pagto, u"txtValor_0"_s, valor);
-    janelas.write(pagto, u"lblMarca"_s, ui_->lblMarca->text());
-    janelas.write(pagto, u"lblNome"_s, ui_->lblNome->text());
-    janelas.write(pagto, u"lblPlacas"_s, ui_->lblPlacas->text());
-    janelas.write(pagto, u"lblAno"_s, ui_->lblAno->text());
+    Preenche(*this, pagto);
     janelas.ShowModal(pagto);
     // Nothing behind: a closing has unloaded this window too.
 }
@@ -389,12 +386,9 @@ void frmOSConsulta::btnOSAdd_Click()
 
 void frmOSConsulta::btnOSAltera_Click()
 {
-    if (!temOrdem()) {
-        return;
+    if (temOrdem()) {
+        Devolve(*this, Ocasiao::Botao, ui_->lblCodigo->text());
     }
-    const QString codigo = ui_->lblCodigo->text();
-    Unload();
-    Devolve(tabelaBotao.front(), codigo);
 }
 
 void frmOSConsulta::btnOSPrint_Click()

@@ -5,7 +5,7 @@
 #include "workorders/ordem.h"
 
 #include <memory>
-#include <span>
+#include <vector>
 
 namespace Ui
 {
@@ -36,11 +36,8 @@ public:
     /// The order as it stands in the labels and lists, which is what is printed.
     OrdemMostrada ordemMostrada() const;
 
-    /// Where the number of a picked order goes, by the mode that the window was opened in.
-    static std::span<const core::Devolucao> devolucoes();
-
-    /// Where btnOSAltera takes it.
-    static std::span<const core::Devolucao> devolucoesDoBotao();
+    /// Where the number of an order goes, picked or by btnOSAltera, and what the payment is filled with.
+    static std::vector<core::Devolucoes> devolucoes();
 
 protected:
     bool event(QEvent *event) override;

@@ -77,6 +77,9 @@ bool venceu(const QString &data)
     return DateDiff(u"d", CDate(data), Today()) > 1;
 }
 
+/// The query shows when the order was closed, as it is printed from there.
+constexpr std::array aConsulta{Devolucao{modoNormal, u"frmOSConsulta", u"lblDataOut"}};
+
 /// What a cheque is written from. The lists of banks come with longer entries than it holds.
 constexpr std::array caixas{
     CaixaDeTexto{u"txtBanco_1", u"Cheques", u"Banco"},    CaixaDeTexto{u"txtBanco_3", u"Cheques", u"Banco"},
@@ -125,6 +128,11 @@ frmOSFormaPagto::frmOSFormaPagto()
 }
 
 frmOSFormaPagto::~frmOSFormaPagto() = default;
+
+std::vector<Devolucoes> frmOSFormaPagto::devolucoes()
+{
+    return {{Ocasiao::Preenchimento, aConsulta}};
+}
 
 void frmOSFormaPagto::poeIcones()
 {
@@ -541,7 +549,7 @@ void frmOSFormaPagto::btnFechar_Click(int indice)
     const QString consulta = u"frmOSConsulta"_s;
     auto &janelas = ui::Forms::instance();
     if (!dataOut.isEmpty() && janelas.find(consulta) != nullptr) {
-        janelas.write(consulta, u"lblDataOut"_s, dataOut);
+        Preenche(*this, consulta, dataOut);
     }
     ofereceImpressao(indice);
     Unload();

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "core/devolucao.h"
 #include "platform/ui/form.h"
 #include "workorders/ordem.h"
 #include "workorders/planopersonalizado.h"
 
 #include <map>
 #include <memory>
+#include <vector>
 
 class QComboBox;
 class QLineEdit;
@@ -41,6 +43,9 @@ public:
     ~frmOSFormaPagto() override;
 
     void Form_Load() override;
+
+    /// What the query is filled with.
+    static std::vector<core::Devolucoes> devolucoes();
 
 protected:
     void showEvent(QShowEvent *event) override;

@@ -4,7 +4,7 @@
 #include "workorders/frmOSConsulta.h"
 #include "workorders/frmOSFormaPagto.h"
 
-#include "platform/ui/forms.h"
+#include "core/devolucao.h"
 
 namespace workorders
 {
@@ -13,10 +13,12 @@ using namespace Qt::StringLiterals;
 
 void registerForms()
 {
-    auto &forms = ui::Forms::instance();
-    forms.add(u"frmOSAbre"_s, [] { return new frmOSAbre; });
-    forms.add(u"frmOSConsulta"_s, [] { return new frmOSConsulta; });
-    forms.add(u"frmOSFormaPagto"_s, [] { return new frmOSFormaPagto; });
+    core::RegistraJanela(
+        u"frmOSAbre"_s, [] { return new frmOSAbre; }, frmOSAbre::devolucoes());
+    core::RegistraJanela(
+        u"frmOSConsulta"_s, [] { return new frmOSConsulta; }, frmOSConsulta::devolucoes());
+    core::RegistraJanela(
+        u"frmOSFormaPagto"_s, [] { return new frmOSFormaPagto; }, frmOSFormaPagto::devolucoes());
 }
 
 } // namespace workorders

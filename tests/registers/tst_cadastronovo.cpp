@@ -68,7 +68,7 @@ private:
 
 void TstCadastroNovo::initTestCase()
 {
-    ui::Forms::instance().add(u"frmCadaCor"_s, [] { return new CadastroSimples<Ui::frmCadaCor>(registro); });
+    RegistraCadastro(registro, [] { return new CadastroSimples<Ui::frmCadaCor>(registro); });
 }
 
 void TstCadastroNovo::init()

@@ -1,14 +1,10 @@
 #include "core/devolucao.h"
 #include "platform/ui/form.h"
-#include "registers/frmCadaFast.h"
 #include "registers/registers.h"
-#include "registers/registro.h"
 #include "reports/reports.h"
 #include "shell/shell.h"
 #include "stock/stock.h"
 #include "support/program.h"
-#include "workorders/frmOSAbre.h"
-#include "workorders/frmOSConsulta.h"
 #include "workorders/workorders.h"
 
 #include <QTest>
@@ -26,8 +22,7 @@ namespace
 
 using Names = std::set<QString>;
 
-/// What makes a window hand something back.
-enum class By { Row, Inclusion, Button };
+using By = core::Ocasiao;
 
 /// A table of hand-backs and the window that it belongs to.
 struct Table {
@@ -36,19 +31,15 @@ struct Table {
     std::span<const Devolucao> rows;
 };
 
+/// All that the windows were made known with.
 std::vector<Table> tables()
 {
     std::vector<Table> all;
-    for (const registers::Registro *registro : {&registers::registroClientes(), &registers::registroVeiculos(),
-                                                &registers::registroPecas(), &registers::registroFornecedores()}) {
-        const QString window = registro->janela.toString();
-        all.push_back({window, By::Row, registro->devolucoes});
-        all.push_back({window, By::Inclusion, registro->devolucoesInclusao});
+    for (const QString &window : ui::Forms::instance().names()) {
+        for (const core::Devolucoes &each : core::DevolucoesDe(window)) {
+            all.push_back({window, each.ocasiao, each.linhas});
+        }
     }
-    all.push_back({u"frmCadaFast"_s, By::Inclusion, registers::frmCadaFast::devolucoes()});
-    all.push_back({u"frmOSAbre"_s, By::Inclusion, workorders::frmOSAbre::devolucoes()});
-    all.push_back({u"frmOSConsulta"_s, By::Row, workorders::frmOSConsulta::devolucoes()});
-    all.push_back({u"frmOSConsulta"_s, By::Button, workorders::frmOSConsulta::devolucoesDoBotao()});
     return all;
 }
 
@@ -56,7 +47,7 @@ std::vector<Table> tables()
 QString described(const QString &window, By by, const Devolucao &row)
 {
     const QString source =
-        row.origem.isEmpty() ? (by == By::Inclusion ? u"new code"_s : u"code"_s) : row.origem.toString();
+        row.origem.isEmpty() ? (by == By::Inclusao ? u"new code"_s : u"code"_s) : row.origem.toString();
     return u"%1 in mode %2: %3 to %4 of %5"_s.arg(window).arg(row.modo).arg(source, row.controle, row.janela);
 }
 
@@ -68,34 +59,44 @@ struct Wanted {
 };
 
 constexpr std::array wanted{
-    Wanted{u"frmCadaCliente", By::Row, {1, u"frmCadaVeiculos", u"txtCodCliente"}},
-    Wanted{u"frmCadaCliente", By::Row, {12, u"frmOSOrcaNovo", u"txtCodCliente"}},
-    Wanted{u"frmCadaCliente", By::Row, {38, u"frmCadaFast", u"txtCodCliente"}},
-    Wanted{u"frmCadaCliente", By::Row, {39, u"frmOSFormaPagto", u"txtCodCliente"}},
-    Wanted{u"frmCadaCliente", By::Row, {19, u"frmMoviFiadosConta", u"lblCodigo"}},
-    Wanted{u"frmCadaCliente", By::Row, {19, u"frmMoviFiadosConta", u"lblFone", u"txtFone1"}},
-    Wanted{u"frmCadaCliente", By::Row, {19, u"frmMoviFiadosConta", u"lblNome", u"txtNome"}},
-    Wanted{u"frmCadaCliente", By::Inclusion, {2, u"frmCadaVeiculos", u"txtCodCliente"}},
-    Wanted{u"frmCadaCliente", By::Inclusion, {4, u"frmCadaVeiculos", u"txtCodCliente"}},
-    Wanted{u"frmCadaCliente", By::Inclusion, {13, u"frmOSOrcaNovo", u"txtCodCliente"}},
-    Wanted{u"frmCadaVeiculos", By::Row, {3, u"frmOSAbre", u"txtCodVeiculo"}},
-    Wanted{u"frmCadaVeiculos", By::Inclusion, {4, u"frmOSAbre", u"txtCodVeiculo"}},
-    Wanted{u"frmCadaPecas", By::Row, {5, u"frmOSAbre", u"txtCodPeca"}},
-    Wanted{u"frmCadaPecas", By::Row, {18, u"frmMoviEntradaPeca", u"txtCodPeca"}},
-    Wanted{u"frmCadaPecas", By::Row, {23, u"frmMoviEstoque", u"txtCodPeca"}},
-    Wanted{u"frmCadaPecas", By::Inclusion, {2, u"frmOSAbre", u"txtCodPeca"}},
-    Wanted{u"frmCadaPecas", By::Inclusion, {19, u"frmMoviEntradaPeca", u"txtCodPeca"}},
-    Wanted{u"frmCadaPecas", By::Inclusion, {22, u"frmMoviEstoque", u"txtCodPeca"}},
-    Wanted{u"frmCadaFornecedor", By::Row, {16, u"frmMoviEntradaPeca", u"txtCodFornecedor"}},
-    Wanted{u"frmCadaFornecedor", By::Row, {20, u"frmRelaSelecaoNotasEntradas", u"txtCodForn"}},
-    Wanted{u"frmCadaFornecedor", By::Row, {21, u"frmRelaSelecaoNotasEntradas", u"txtCodForn"}},
-    Wanted{u"frmCadaFornecedor", By::Row, {34, u"frmRelaSelecaoNotasEntradas", u"txtCodForn"}},
-    Wanted{u"frmCadaFornecedor", By::Inclusion, {17, u"frmMoviEntradaPeca", u"txtCodFornecedor"}},
-    Wanted{u"frmCadaFast", By::Inclusion, {0, u"frmOSAbre", u"txtCodVeiculo"}},
-    Wanted{u"frmOSAbre", By::Inclusion, {8, u"frmOSAltera", u"txtCodOS"}},
-    Wanted{u"frmOSConsulta", By::Row, {7, u"frmOSAltera", u"txtCodOS"}},
-    Wanted{u"frmOSConsulta", By::Row, {40, u"frmNota", u"txtOS"}},
-    Wanted{u"frmOSConsulta", By::Button, {0, u"frmOSAltera", u"txtCodOS"}},
+    Wanted{u"frmCadaCliente", By::Escolha, {1, u"frmCadaVeiculos", u"txtCodCliente"}},
+    Wanted{u"frmCadaCliente", By::Escolha, {12, u"frmOSOrcaNovo", u"txtCodCliente"}},
+    Wanted{u"frmCadaCliente", By::Escolha, {38, u"frmCadaFast", u"txtCodCliente"}},
+    Wanted{u"frmCadaCliente", By::Escolha, {39, u"frmOSFormaPagto", u"txtCodCliente"}},
+    Wanted{u"frmCadaCliente", By::Escolha, {19, u"frmMoviFiadosConta", u"lblCodigo"}},
+    Wanted{u"frmCadaCliente", By::Escolha, {19, u"frmMoviFiadosConta", u"lblFone", u"txtFone1"}},
+    Wanted{u"frmCadaCliente", By::Escolha, {19, u"frmMoviFiadosConta", u"lblNome", u"txtNome"}},
+    Wanted{u"frmCadaCliente", By::Inclusao, {2, u"frmCadaVeiculos", u"txtCodCliente"}},
+    Wanted{u"frmCadaCliente", By::Inclusao, {4, u"frmCadaVeiculos", u"txtCodCliente"}},
+    Wanted{u"frmCadaCliente", By::Inclusao, {13, u"frmOSOrcaNovo", u"txtCodCliente"}},
+    Wanted{u"frmCadaVeiculos", By::Escolha, {3, u"frmOSAbre", u"txtCodVeiculo"}},
+    Wanted{u"frmCadaVeiculos", By::Inclusao, {4, u"frmOSAbre", u"txtCodVeiculo"}},
+    Wanted{u"frmCadaPecas", By::Escolha, {5, u"frmOSAbre", u"txtCodPeca"}},
+    Wanted{u"frmCadaPecas", By::Escolha, {18, u"frmMoviEntradaPeca", u"txtCodPeca"}},
+    Wanted{u"frmCadaPecas", By::Escolha, {23, u"frmMoviEstoque", u"txtCodPeca"}},
+    Wanted{u"frmCadaPecas", By::Inclusao, {2, u"frmOSAbre", u"txtCodPeca"}},
+    Wanted{u"frmCadaPecas", By::Inclusao, {19, u"frmMoviEntradaPeca", u"txtCodPeca"}},
+    Wanted{u"frmCadaPecas", By::Inclusao, {22, u"frmMoviEstoque", u"txtCodPeca"}},
+    Wanted{u"frmCadaFornecedor", By::Escolha, {16, u"frmMoviEntradaPeca", u"txtCodFornecedor"}},
+    Wanted{u"frmCadaFornecedor", By::Escolha, {20, u"frmRelaSelecaoNotasEntradas", u"txtCodForn"}},
+    Wanted{u"frmCadaFornecedor", By::Escolha, {21, u"frmRelaSelecaoNotasEntradas", u"txtCodForn"}},
+    Wanted{u"frmCadaFornecedor", By::Escolha, {34, u"frmRelaSelecaoNotasEntradas", u"txtCodForn"}},
+    Wanted{u"frmCadaFornecedor", By::Inclusao, {17, u"frmMoviEntradaPeca", u"txtCodFornecedor"}},
+    Wanted{u"frmCadaFast", By::Inclusao, {0, u"frmOSAbre", u"txtCodVeiculo"}},
+    Wanted{u"frmOSAbre", By::Inclusao, {8, u"frmOSAltera", u"txtCodOS"}},
+    Wanted{u"frmOSConsulta", By::Escolha, {7, u"frmOSAltera", u"txtCodOS"}},
+    Wanted{u"frmOSConsulta", By::Escolha, {40, u"frmNota", u"txtOS"}},
+    Wanted{u"frmOSConsulta", By::Botao, {0, u"frmOSAltera", u"txtCodOS"}},
+    Wanted{u"frmOSAbre", By::Preenchimento, {0, u"frmCadaFast", u"txtPlaca", u"txtCodVeiculo"}},
+    Wanted{u"frmOSConsulta", By::Preenchimento, {0, u"frmOSFormaPagto", u"lblCodigo", u"lblCodigo"}},
+    Wanted{u"frmOSConsulta", By::Preenchimento, {0, u"frmOSFormaPagto", u"lblValor", u"lblValor"}},
+    Wanted{u"frmOSConsulta", By::Preenchimento, {0, u"frmOSFormaPagto", u"lblTotal", u"lblValor"}},
+    Wanted{u"frmOSConsulta", By::Preenchimento, {0, u"frmOSFormaPagto", u"txtValor_0", u"lblValor"}},
+    Wanted{u"frmOSConsulta", By::Preenchimento, {0, u"frmOSFormaPagto", u"lblMarca", u"lblMarca"}},
+    Wanted{u"frmOSConsulta", By::Preenchimento, {0, u"frmOSFormaPagto", u"lblNome", u"lblNome"}},
+    Wanted{u"frmOSConsulta", By::Preenchimento, {0, u"frmOSFormaPagto", u"lblPlacas", u"lblPlacas"}},
+    Wanted{u"frmOSConsulta", By::Preenchimento, {0, u"frmOSFormaPagto", u"lblAno", u"lblAno"}},
+    Wanted{u"frmOSFormaPagto", By::Preenchimento, {0, u"frmOSConsulta", u"lblDataOut"}},
 };
 
 /// The callers that the program does not have yet: each leaves this list when it comes.
@@ -147,11 +148,14 @@ private slots:
     void everyRowStandsOnce();
     void everyRowNamesControlsThatExist_data();
     void everyRowNamesControlsThatExist();
+    void aNameThatDoesNotExistIsFound_data();
+    void aNameThatDoesNotExistIsFound();
     void theCallersToComeAreKnown();
     void theAccountOfACustomerGetsTheFocusInItsDate();
 
 private:
-    static void compareControl(const QString &window, const QString &control);
+    static QString unknownNameIn(const QString &window, const Devolucao &row);
+    static QString unknownControl(const QString &window, const QString &control);
 
     std::unique_ptr<support::Program> program_;
 };
@@ -220,22 +224,47 @@ void TstDevolucoes::everyRowNamesControlsThatExist()
 {
     QFETCH(QString, window);
     QFETCH(Devolucao, row);
-    compareControl(window, row.origem.toString());
-    if (const QString caller = row.janela.toString(); ui::Forms::instance().exists(caller)) {
-        compareControl(caller, row.controle.toString());
-        compareControl(caller, row.foco.toString());
-    } else {
-        QVERIFY2(windowsToCome.contains(caller), qPrintable(u"no window "_s + caller));
+    QCOMPARE(unknownNameIn(window, row), QString());
+}
+
+void TstDevolucoes::aNameThatDoesNotExistIsFound_data()
+{
+    QTest::addColumn<Devolucao>("row");
+    QTest::addColumn<QString>("told");
+    QTest::newRow("window") << Devolucao{3, u"frmOSAbra", u"txtCodVeiculo"} << u"no window frmOSAbra"_s;
+    QTest::newRow("control") << Devolucao{3, u"frmOSAbre", u"txtVeiculo"} << u"no control txtVeiculo in frmOSAbre"_s;
+    QTest::newRow("origin") << Devolucao{3, u"frmOSAbre", u"txtCodVeiculo", u"txtFone"}
+                            << u"no control txtFone in frmCadaVeiculos"_s;
+    QTest::newRow("focus") << Devolucao{3, u"frmOSAbre", u"txtCodVeiculo", {}, u"txtFoco"}
+                           << u"no control txtFoco in frmOSAbre"_s;
+}
+
+void TstDevolucoes::aNameThatDoesNotExistIsFound()
+{
+    QFETCH(Devolucao, row);
+    QFETCH(QString, told);
+    QCOMPARE(unknownNameIn(u"frmCadaVeiculos"_s, row), told);
+}
+
+/// "" where all names of a window's row exist, or belong to a window that is to come.
+QString TstDevolucoes::unknownNameIn(const QString &window, const Devolucao &row)
+{
+    const QString caller = row.janela.toString();
+    if (!ui::Forms::instance().exists(caller)) {
+        return windowsToCome.contains(caller) ? QString() : u"no window "_s + caller;
     }
+    const QStringList unknown{unknownControl(window, row.origem.toString()),
+                              unknownControl(caller, row.controle.toString()),
+                              unknownControl(caller, row.foco.toString())};
+    return unknown.join(QString());
 }
 
 /// An empty name stands for another control of the row.
-void TstDevolucoes::compareControl(const QString &window, const QString &control)
+QString TstDevolucoes::unknownControl(const QString &window, const QString &control)
 {
-    QVERIFY2(ui::Forms::instance().exists(window), qPrintable(window));
     const auto *form = ui::Forms::instance().Load(window);
-    QVERIFY2(control.isEmpty() || form->findChild<QWidget *>(control) != nullptr,
-             qPrintable(u"no control %1 in %2"_s.arg(control, window)));
+    const bool known = control.isEmpty() || form->findChild<QWidget *>(control) != nullptr;
+    return known ? QString() : u"no control %1 in %2"_s.arg(control, window);
 }
 
 void TstDevolucoes::theCallersToComeAreKnown()

@@ -383,7 +383,9 @@ void TstFrmCadaFast::handsTheVehicleToTheOrder()
 
 void TstFrmCadaFast::theHandBackNamesAControlThatExists()
 {
-    for (const core::Devolucao &row : registers::frmCadaFast::devolucoes()) {
+    const auto tables = registers::frmCadaFast::devolucoes();
+    QCOMPARE(tables.size(), 1U);
+    for (const core::Devolucao &row : tables.front().linhas) {
         auto *target = ui::Forms::instance().Load(row.janela.toString());
         QVERIFY2(target->findChild<QWidget *>(row.controle.toString()), qPrintable(row.controle.toString()));
     }

@@ -1,6 +1,6 @@
 #include "tests/stock/janelaestoque.h"
 
-#include "core/devolucao.h"
+#include "core/janelas.h"
 #include "core/modulo.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/application.h"
@@ -327,9 +327,11 @@ void TstFrmMoviEstoque::aPartPickedInTheRegisterIsShown()
 void TstFrmMoviEstoque::theRegistersHandBackIsLookedUpOnLeaving()
 {
     open();
-    core::Devolve({.modo = 23, .janela = u"frmMoviEstoque", .controle = u"txtCodPeca"}, u"1"_s);
+    auto *code = control<QLineEdit>(window_, u"txtCodPeca"_s);
+    ui::Forms::instance().write(u"frmMoviEstoque"_s, u"txtCodPeca"_s, u"1"_s);
+    core::SelecionaTexto(code);
     QVERIFY(hasFocus(u"txtCodPeca"_s));
-    QCOMPARE(control<QLineEdit>(window_, u"txtCodPeca"_s)->selectedText(), u"1"_s);
+    QCOMPARE(code->selectedText(), u"1"_s);
     support::key(window_, u"txtCodPeca"_s, Qt::Key_Return);
     QCOMPARE(text(window_, u"txtCodPeca"_s), u"0001"_s);
     QCOMPARE(text(window_, u"lblNome"_s), u"FILTRO DE ÓLEO"_s);

@@ -1,4 +1,4 @@
-#include "core/devolucao.h"
+#include "core/janelas.h"
 #include "platform/ui/form.h"
 #include "tests/walk/targets.h"
 #include "tests/walk/typing.h"
@@ -336,21 +336,21 @@ void Walk::unloadByName(QWidget & /*window*/)
 /// As a picker that closes: it writes a code and gives the field the focus.
 void Walk::handBack(QWidget & /*window*/)
 {
-    constexpr auto targets = std::to_array<core::Devolucao>({
-        {0, u"frmOSAbre", u"txtCodVeiculo"},
-        {0, u"frmOSAbre", u"txtCodPeca"},
-        {0, u"frmCadaVeiculos", u"txtCodCliente"},
-        {0, u"frmCadaFast", u"txtCodCliente"},
-        {0, u"frmOSFormaPagto", u"txtCodCliente"},
-        {0, u"frmMoviEstoque", u"txtCodPeca"},
-    });
-    const auto &target = targets[static_cast<std::size_t>(below(static_cast<int>(targets.size())))];
-    if (ui::Forms::instance().find(target.janela.toString()) == nullptr) {
+    static const std::vector<std::pair<QString, QString>> targets{
+        {u"frmOSAbre"_s, u"txtCodVeiculo"_s},       {u"frmOSAbre"_s, u"txtCodPeca"_s},
+        {u"frmCadaVeiculos"_s, u"txtCodCliente"_s}, {u"frmCadaFast"_s, u"txtCodCliente"_s},
+        {u"frmOSFormaPagto"_s, u"txtCodCliente"_s}, {u"frmMoviEstoque"_s, u"txtCodPeca"_s},
+    };
+    const auto &[form, control] = oneOf(targets);
+    auto &forms = ui::Forms::instance();
+    if (forms.find(form) == nullptr) {
         return;
     }
     const auto code = u"%1"_s.arg(1 + below(40), 4, 10, QChar(u'0'));
-    tell(u"hands %1 back to %2.%3"_s.arg(code, target.janela, target.controle));
-    core::Devolve(target, code);
+    tell(u"hands %1 back to %2.%3"_s.arg(code, form, control));
+    forms.write(form, control, code);
+    forms.bringToFront(form);
+    core::SelecionaTexto(forms.control(form, control));
 }
 
 } // namespace walk
