@@ -119,12 +119,8 @@ void Campos::liga()
 
 void Campos::ligaLista(int indice)
 {
-    QAbstractButton *acrescenta = botao(campo(indice), u"Add");
-    QAbstractButton *remove = botao(campo(indice), u"Remove");
-    acrescenta->setIcon(ui::icon(u"bookmark-new"_s));
-    remove->setIcon(ui::icon(u"edit-delete"_s));
-    janela_.onClick(acrescenta, this, &Campos::acrescenta, indice);
-    janela_.onClick(remove, this, &Campos::remove, indice);
+    janela_.onClick(botao(campo(indice), u"Add"), this, &Campos::acrescenta, indice);
+    janela_.onClick(botao(campo(indice), u"Remove"), this, &Campos::remove, indice);
 }
 
 QAbstractButton *Campos::botao(const Campo &campo, QStringView fim) const

@@ -1,5 +1,6 @@
 #include "core/devolucao.h"
 
+#include "core/icones.h"
 #include "core/janelas.h"
 #include "core/modos.h"
 #include "core/modulo.h"
@@ -62,7 +63,11 @@ void foca(const Devolucao &linha)
 void RegistraJanela(const QString &nome, const ui::Forms::Factory &fabrica, const std::vector<Devolucoes> &devolucoes)
 {
     registradas().insert(nome, devolucoes);
-    ui::Forms::instance().add(nome, fabrica);
+    ui::Forms::instance().add(nome, [fabrica] {
+        ui::Form *janela = fabrica();
+        PoeIcones(*janela);
+        return janela;
+    });
 }
 
 const std::vector<Devolucoes> &DevolucoesDe(const QString &janela)

@@ -35,7 +35,7 @@ struct Devolucoes {
     std::span<const Devolucao> linhas;
 };
 
-/// Makes a window known by its name, with all its hand-backs.
+/// Makes a window known by its name, with all its hand-backs; its buttons get their icons when it is made.
 void RegistraJanela(const QString &nome, const ui::Forms::Factory &fabrica,
                     const std::vector<Devolucoes> &devolucoes = {});
 

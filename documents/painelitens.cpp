@@ -42,18 +42,6 @@ std::unique_ptr<Ui::PainelItens> controlesEm(QWidget *painel)
     return controles;
 }
 
-void poeIcones(const Ui::PainelItens &c)
-{
-    c.btnPecaFind->setIcon(ui::icon(u"edit-find"_s));
-    c.btnPecaAdd->setIcon(ui::icon(u"document-new"_s));
-    c.btnMarcaAdd->setIcon(ui::icon(u"bookmark-new"_s));
-    c.btnMarcaRemove->setIcon(ui::icon(u"edit-delete"_s));
-    c.btnItemAdd->setIcon(ui::icon(u"list-add"_s));
-    c.btnItemRemove->setIcon(ui::icon(u"list-remove"_s));
-    c.btnLimpa->setIcon(ui::icon(u"edit-clear-all"_s));
-    c.btnAdicionar->setIcon(ui::icon(u"edit-table-insert-row-below"_s));
-}
-
 } // namespace
 
 PainelItens::PainelItens(QWidget *parent)
@@ -61,7 +49,6 @@ PainelItens::PainelItens(QWidget *parent)
       entrada_({ui_->txtCodPeca, ui_->txtQuantidade, ui_->txtDescricao, ui_->txtValor, ui_->btnPecaFind,
                 ui_->btnPecaAdd, ui_->btnMarcaAdd, ui_->btnMarcaRemove})
 {
-    poeIcones(*ui_);
     // With a proxy inside, the tab stops of the window move the whole panel as one piece. The policy comes first: the
     // proxy would take it over, and a click would no longer reach it.
     setFocusPolicy(Qt::TabFocus);

@@ -66,12 +66,6 @@ frmCadaFast::frmCadaFast()
 {
     ui_->setupUi(this);
     ligaEventos();
-
-    ui_->btnClienteFind->setIcon(ui::icon(u"edit-find"_s));
-    ui_->btnMarcaAdd->setIcon(ui::icon(u"bookmark-new"_s));
-    ui_->btnMarcaRemove->setIcon(ui::icon(u"edit-delete"_s));
-    ui_->btnIncluir->setIcon(ui::icon(u"dialog-ok-apply"_s));
-    ui_->btnVoltar->setIcon(ui::icon(u"go-previous"_s));
 }
 
 frmCadaFast::~frmCadaFast() = default;

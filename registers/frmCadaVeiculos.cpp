@@ -44,9 +44,6 @@ frmCadaVeiculos::frmCadaVeiculos() : Cadastro(registroVeiculos()), ui_(std::make
     onClick(ui_->btnClienteAdd, &frmCadaVeiculos::btnClienteAdd_Click);
     onClick(ui_->btnClienteInfo, &frmCadaVeiculos::btnClienteInfo_Click);
 
-    ui_->btnClienteFind->setIcon(ui::icon(u"edit-find"_s));
-    ui_->btnClienteAdd->setIcon(ui::icon(u"document-new"_s));
-    ui_->btnClienteInfo->setIcon(ui::icon(u"documentinfo"_s));
     painel().btnLocalizar->setToolTip(u"Clique aqui para Localizar um Registro na Lista Acima Somente por NOME"_s);
 }
 

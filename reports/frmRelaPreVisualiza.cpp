@@ -69,10 +69,6 @@ frmRelaPreVisualiza::frmRelaPreVisualiza()
     : ui::Form(u"frmRelaPreVisualiza"_s), ui_(std::make_unique<Ui::frmRelaPreVisualiza>())
 {
     ui_->setupUi(this);
-    ui_->btnBack->setIcon(ui::icon(u"go-previous"_s));
-    ui_->btnNext->setIcon(ui::icon(u"go-next"_s));
-    ui_->btnPrint->setIcon(ui::icon(u"document-print"_s));
-    ui_->btnVoltar->setIcon(ui::icon(u"window-close"_s));
     ui_->Area->setBackgroundRole(QPalette::Mid);
     ui_->Area->setAutoFillBackground(true);
     folhas_.terminou = [this](std::vector<printer::Page> paginas) { mostraPaginas(std::move(paginas)); };

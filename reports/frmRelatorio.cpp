@@ -38,10 +38,6 @@ frmRelatorio::frmRelatorio(std::span<const Relatorio> catalogo)
     : ui::Form(u"frmRelatorio"_s), ui_(std::make_unique<Ui::frmRelatorio>()), catalogo_(catalogo)
 {
     ui_->setupUi(this);
-    ui_->btnPrevisualizar->setIcon(ui::icon(u"document-preview"_s));
-    ui_->btnPrint->setIcon(ui::icon(u"document-print"_s));
-    ui_->btnVoltar->setIcon(ui::icon(u"go-previous"_s));
-
     onClick(ui_->btnPrevisualizar, &frmRelatorio::btnPrevisualizar_Click);
     onClick(ui_->btnPrint, &frmRelatorio::btnPrint_Click);
     onClick(ui_->btnVoltar, &frmRelatorio::btnVoltar_Click);

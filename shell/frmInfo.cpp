@@ -43,8 +43,6 @@ frmInfo::frmInfo() : Form(u"frmInfo"_s), ui_(std::make_unique<Ui::frmInfo>())
 {
     ui_->setupUi(this);
     setEscapeUnloads(true);
-    ui_->cmdOK->setIcon(ui::icon(u"dialog-ok"_s));
-    ui_->cmdSysInfo->setIcon(ui::icon(u"documentinfo"_s));
 
     onClick(ui_->cmdOK, &frmInfo::cmdOK_Click);
     onClick(ui_->cmdSysInfo, &frmInfo::cmdSysInfo_Click);

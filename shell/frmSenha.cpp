@@ -48,9 +48,6 @@ frmSenha::frmSenha() : Form(u"frmSenha"_s), ui_(std::make_unique<Ui::frmSenha>()
     tmrAnima_->setObjectName(u"tmrAnima"_s);
     ui_->txtSenha->setMaxLength(maiorSenha);
     ui_->txtCodigo->setValidator(new QRegularExpressionValidator(QRegularExpression(u"\\d*"_s), this));
-    ui_->btnOk->setIcon(ui::icon(u"dialog-ok"_s));
-    ui_->btnCancelar->setIcon(ui::icon(u"dialog-cancel"_s));
-    ui_->btnManutencao->setIcon(ui::icon(u"system-users"_s));
 
     filterKeys(ui_->txtCodigo, core::SoInteiros);
     onChange(ui_->txtCodigo, &frmSenha::txtCodigo_Change);

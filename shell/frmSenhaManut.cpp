@@ -64,14 +64,6 @@ frmSenhaManut::frmSenhaManut() : Form(u"frmSenhaManut"_s), ui_(std::make_unique<
     ui_->txtSenha->setMaxLength(maiorSenha);
     ui_->txtConfirma->setMaxLength(maiorSenha);
     ui_->txtCodigo->setValidator(new QRegularExpressionValidator(QRegularExpression(u"\\d*"_s), this));
-    const std::initializer_list<std::pair<QPushButton *, QString>> icones = {
-        {ui_->btnIncluir, u"list-add"_s},    {ui_->btnAlterar, u"document-edit"_s},
-        {ui_->btnExcluir, u"edit-delete"_s}, {ui_->btnAtualiza, u"view-refresh"_s},
-        {ui_->btnLimpar, u"edit-clear"_s},   {ui_->btnOk, u"dialog-ok"_s},
-        {ui_->btnCancelar, u"go-previous"_s}};
-    for (const auto &[botao, nome] : icones) {
-        botao->setIcon(ui::icon(nome));
-    }
 
     filterKeys(ui_->txtCodigo, core::SoInteiros);
     onLostFocus(ui_->txtCodigo, &frmSenhaManut::txtCodigo_LostFocus);

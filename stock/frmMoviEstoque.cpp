@@ -103,12 +103,6 @@ frmMoviEstoque::frmMoviEstoque()
 {
     ui_->setupUi(this);
     ligaEventos();
-
-    ui_->btnPecaFind->setIcon(ui::icon(u"edit-find"_s));
-    ui_->btnIncluir->setIcon(ui::icon(u"dialog-ok-apply"_s));
-    ui_->btnPreenche->setIcon(ui::icon(u"view-list-details"_s));
-    ui_->btnExcluir->setIcon(ui::icon(u"edit-delete"_s));
-    ui_->btnVoltar->setIcon(ui::icon(u"go-previous"_s));
 }
 
 frmMoviEstoque::~frmMoviEstoque() = default;

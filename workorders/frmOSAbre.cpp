@@ -63,16 +63,6 @@ frmOSAbre::frmOSAbre() : ui::Form(u"frmOSAbre"_s), ui_(std::make_unique<Ui::frmO
     onChange(ui_->lblCodCliente, &frmOSAbre::habilitaInformacoes);
     habilitaInformacoes();
     ui_->painelItens->liga(*this);
-
-    ui_->btnVeiculoFind->setIcon(ui::icon(u"edit-find"_s));
-    ui_->btnVeiculoAdd->setIcon(ui::icon(u"document-new"_s));
-    ui_->btnInfoVeiculo->setIcon(ui::icon(u"documentinfo"_s));
-    ui_->btnInfoCliente->setIcon(ui::icon(u"documentinfo"_s));
-    ui_->btnMecAdd->setIcon(ui::icon(u"bookmark-new"_s));
-    ui_->btnMecRemove->setIcon(ui::icon(u"edit-delete"_s));
-    ui_->btnIncluir->setIcon(ui::icon(u"dialog-ok-apply"_s));
-    ui_->btnCancelar->setIcon(ui::icon(u"edit-clear"_s));
-    ui_->btnVoltar->setIcon(ui::icon(u"go-previous"_s));
 }
 
 frmOSAbre::~frmOSAbre() = default;

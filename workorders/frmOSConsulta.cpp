@@ -106,18 +106,6 @@ QString simOuNao(const Value &valor)
 frmOSConsulta::frmOSConsulta() : ui::Form(u"frmOSConsulta"_s), ui_(std::make_unique<Ui::frmOSConsulta>())
 {
     ui_->setupUi(this);
-    ui_->btnPesquisar->setIcon(ui::icon(u"edit-find"_s));
-    ui_->btnTodos->setIcon(ui::icon(u"view-list-details"_s));
-    ui_->btnFechar->setIcon(ui::icon(u"dialog-ok-apply"_s));
-    ui_->btnOSAdd->setIcon(ui::icon(u"document-new"_s));
-    ui_->btnOSAltera->setIcon(ui::icon(u"document-edit"_s));
-    ui_->btnOSPrint->setIcon(ui::icon(u"document-print"_s));
-    ui_->btnPrevisualizar->setIcon(ui::icon(u"document-print-preview"_s));
-    ui_->btnVoltar->setIcon(ui::icon(u"go-previous"_s));
-    for (auto *botao : {ui_->btnClienteInfo, ui_->btnVeiculoInfo, ui_->btnPagtoInfo}) {
-        botao->setIcon(ui::icon(u"documentinfo"_s));
-    }
-
     setEscapeUnloads(true);
     onClick(ui_->btnPesquisar, &frmOSConsulta::btnPesquisar_Click);
     onClick(ui_->btnTodos, &frmOSConsulta::btnTodos_Click);

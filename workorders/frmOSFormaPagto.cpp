@@ -116,7 +116,6 @@ frmOSFormaPagto::frmOSFormaPagto()
     lblParcelas_ = {{carne, ui_->lblParcelas_2}, {cheques, ui_->lblParcelas_3}};
     Lista_ = {{carne, ui_->Lista_2}, {cheques, ui_->Lista_3}, {personalizado, ui_->Lista_5}};
 
-    poeIcones();
     ui::keepVisible(ui_->lblTroco);
     setEscapeUnloads(true);
     ligaBotoes();
@@ -132,25 +131,6 @@ frmOSFormaPagto::~frmOSFormaPagto() = default;
 std::vector<Devolucoes> frmOSFormaPagto::devolucoes()
 {
     return {{Ocasiao::Preenchimento, aConsulta}};
-}
-
-void frmOSFormaPagto::poeIcones()
-{
-    const auto icones = [](const Array<QPushButton> &botoes, const QString &nome) {
-        for (const auto &[indice, botao] : botoes) {
-            botao->setIcon(ui::icon(nome));
-        }
-    };
-    icones(btnFechar_, u"dialog-ok-apply"_s);
-    icones(btnBancoAdd_, u"bookmark-new"_s);
-    icones(btnBancoRemove_, u"edit-delete"_s);
-    icones(btnParcelasAdd_, u"list-add"_s);
-    icones(btnParcelasMenos_, u"list-remove"_s);
-    ui_->btnClienteFind->setIcon(ui::icon(u"edit-find"_s));
-    ui_->btnItemAdd->setIcon(ui::icon(u"list-add"_s));
-    ui_->btnItemRemove->setIcon(ui::icon(u"list-remove"_s));
-    ui_->btnPrint->setIcon(ui::icon(u"document-print"_s));
-    ui_->btnVoltar->setIcon(ui::icon(u"dialog-cancel"_s));
 }
 
 void frmOSFormaPagto::ligaBotoes()

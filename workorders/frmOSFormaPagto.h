@@ -73,7 +73,6 @@ private:
     void btnPrint_Click();
     void btnVoltar_Click();
 
-    void poeIcones();
     void ligaBotoes();
     void ligaCampos();
     void ligaCliente();

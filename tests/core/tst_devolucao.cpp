@@ -7,6 +7,7 @@
 
 #include <QGridLayout>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTest>
 
 #include <array>
@@ -52,6 +53,11 @@ public:
     {
         auto *grid = new QGridLayout(this);
         add(grid, new QLineEdit(this), u"txtNome"_s);
+        for (const QString &name : {u"btnVoltar"_s, u"btnFechar_3"_s, u"btnPecaFind"_s, u"btnQualquer"_s}) {
+            add(grid, new QPushButton(this), name);
+        }
+        add(grid, new QPushButton(this), u"btnIncluir"_s)->setProperty("icone", u"list-add"_s);
+        add(grid, new QPushButton(this), u"btnExcluir"_s)->setProperty("icone", QString());
     }
 
 private:
@@ -82,6 +88,8 @@ private slots:
     void theNormalModeStandsForAll();
     void aCallerThatIsNotThereIsPassedOver();
     void anotherWindowIsFilled();
+    void theButtonsGetTheirIcons_data();
+    void theButtonsGetTheirIcons();
 
 private:
     void begin(qint16 mode);
@@ -180,6 +188,26 @@ void TstDevolucao::anotherWindowIsFilled()
     QCOMPARE(text(caller_, u"txtCodigo"_s), u"0009"_s);
     QVERIFY(cadastro::isOpen(picker));
     QCOMPARE(cadastro::focusOf(caller_), u"txtOutro"_s);
+}
+
+void TstDevolucao::theButtonsGetTheirIcons_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<QString>("icon");
+    QTest::newRow("by its name") << u"btnVoltar"_s << u"go-previous"_s;
+    QTest::newRow("by the end of its name") << u"btnPecaFind"_s << u"edit-find"_s;
+    QTest::newRow("of an array") << u"btnFechar_3"_s << u"dialog-ok-apply"_s;
+    QTest::newRow("by the layout file") << u"btnIncluir"_s << u"list-add"_s;
+    QTest::newRow("none by the layout file") << u"btnExcluir"_s << QString();
+    QTest::newRow("not in the table") << u"btnQualquer"_s << QString();
+}
+
+void TstDevolucao::theButtonsGetTheirIcons()
+{
+    QFETCH(QString, button);
+    QFETCH(QString, icon);
+    const auto *form = Forms::instance().Load(picker);
+    QCOMPARE(form->findChild<QPushButton *>(button)->icon().name(), icon);
 }
 
 TARVELO_TEST_MAIN(TstDevolucao)
