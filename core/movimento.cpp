@@ -42,12 +42,15 @@ JanelaMovimento::JanelaMovimento(const Movimento &movimento)
 void JanelaMovimento::ligaMovimento()
 {
     campos_.liga();
-    onClick(botao(u"btnIncluir"_s), &JanelaMovimento::btnIncluir_Click);
-    onClick(botao(u"btnAlterar"_s), &JanelaMovimento::btnAlterar_Click);
-    onClick(botao(u"btnExcluir"_s), &JanelaMovimento::btnExcluir_Click);
-    onClick(botao(u"btnVoltar"_s), &JanelaMovimento::btnVoltar_Click);
-    if (movimento_.periodo) {
-        onClick(botao(u"btnPreenche"_s), &JanelaMovimento::preenche);
+    for (const auto &[nome, evento] : std::initializer_list<std::pair<QString, void (JanelaMovimento::*)()>>{
+             {u"btnIncluir"_s, &JanelaMovimento::btnIncluir_Click},
+             {u"btnAlterar"_s, &JanelaMovimento::btnAlterar_Click},
+             {u"btnExcluir"_s, &JanelaMovimento::btnExcluir_Click},
+             {u"btnVoltar"_s, &JanelaMovimento::btnVoltar_Click},
+             {u"btnPreenche"_s, &JanelaMovimento::preenche}}) {
+        if (auto *presente = findChild<QAbstractButton *>(nome)) {
+            onClick(presente, evento);
+        }
     }
     for (auto *lista : findChildren<ui::ListView *>()) {
         onItemClick(lista, &JanelaMovimento::Lista_Click);
@@ -302,6 +305,7 @@ void JanelaMovimento::limpa()
 void JanelaMovimento::recalcula()
 {
     if (tabela().razao != nullptr) {
+        lista().clear(); // it would keep every row as it stood, only to be filled anew
         RecalculaRazao(*tabela().razao, dono());
     }
 }
@@ -315,7 +319,8 @@ Operacao JanelaMovimento::operacao() const
 
 bool JanelaMovimento::alterando() const
 {
-    return botao(u"btnAlterar"_s)->text() == salvar;
+    const auto *botao = findChild<QAbstractButton *>(u"btnAlterar"_s);
+    return botao != nullptr && botao->text() == salvar;
 }
 
 void JanelaMovimento::trava(bool alterando)

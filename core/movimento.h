@@ -60,7 +60,8 @@ public:
 protected:
     explicit JanelaMovimento(const Movimento &movimento);
 
-    /// Connects the events of the boxes, the lists and the commands. Once, behind the window's `setupUi`.
+    /// Connects the events of the boxes, the lists and the commands, of those that the window has. Once, behind its
+    /// `setupUi`.
     void ligaMovimento();
 
     // What a window may do otherwise.

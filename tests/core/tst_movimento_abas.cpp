@@ -264,6 +264,45 @@ protected:
     QString consulta() const override { return tabela().consulta + dono() + tabela().consultaFim; }
 };
 
+// --- a list that is only looked at: no boxes and no commands, but the key
+
+constexpr std::array colunasPendentes{
+    ColunaLista{u"", 280, u"Codigo", comoCodigo},
+    ColunaLista{u"Cód. O.S.", 1200, u"CodOs", comoCodigo},
+    ColunaLista{u"Pago", 500, u"Pago", comoSimNao},
+};
+constexpr std::array tabelasPendentes{TabelaMovimento{
+    .tabela = u"Fiados",
+    .consulta = u"SELECT * FROM Fiados ORDER BY Vencimento",
+    .lista = {.colunas = colunasPendentes},
+}};
+constexpr Movimento pendentes{
+    .janela = u"frmPendentes",
+    .titulo = u" - [Pendentes]",
+    .tabelas = tabelasPendentes,
+    .campos = {},
+    .periodo = {},
+    .codigo = {},
+    .teclaP = true,
+};
+
+class JanelaPendentes : public JanelaMovimento
+{
+public:
+    JanelaPendentes() : JanelaMovimento(pendentes)
+    {
+        montaControles(this, {u"Lista"_s, u"btnVoltar"_s});
+        ligaMovimento();
+    }
+
+protected:
+    void teclaP(const ui::ListItem &linha) override
+    {
+        DBDados->Execute(u"UPDATE Fiados SET Pago = True WHERE Codigo = "_s + linha.text());
+        preenche();
+    }
+};
+
 } // namespace
 
 /// Movement windows beside the ledger of cash: tables by tab, marks by the table, owners, other ways to change a row.
@@ -294,6 +333,8 @@ private slots:
     void changesTheSelectedRowOfAnOwner();
     void recalculatesTheOwnerAlone();
 
+    void aListWithoutCommandsHasItsKey();
+
 private:
     void abre(const QString &janela) { janela_ = cadastro::open(janela); }
     void abreContas();
@@ -311,6 +352,7 @@ void TstMovimentoAbas::initTestCase()
     ui::Forms::instance().add(u"frmContas"_s, [] { return new JanelaContas; });
     ui::Forms::instance().add(u"frmDiario"_s, [] { return new JanelaDiario; });
     ui::Forms::instance().add(u"frmConta"_s, [] { return new JanelaConta; });
+    ui::Forms::instance().add(u"frmPendentes"_s, [] { return new JanelaPendentes; });
 }
 
 void TstMovimentoAbas::init()
@@ -547,6 +589,20 @@ void TstMovimentoAbas::recalculatesTheOwnerAlone()
     click(janela_, u"btnIncluir"_s);
     QCOMPARE(program_->rows(u"SELECT CodCliente, Entrada, Saldo FROM ContaFiado ORDER BY Codigo"_s),
              (Linhas{{u"1"_s, u"10"_s, u"12"_s}, {u"2"_s, u"7"_s, u"99"_s}, {u"1"_s, u"2"_s, u"2"_s}}));
+}
+
+// --- without commands
+
+void TstMovimentoAbas::aListWithoutCommandsHasItsKey()
+{
+    program_->sql(u"INSERT INTO Fiados (CodOs, Pago, Vencimento) VALUES (12, False, #05/20/2024#)"_s);
+    abre(u"frmPendentes"_s);
+    QCOMPARE(cadastro::rowsOf(janela_), (Linhas{{u"0001"_s, u"0012"_s, u"Não"_s}}));
+    cadastro::clickRow(janela_, 0);
+    key(janela_, u"Lista"_s, Qt::Key_P);
+    QCOMPARE(cadastro::columnOf(janela_, 2), (QStringList{u"Sim"_s}));
+    click(janela_, u"btnVoltar"_s);
+    QVERIFY(!cadastro::isOpen(u"frmPendentes"_s));
 }
 
 TARVELO_TEST_MAIN(TstMovimentoAbas)
