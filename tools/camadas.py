@@ -4,7 +4,7 @@
     tools/camadas.py [TREE]
 
 The link lines of the CMakeLists.txt say what a library may use; this looks whether the includes keep to them, as the
-one include path of the build would let everything pass. Tests, tools and measurements may use every library.
+one include path of the build would let everything pass.
 """
 
 import re
@@ -25,6 +25,7 @@ LAYERS = (
 WINDOWLESS = ("runtime", "files", "dao", "ini", "pages", "core")
 WINDOW_MODULES = ("Qt6::Widgets", "Qt6::PrintSupport", "Qt6::Svg")
 DATABASE = "dao"  # the one library that knows SQLite
+OTHERS = ("support", "tests", "tools", "data", "bench")  # may use every library, and stand in no layer
 SYSTEM_FOLDER = "platform/"  # below it alone stands what differs between systems
 
 
@@ -46,7 +47,7 @@ def words_after(arguments, keyword):
 def read_libraries(tree):
     libraries = {}
     folders = re.findall(r"^add_subdirectory\((\S+)\)", (tree / "CMakeLists.txt").read_text(), re.M)
-    for folder in folders:
+    for folder in (folder for folder in folders if folder not in OTHERS):
         text = re.sub(r"#.*", "", (tree / folder / "CMakeLists.txt").read_text())
         for name, arguments in re.findall(r"tarvelo_(?:library|program)\(\s*(\w+)([^)]*)\)", text):
             links = words_after(arguments, "LINK") + words_after(arguments, "PRIVATE")

@@ -13,9 +13,10 @@ using Files = QList<std::pair<QString, QString>>;
 
 /// A small house that keeps its order: a file, and what stands in it.
 const Files house{
-    {u"CMakeLists.txt"_s, u"add_subdirectory(platform/runtime)\nadd_subdirectory(platform/dao)\n"
-                          "add_subdirectory(platform/ui)\nadd_subdirectory(core)\nadd_subdirectory(stock)\n"
-                          "add_subdirectory(reports)\nadd_subdirectory(app)\n  add_subdirectory(tests)\n"_s},
+    {u"CMakeLists.txt"_s,
+     u"add_subdirectory(platform/runtime)\nadd_subdirectory(platform/dao)\n"
+     "add_subdirectory(platform/ui)\nadd_subdirectory(core)\nadd_subdirectory(stock)\n"
+     "add_subdirectory(reports)\nadd_subdirectory(app)\nadd_subdirectory(support)\n  add_subdirectory(tests)\n"_s},
     {u"platform/runtime/CMakeLists.txt"_s, u"tarvelo_library(runtime SOURCES a.cpp LINK Qt6::Core)"_s},
     {u"platform/runtime/a.h"_s, {}},
     {u"platform/runtime/a.cpp"_s, u"#include \"platform/runtime/a.h\"\n#include <unistd.h>"_s},
@@ -41,6 +42,8 @@ const Files house{
     {u"reports/r.cpp"_s, {}},
     {u"app/CMakeLists.txt"_s, u"tarvelo_program(tarvelo SOURCES main.cpp LINK stock reports)"_s},
     {u"app/main.cpp"_s, u"#include \"stock/s.h\""_s},
+    {u"support/CMakeLists.txt"_s, u"tarvelo_program(apoio SOURCES p.cpp LINK SQLite::SQLite3)"_s},
+    {u"support/p.cpp"_s, u"#include \"stock/s.h\"\n#include <sqlite3.h>"_s},
     {u"tests/t.h"_s, {}},
 };
 
