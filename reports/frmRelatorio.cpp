@@ -4,7 +4,6 @@
 
 #include "core/modulo.h"
 #include "platform/runtime/runtime.h"
-#include "platform/ui/controls.h"
 #include "platform/ui/listview.h"
 
 #include <algorithm>
