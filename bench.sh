@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds the release with its measurements and prints them: `razao NAME VALUE LIMIT`, a ratio against the bare library
-# in the same run. Leaves with an error where a ratio is over its limit.
+# in the same run, and below it what it is. Leaves with an error where a ratio is over its limit.
 set -euo pipefail
 cd "$(dirname "$0")"
 . tools/pacotes.sh

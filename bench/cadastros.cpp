@@ -75,6 +75,9 @@ void openFullRegister(benchmark::State &state)
         auto *form = openRegister(u"S"_s);
         auto painted = listOf(form)->grab();
         benchmark::DoNotOptimize(painted);
+        if (listOf(form)->count() != amostra::maisClientes) {
+            qFatal("The register shows %d customers", listOf(form)->count());
+        }
         close(form);
     }
 }
