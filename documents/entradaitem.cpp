@@ -3,7 +3,7 @@
 #include "documents/pecas.h"
 
 #include "core/caixacodigo.h"
-#include "core/combos.h"
+#include "core/caixalista.h"
 #include "core/funcoes.h"
 #include "core/janelas.h"
 #include "core/modos.h"
@@ -80,18 +80,16 @@ void EntradaItem::liga(ui::Form &janela)
     janela.onGotFocus(c_.txtQuantidade, this, &EntradaItem::txtQuantidade_GotFocus);
     janela.onLostFocus(c_.txtQuantidade, this, &EntradaItem::txtQuantidade_LostFocus);
     janela.filterKeys(c_.txtQuantidade, SoDecimais);
-    janela.onChange(c_.txtDescricao, this, &EntradaItem::txtDescricao_Change);
+    descricao_ =
+        new CaixaDeLista(janela, c_.txtDescricao, ListaCombo::DescricaoItens, c_.btnMarcaAdd, c_.btnMarcaRemove);
     janela.onGotFocus(c_.txtValor, this, &EntradaItem::txtValor_GotFocus);
     janela.onLostFocus(c_.txtValor, this, &EntradaItem::txtValor_LostFocus);
     janela.filterKeys(c_.txtValor, SoDecimais);
-    janela.onClick(c_.btnMarcaAdd, this, &EntradaItem::btnMarcaAdd_Click);
-    janela.onClick(c_.btnMarcaRemove, this, &EntradaItem::btnMarcaRemove_Click);
-    LigaBotoesDaLista(c_.txtDescricao, c_.btnMarcaAdd, c_.btnMarcaRemove);
 }
 
 void EntradaItem::monta() const
 {
-    AtualizaCombo(c_.txtDescricao, ListaCombo::DescricaoItens, ModoCombo::Carrega);
+    descricao_->carrega();
 }
 
 void EntradaItem::txtCodPeca_GotFocus()
@@ -111,7 +109,7 @@ void EntradaItem::txtCodPeca_LostFocus()
         Recusa(u"Código não Localizado"_s, c_.txtCodPeca);
         return;
     }
-    escreveDescricao(peca->nome);
+    descricao_->escreve(peca->nome);
     c_.txtValor->setText(peca->valorVenda);
     c_.txtCodPeca->setText(peca->codigo);
     ui::setTagOf(c_.txtCodPeca, peca->ps);
@@ -136,14 +134,6 @@ void EntradaItem::txtQuantidade_LostFocus()
     }
 }
 
-/// Completes what the user types, never what the register filled in.
-void EntradaItem::txtDescricao_Change()
-{
-    if (!preenchendo_) {
-        AutoCompletaCombo(c_.txtDescricao);
-    }
-}
-
 void EntradaItem::txtValor_GotFocus()
 {
     SelecionaTexto(c_.txtValor);
@@ -152,16 +142,6 @@ void EntradaItem::txtValor_GotFocus()
 void EntradaItem::txtValor_LostFocus()
 {
     MascaraTexto(c_.txtValor, TipoMascara::Valor);
-}
-
-void EntradaItem::btnMarcaAdd_Click()
-{
-    AtualizaCombo(c_.txtDescricao, ListaCombo::DescricaoItens, ModoCombo::Acrescenta);
-}
-
-void EntradaItem::btnMarcaRemove_Click()
-{
-    AtualizaCombo(c_.txtDescricao, ListaCombo::DescricaoItens, ModoCombo::Exclui);
 }
 
 bool EntradaItem::confere() const
@@ -196,7 +176,7 @@ LinhaItem EntradaItem::linha() const
 
 void EntradaItem::preencheAvulso(const QString &descricao, const QString &valor)
 {
-    escreveDescricao(descricao);
+    descricao_->escreve(descricao);
     c_.txtQuantidade->setText(u"01"_s);
     c_.txtValor->setText(valor);
 }
@@ -205,18 +185,11 @@ void EntradaItem::esvazia() const
 {
     c_.txtQuantidade->clear();
     c_.txtValor->clear();
-    c_.txtDescricao->setEditText({});
+    descricao_->escreve({});
     c_.txtCodPeca->clear();
     ui::setTagOf(c_.txtCodPeca, {});
     ui::setTagOf(c_.txtQuantidade, {});
     c_.txtCodPeca->setFocus();
-}
-
-void EntradaItem::escreveDescricao(const QString &texto)
-{
-    preenchendo_ = true;
-    c_.txtDescricao->setEditText(texto);
-    preenchendo_ = false;
 }
 
 LinhaItem PedeLinha(LinhaItem linha)

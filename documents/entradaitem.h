@@ -6,6 +6,11 @@ class QAbstractButton;
 class QComboBox;
 class QLineEdit;
 
+namespace core
+{
+class CaixaDeLista;
+}
+
 namespace ui
 {
 class Form;
@@ -59,16 +64,11 @@ private:
     void txtCodPeca_LostFocus();
     void txtQuantidade_GotFocus();
     void txtQuantidade_LostFocus();
-    void txtDescricao_Change();
     void txtValor_GotFocus();
     void txtValor_LostFocus();
-    void btnMarcaAdd_Click();
-    void btnMarcaRemove_Click();
-
-    void escreveDescricao(const QString &texto);
 
     Controles c_;
-    bool preenchendo_ = false;
+    core::CaixaDeLista *descricao_ = nullptr;
 };
 
 /// Edits a row through five input boxes, each with the present value. A cancelled or unusable answer leaves its column

@@ -3,7 +3,7 @@
 #include "ui_frmOSAbre.h"
 
 #include "core/caixacodigo.h"
-#include "core/combos.h"
+#include "core/caixalista.h"
 #include "core/config.h"
 #include "core/informacoes.h"
 #include "core/janelas.h"
@@ -50,15 +50,12 @@ frmOSAbre::frmOSAbre() : ui::Form(u"frmOSAbre"_s), ui_(std::make_unique<Ui::frmO
                        .modoProcura = modoProcuraVeiculo,
                        .inclui = ui_->btnVeiculoAdd,
                        .modoInclui = modoIncluiVeiculo});
-    onChange(ui_->txtMecanico, &frmOSAbre::txtMecanico_Change);
+    mecanico_ = new CaixaDeLista(*this, ui_->txtMecanico, ListaCombo::Mecanicos, ui_->btnMecAdd, ui_->btnMecRemove);
     onClick(ui_->btnInfoVeiculo, &frmOSAbre::btnInfoVeiculo_Click);
     onClick(ui_->btnInfoCliente, &frmOSAbre::btnInfoCliente_Click);
-    onClick(ui_->btnMecAdd, &frmOSAbre::btnMecAdd_Click);
-    onClick(ui_->btnMecRemove, &frmOSAbre::btnMecRemove_Click);
     onClick(ui_->btnIncluir, &frmOSAbre::btnIncluir_Click);
     onClick(ui_->btnCancelar, &frmOSAbre::btnCancelar_Click);
     onClick(ui_->btnVoltar, &frmOSAbre::btnVoltar_Click);
-    LigaBotoesDaLista(ui_->txtMecanico, ui_->btnMecAdd, ui_->btnMecRemove);
     onChange(ui_->lblCodVeiculo, &frmOSAbre::habilitaInformacoes);
     onChange(ui_->lblCodCliente, &frmOSAbre::habilitaInformacoes);
     habilitaInformacoes();
@@ -80,7 +77,7 @@ void frmOSAbre::Form_Load()
     ui_->painelItens->monta(FormaDoLayout());
     ui_->painelItens->ofereceTrabalhos(Config(u"Personalizacao"_s) == u"1-1");
     LimitaAosCampos(*this, caixas);
-    AtualizaCombo(ui_->txtMecanico, ListaCombo::Mecanicos, ModoCombo::Carrega);
+    mecanico_->carrega();
 }
 
 void frmOSAbre::txtCodVeiculo_GotFocus()
@@ -154,11 +151,6 @@ void frmOSAbre::limpaVeiculo()
     ui_->txtObs->clear();
 }
 
-void frmOSAbre::txtMecanico_Change()
-{
-    AutoCompletaCombo(ui_->txtMecanico);
-}
-
 void frmOSAbre::btnInfoVeiculo_Click()
 {
     MostraInformacoes(TipoInformacao::Veiculo, ui_->lblCodVeiculo->text());
@@ -167,16 +159,6 @@ void frmOSAbre::btnInfoVeiculo_Click()
 void frmOSAbre::btnInfoCliente_Click()
 {
     MostraInformacoes(TipoInformacao::Cliente, ui_->lblCodCliente->text());
-}
-
-void frmOSAbre::btnMecAdd_Click()
-{
-    AtualizaCombo(ui_->txtMecanico, ListaCombo::Mecanicos, ModoCombo::Acrescenta);
-}
-
-void frmOSAbre::btnMecRemove_Click()
-{
-    AtualizaCombo(ui_->txtMecanico, ListaCombo::Mecanicos, ModoCombo::Exclui);
 }
 
 void frmOSAbre::btnIncluir_Click()

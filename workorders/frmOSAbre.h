@@ -7,6 +7,11 @@
 #include <memory>
 #include <vector>
 
+namespace core
+{
+class CaixaDeLista;
+}
+
 namespace Ui
 {
 class frmOSAbre;
@@ -33,12 +38,9 @@ public:
 private:
     void txtCodVeiculo_GotFocus();
     void txtCodVeiculo_LostFocus();
-    void txtMecanico_Change();
     void habilitaInformacoes();
     void btnInfoVeiculo_Click();
     void btnInfoCliente_Click();
-    void btnMecAdd_Click();
-    void btnMecRemove_Click();
     void btnIncluir_Click();
     void btnCancelar_Click();
     void btnVoltar_Click();
@@ -52,6 +54,7 @@ private:
     void depoisDeGravar(qint32 numero);
 
     std::unique_ptr<Ui::frmOSAbre> ui_;
+    core::CaixaDeLista *mecanico_ = nullptr;
 };
 
 } // namespace workorders
