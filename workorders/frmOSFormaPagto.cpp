@@ -5,7 +5,7 @@
 #include "core/banco.h"
 #include "core/caixacodigo.h"
 #include "core/caixadata.h"
-#include "core/combos.h"
+#include "core/caixalista.h"
 #include "core/config.h"
 #include "core/devolucao.h"
 #include "core/funcoes.h"
@@ -101,16 +101,18 @@ frmOSFormaPagto::frmOSFormaPagto()
       plano_({ui_->txtParcela_5, ui_->txtData_5, ui_->txtValor_5, ui_->optDocumento_0, ui_->optDocumento_1,
               ui_->Lista_5, ui_->lblSaldo_5, ui_->lblSituacao_5})
 {
+    const auto listaDeBancos = [this](QComboBox *combo, QPushButton *acrescenta, QPushButton *remove) {
+        return new CaixaDeLista(*this, combo, ListaCombo::Bancos, acrescenta, remove);
+    };
     btnFechar_ = {{aVista, ui_->btnFechar_0},  {chequePre, ui_->btnFechar_1}, {carne, ui_->btnFechar_2},
                   {cheques, ui_->btnFechar_3}, {fiado, ui_->btnFechar_4},     {personalizado, ui_->btnFechar_5}};
     txtValor_ = {{aVista, ui_->txtValor_0}, {chequePre, ui_->txtValor_1}, {personalizado, ui_->txtValor_5}};
     txtData_ = {{chequePre, ui_->txtData_1}, {fiado, ui_->txtData_4}, {personalizado, ui_->txtData_5}};
     txtConta_ = {{chequePre, ui_->txtConta_1}, {cheques, ui_->txtConta_3}, {personalizado, ui_->txtConta_5}};
     txtBanco_ = {{chequePre, ui_->txtBanco_1}, {cheques, ui_->txtBanco_3}, {personalizado, ui_->txtBanco_5}};
-    btnBancoAdd_ = {
-        {chequePre, ui_->btnBancoAdd_1}, {cheques, ui_->btnBancoAdd_3}, {personalizado, ui_->btnBancoAdd_5}};
-    btnBancoRemove_ = {
-        {chequePre, ui_->btnBancoRemove_1}, {cheques, ui_->btnBancoRemove_3}, {personalizado, ui_->btnBancoRemove_5}};
+    bancos_ = {{chequePre, listaDeBancos(ui_->txtBanco_1, ui_->btnBancoAdd_1, ui_->btnBancoRemove_1)},
+               {cheques, listaDeBancos(ui_->txtBanco_3, ui_->btnBancoAdd_3, ui_->btnBancoRemove_3)},
+               {personalizado, listaDeBancos(ui_->txtBanco_5, ui_->btnBancoAdd_5, ui_->btnBancoRemove_5)}};
     btnParcelasAdd_ = {{carne, ui_->btnParcelasAdd_2}, {cheques, ui_->btnParcelasAdd_3}};
     btnParcelasMenos_ = {{carne, ui_->btnParcelasMenos_2}, {cheques, ui_->btnParcelasMenos_3}};
     lblParcelas_ = {{carne, ui_->lblParcelas_2}, {cheques, ui_->lblParcelas_3}};
@@ -121,9 +123,6 @@ frmOSFormaPagto::frmOSFormaPagto()
     ligaBotoes();
     ligaCampos();
     ligaPersonalizado();
-    for (const auto &[indice, banco] : txtBanco_) {
-        LigaBotoesDaLista(banco, btnBancoAdd_.at(indice), btnBancoRemove_.at(indice));
-    }
 }
 
 frmOSFormaPagto::~frmOSFormaPagto() = default;
@@ -141,8 +140,6 @@ void frmOSFormaPagto::ligaBotoes()
         }
     };
     liga(btnFechar_, &frmOSFormaPagto::btnFechar_Click);
-    liga(btnBancoAdd_, &frmOSFormaPagto::btnBancoAdd_Click);
-    liga(btnBancoRemove_, &frmOSFormaPagto::btnBancoRemove_Click);
     liga(btnParcelasAdd_, &frmOSFormaPagto::btnParcelasAdd_Click);
     liga(btnParcelasMenos_, &frmOSFormaPagto::btnParcelasMenos_Click);
     onClick(ui_->btnItemAdd, &frmOSFormaPagto::btnItemAdd_Click);
@@ -164,9 +161,6 @@ void frmOSFormaPagto::ligaCampos()
     }
     for (const auto &[indice, campo] : txtData_) {
         LigaData(*this, campo, {.saida = SaidaDaData::Formata});
-    }
-    for (const auto &[indice, campo] : txtBanco_) {
-        onChange(campo, &frmOSFormaPagto::txtBanco_Change, indice);
     }
     onChange(ui_->txtCodCliente, &frmOSFormaPagto::txtCodCliente_Change);
     ligaCliente();
@@ -197,8 +191,8 @@ void frmOSFormaPagto::Form_Load()
         MontaColunasDoPlano(*lista, indice == personalizado);
     }
     LimitaAosCampos(*this, caixas);
-    for (const auto &[indice, banco] : txtBanco_) {
-        AtualizaCombo(banco, ListaCombo::Bancos, ModoCombo::Carrega);
+    for (const auto &[indice, lista] : bancos_) {
+        lista->carrega();
     }
     lblSaldo_Change();
     ui_->txtValor_0->setFocus();
@@ -225,7 +219,7 @@ void frmOSFormaPagto::tabPagto_Click()
         break;
     case chequePre:
         ui_->txtValor_1->setText(ui_->lblValor->text());
-        AtualizaCombo(ui_->txtBanco_1, ListaCombo::Bancos, ModoCombo::Carrega);
+        bancos_.at(chequePre)->carrega();
         ui_->txtBanco_1->setFocus();
         break;
     case carne:
@@ -233,7 +227,7 @@ void frmOSFormaPagto::tabPagto_Click()
         break;
     case cheques:
         recalculaPlano(cheques);
-        AtualizaCombo(ui_->txtBanco_3, ListaCombo::Bancos, ModoCombo::Carrega);
+        bancos_.at(cheques)->carrega();
         break;
     case fiado:
         mostraCredito();
@@ -302,21 +296,6 @@ void frmOSFormaPagto::txtParcela_GotFocus()
 void frmOSFormaPagto::txtData_GotFocus(int indice)
 {
     SelecionaTexto(txtData_.at(indice));
-}
-
-void frmOSFormaPagto::txtBanco_Change(int indice)
-{
-    AutoCompletaCombo(txtBanco_.at(indice));
-}
-
-void frmOSFormaPagto::btnBancoAdd_Click(int indice)
-{
-    AtualizaCombo(txtBanco_.at(indice), ListaCombo::Bancos, ModoCombo::Acrescenta);
-}
-
-void frmOSFormaPagto::btnBancoRemove_Click(int indice)
-{
-    AtualizaCombo(txtBanco_.at(indice), ListaCombo::Bancos, ModoCombo::Exclui);
 }
 
 // --- instalments

@@ -14,6 +14,11 @@ class QLineEdit;
 class QPushButton;
 class QShowEvent;
 
+namespace core
+{
+class CaixaDeLista;
+}
+
 namespace Ui
 {
 class frmOSFormaPagto;
@@ -61,9 +66,6 @@ private:
     void txtValor_LostFocus(int indice);
     void txtParcela_GotFocus();
     void txtData_GotFocus(int indice);
-    void txtBanco_Change(int indice);
-    void btnBancoAdd_Click(int indice);
-    void btnBancoRemove_Click(int indice);
     void btnParcelasAdd_Click(int indice);
     void btnParcelasMenos_Click(int indice);
     void txtCodCliente_Change();
@@ -107,8 +109,7 @@ private:
     Array<QLineEdit> txtData_;
     Array<QLineEdit> txtConta_;
     Array<QComboBox> txtBanco_;
-    Array<QPushButton> btnBancoAdd_;
-    Array<QPushButton> btnBancoRemove_;
+    Array<core::CaixaDeLista> bancos_;
     Array<QPushButton> btnParcelasAdd_;
     Array<QPushButton> btnParcelasMenos_;
     Array<ui::Label> lblParcelas_;
