@@ -123,6 +123,15 @@ void Campos::ligaLista(int indice)
     janela_.onClick(botao(campo(indice), u"Remove"), this, &Campos::remove, indice);
 }
 
+void Campos::ligaBotoesDasListas() const
+{
+    for (const Campo &campo : campos_) {
+        if (campo.lista) {
+            LigaBotoesDaLista(combo(campo.controle), botao(campo, u"Add"), botao(campo, u"Remove"));
+        }
+    }
+}
+
 QAbstractButton *Campos::botao(const Campo &campo, QStringView fim) const
 {
     const QString nome = u"btn"_s + campo.controle.mid(tamanhoDoPrefixo) + fim;

@@ -75,6 +75,9 @@ public:
     /// Connects the events of the fields. Once, behind the window's `setupUi`.
     void liga();
 
+    /// The buttons beside the combos are enabled by their texts, where a window disables what would do nothing.
+    void ligaBotoesDasListas() const;
+
     /// The boxes take what their columns hold.
     void limita(const QString &tabela) const;
 

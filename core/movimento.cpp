@@ -42,6 +42,7 @@ JanelaMovimento::JanelaMovimento(const Movimento &movimento)
 void JanelaMovimento::ligaMovimento()
 {
     campos_.liga();
+    campos_.ligaBotoesDasListas();
     for (const auto &[nome, evento] : std::initializer_list<std::pair<QString, void (JanelaMovimento::*)()>>{
              {u"btnIncluir"_s, &JanelaMovimento::btnIncluir_Click},
              {u"btnAlterar"_s, &JanelaMovimento::btnAlterar_Click},

@@ -7,7 +7,6 @@
 
 #include "core/banco.h"
 #include "core/caixacodigo.h"
-#include "core/combos.h"
 #include "core/funcoes.h"
 #include "core/modos.h"
 #include "core/modulo.h"
@@ -78,7 +77,7 @@ void frmCadaFast::ligaEventos()
     cliente_.liga();
     veiculo_.liga();
     onLostFocus(ui_->txtPlaca, &frmCadaFast::txtPlaca_LostFocus);
-    LigaBotoesDaLista(ui_->cboMarca, ui_->btnMarcaAdd, ui_->btnMarcaRemove);
+    veiculo_.ligaBotoesDasListas();
     onClick(ui_->btnIncluir, &frmCadaFast::btnIncluir_Click);
     onClick(ui_->btnVoltar, &frmCadaFast::btnVoltar_Click);
 }

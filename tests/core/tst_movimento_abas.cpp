@@ -317,6 +317,7 @@ private slots:
 
     void aTabIsATable();
     void theDueDateIsAMonthOn();
+    void theListOfTheDescriptionsIsKept();
     void aNewRowHasWhatNoBoxHolds();
     void theTotalsStandBelowTheRows();
     void aRowOfTotalsIsNoRow();
@@ -428,6 +429,17 @@ void TstMovimentoAbas::theDueDateIsAMonthOn()
     QCOMPARE(text(janela_, u"txtVencimento"_s), u"15/06/2024"_s);
     key(janela_, u"txtData"_s, Qt::Key_F1);
     QCOMPARE(text(janela_, u"txtData"_s), u"15/05/2024"_s);
+}
+
+void TstMovimentoAbas::theListOfTheDescriptionsIsKept()
+{
+    abreContas();
+    QVERIFY(!support::controlOf(janela_, u"btnDescricaoAdd"_s)->isEnabled());
+    type(janela_, u"cboDescricao"_s, u"luz"_s);
+    click(janela_, u"btnDescricaoAdd"_s);
+    QCOMPARE(program_->rows(u"SELECT * FROM Combos"_s), (Linhas{{u"4"_s, u"LUZ"_s}}));
+    click(janela_, u"btnDescricaoRemove"_s);
+    QVERIFY(program_->rows(u"SELECT * FROM Combos"_s).empty());
 }
 
 void TstMovimentoAbas::aNewRowHasWhatNoBoxHolds()
