@@ -1,3 +1,4 @@
+#include "core/devolucao.h"
 #include "core/funcoes.h"
 #include "core/modulo.h"
 #include "platform/dao/database.h"
@@ -187,7 +188,7 @@ private:
 void TestRelatorio::initTestCase()
 {
     reports::registerForms();
-    ui::Forms::instance().add(janela, [] { return new reports::frmRelatorio(catalogo); });
+    RegistraJanela(janela, [] { return new reports::frmRelatorio(catalogo); });
     ui::Forms::instance().add(u"frmProva"_s, [] { return new Prova; });
 }
 
