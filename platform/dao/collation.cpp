@@ -236,6 +236,21 @@ QByteArrayView withoutTrailingBlanks(QByteArrayView text)
     return text;
 }
 
+/// How many bytes both begin with, whole letters only. They decide nothing: neither their weights, nor their accents,
+/// nor their late marks differ.
+qsizetype commonLetters(QByteArrayView left, QByteArrayView right)
+{
+    const qsizetype shorter = std::min(left.size(), right.size());
+    qsizetype common = std::mismatch(left.begin(), left.begin() + shorter, right.begin()).first - left.begin();
+    const auto continues = [&common](QByteArrayView text) {
+        return common < text.size() && (static_cast<unsigned char>(text[common]) & 0xC0) == 0x80;
+    };
+    while (common > 0 && (continues(left) || continues(right))) {
+        --common;
+    }
+    return common;
+}
+
 } // namespace
 
 int compareText(QStringView left, QStringView right)
@@ -268,6 +283,9 @@ int compareUtf8(QByteArrayView left, QByteArrayView right)
 {
     left = withoutTrailingBlanks(left);
     right = withoutTrailingBlanks(right);
+    const qsizetype common = commonLetters(left, right);
+    left = left.sliced(common);
+    right = right.sliced(common);
     const int plain = comparePlain(left, right);
     return plain != undecided ? plain : compareText(QString::fromUtf8(left), QString::fromUtf8(right));
 }

@@ -340,16 +340,14 @@ runtime::Value Keyset::valueOf(const Prepared &statement, int place, int column)
     return type ? statement.value(place, *type) : statement.value(place);
 }
 
-runtime::Value Keyset::value(int column)
+/// Where no statement stands on the whole row.
+runtime::Value Keyset::otherValue(int column)
 {
     if (partial_ != nullptr) {
         return partialValue(column);
     }
     load();
-    if (held_ != nullptr) {
-        return held_[column];
-    }
-    return valueOf(*current_, column + static_cast<int>(width_), column);
+    return held_ != nullptr ? held_[column] : foundValue(column);
 }
 
 /// A column that is not read is looked up with the whole row.
@@ -363,7 +361,7 @@ runtime::Value Keyset::partialValue(int column)
     }
     partial_->missed = true;
     load();
-    return valueOf(*current_, column + static_cast<int>(width_), column);
+    return foundValue(column);
 }
 
 void Keyset::append(qint64 row)
@@ -442,25 +440,35 @@ void Keyset::disconnect()
     connection_.reset();
 }
 
+/// Most names are written as the table has them: comparing without regard to case takes its time.
 int Keyset::place(QStringView name) const
 {
     const auto &columns = plan_->columns;
-    const auto named = [name](const QString &text) {
-        return text.size() == name.size() && (name == text || name.compare(text, Qt::CaseInsensitive) == 0);
+    const auto find = [&columns](const auto &named) {
+        const auto found = std::find_if(columns.begin(), columns.end(), named);
+        return found != columns.end() ? static_cast<int>(found - columns.begin()) : -1;
     };
-    for (size_t i = 0; i < columns.size(); ++i) {
-        if (named(columns[i].field.name)) {
-            return static_cast<int>(i);
-        }
+    const auto same = [name](const QString &text) {
+        return text.size() == name.size() && std::equal(name.begin(), name.end(), text.begin());
+    };
+    const auto alike = [name](const QString &text) {
+        return text.size() == name.size() && name.compare(text, Qt::CaseInsensitive) == 0;
+    };
+    int place = find([&](const ResultColumn &column) { return same(column.field.name); });
+    if (place < 0) {
+        place = find([&](const ResultColumn &column) { return alike(column.field.name); });
     }
-    for (size_t i = 0; i < columns.size(); ++i) {
-        const QString &qualified = columns[i].qualifiedName;
-        if (named(qualified) || (qualified.endsWith(name, Qt::CaseInsensitive) &&
-                                 qualified.endsWith(u'.' + name.toString(), Qt::CaseInsensitive))) {
-            return static_cast<int>(i);
-        }
+    if (place < 0) {
+        place = find([&](const ResultColumn &column) {
+            const QString &qualified = column.qualifiedName;
+            return alike(qualified) || (qualified.endsWith(name, Qt::CaseInsensitive) &&
+                                        qualified.endsWith(u'.' + name.toString(), Qt::CaseInsensitive));
+        });
     }
-    runtime::raise(3265);
+    if (place < 0) {
+        runtime::raise(3265);
+    }
+    return place;
 }
 
 bool Keyset::reads(const QString &table) const

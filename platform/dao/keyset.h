@@ -44,12 +44,17 @@ public:
     void movePrevious();
     void close();
 
-    runtime::Value value(int column); ///< of the current row: errors 3021 without one, 3167 where it is deleted
-    qint64 rowNumber() const;         ///< of the current row; error 3021 without one
-    void load();                      ///< brings the current row under a statement; errors as those of `value`
-    void release();                   ///< leaves the current row
-    void append(qint64 row);          ///< a row that this set has added stands at its end
-    void markDeleted();               ///< the current row, which this set has deleted
+    /// Of the current row: errors 3021 without one, 3167 where it is deleted.
+    runtime::Value value(int column)
+    {
+        return current_ != nullptr && partial_ == nullptr ? foundValue(column) : otherValue(column);
+    }
+
+    qint64 rowNumber() const; ///< of the current row; error 3021 without one
+    void load();              ///< brings the current row under a statement; errors as those of `value`
+    void release();           ///< leaves the current row
+    void append(qint64 row);  ///< a row that this set has added stands at its end
+    void markDeleted();       ///< the current row, which this set has deleted
 
     // For a snapshot, whose rows are all known and have their places.
     size_t complete();                          ///< meets all rows, forgets the deleted ones, and counts them
@@ -87,6 +92,11 @@ private:
     bool lookUpLast();
     void goToAdded(size_t added);
     bool seek();
+    runtime::Value foundValue(int column) const
+    {
+        return valueOf(*current_, column + static_cast<int>(width_), column);
+    }
+    runtime::Value otherValue(int column);
     runtime::Value partialValue(int column);
     runtime::Value valueOf(const Prepared &statement, int place, int column) const;
 

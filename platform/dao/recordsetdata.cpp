@@ -36,19 +36,15 @@ void RecordsetData::requireWriting() const
     }
 }
 
-runtime::Value RecordsetData::value(int column)
+/// Of the row being written: what was assigned, else what stands there.
+runtime::Value RecordsetData::writtenValue(int column)
 {
-    if (mode_ != Mode::Reading) {
-        keyset_.requireOpen();
-        const int place = keyset_.column(column).place;
-        if (place >= 0 && buffer_[static_cast<size_t>(place)]) {
-            return *buffer_[static_cast<size_t>(place)];
-        }
-        if (mode_ == Mode::Adding) {
-            return runtime::Null{};
-        }
+    keyset_.requireOpen();
+    const int place = keyset_.column(column).place;
+    if (place >= 0 && buffer_[static_cast<size_t>(place)]) {
+        return *buffer_[static_cast<size_t>(place)];
     }
-    return keyset_.value(column);
+    return mode_ == Mode::Adding ? runtime::Value(runtime::Null{}) : keyset_.value(column);
 }
 
 int RecordsetData::writablePlace(int column) const

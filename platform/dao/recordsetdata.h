@@ -27,7 +27,7 @@ public:
     void remove();
     void cancelUpdate();
 
-    runtime::Value value(int column);
+    runtime::Value value(int column) { return mode_ == Mode::Reading ? keyset_.value(column) : writtenValue(column); }
     void assign(int column, const runtime::Value &value);
 
 private:
@@ -36,6 +36,7 @@ private:
     const Table &table() const { return *keyset_.plan().tables.front(); }
     void requireWritable() const;
     void requireWriting() const;
+    runtime::Value writtenValue(int column);
     int writablePlace(int column) const;
     void updateRow();
     void insertRow();

@@ -154,42 +154,37 @@ void Prepared::bind(int place, const runtime::Value &value)
                value);
 }
 
-runtime::Value Prepared::text(int column) const
-{
-    const auto *const utf8 = sqlite3_column_text(statement_.get(), column);
-    return QString::fromUtf8(reinterpret_cast<const char *>(utf8), sqlite3_column_bytes(statement_.get(), column));
-}
-
 runtime::Value Prepared::value(int column, FieldType type) const
 {
-    sqlite3_stmt *const statement = statement_.get();
-    if (sqlite3_column_type(statement, column) == SQLITE_NULL) {
+    sqlite3_value *const value = sqlite3_column_value(statement_.get(), column);
+    if (sqlite3_value_type(value) == SQLITE_NULL) {
         return type == FieldType::Boolean ? runtime::Value(false) : runtime::Value(runtime::Null{});
     }
     switch (type) {
     case FieldType::Single:
-        return static_cast<float>(sqlite3_column_double(statement, column));
+        return static_cast<float>(sqlite3_value_double(value));
     case FieldType::Double:
-        return sqlite3_column_double(statement, column);
+        return sqlite3_value_double(value);
     case FieldType::Date:
-        return runtime::Date{sqlite3_column_double(statement, column)};
+        return runtime::Date{sqlite3_value_double(value)};
     case FieldType::Long: {
-        const qint64 number = sqlite3_column_int64(statement, column);
+        const qint64 number = sqlite3_value_int64(value);
         const bool fits = number == static_cast<qint32>(number);
         return fits ? runtime::Value(static_cast<qint32>(number)) : runtime::Value(static_cast<double>(number));
     }
     case FieldType::Byte:
     case FieldType::Integer:
-        return static_cast<qint16>(sqlite3_column_int(statement, column));
+        return static_cast<qint16>(sqlite3_value_int(value));
     case FieldType::Currency:
-        return asCurrency(sqlite3_column_double(statement, column));
+        return asCurrency(sqlite3_value_double(value));
     case FieldType::Boolean:
-        return sqlite3_column_int(statement, column) != 0;
+        return sqlite3_value_int(value) != 0;
     case FieldType::Text:
     case FieldType::Memo:
         break;
     }
-    return text(column);
+    const auto *const utf8 = sqlite3_value_text(value);
+    return QString::fromUtf8(reinterpret_cast<const char *>(utf8), sqlite3_value_bytes(value));
 }
 
 runtime::Value Prepared::value(int column) const
@@ -202,7 +197,7 @@ runtime::Value Prepared::value(int column) const
     case SQLITE_NULL:
         return runtime::Null{};
     default:
-        return text(column);
+        return value(column, FieldType::Text);
     }
 }
 

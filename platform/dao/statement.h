@@ -50,7 +50,6 @@ private:
     };
 
     void finish(int result);
-    runtime::Value text(int column) const;
 
     std::unique_ptr<sqlite3_stmt, Finalizer> statement_;
 };
