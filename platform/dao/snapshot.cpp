@@ -4,7 +4,6 @@
 #include "platform/runtime/error.h"
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -112,9 +111,9 @@ void SnapshotData::sweep(const Visitor &visit, std::vector<bool> &met)
     PartialRow partial{{}, {}, std::vector<bool>(columns), true};
     while (std::exchange(partial.missed, false)) {
         partial.statement = statementFor(partial);
-        size_t next = 0;
+        Found last{0, 0};
         while (!partial.missed && partial.statement.step()) {
-            const auto row = findRow(partial.statement, next);
+            const auto row = findRow(partial.statement, last);
             if (!row || met[*row] || kept_.contains(*row)) {
                 continue;
             }
@@ -143,29 +142,38 @@ Prepared SnapshotData::statementFor(PartialRow &partial)
     return keyset_.read((u"SELECT "_s + values.join(u", "_s) + u" FROM "_s + pieces.from + where).toUtf8());
 }
 
-/// The row with the row numbers that lead the statement's present one. It is mostly the one behind the last one found.
-std::optional<size_t> SnapshotData::findRow(const Prepared &statement, size_t &next)
+/// The row with the row numbers that lead the statement's present one. It mostly stands behind the last one found, in
+/// the order of storage or in that of the set.
+std::optional<size_t> SnapshotData::findRow(const Prepared &statement, Found &last)
 {
     const auto &rows = rowsByNumber(0);
-    const size_t tables = rowsByNumber_.size();
+    const qint64 number = statement.integer(0);
     const auto compare = [&](size_t row) {
-        for (size_t table = 0; table < tables; ++table) {
-            const qint64 number = statement.integer(static_cast<int>(table));
-            if (number != keyset_.rowNumber(row, table)) {
-                return keyset_.rowNumber(row, table) < number ? -1 : 1;
+        for (size_t table = 0; table < rowsByNumber_.size(); ++table) {
+            const qint64 wanted = statement.integer(static_cast<int>(table));
+            if (wanted != keyset_.rowNumber(row, table)) {
+                return keyset_.rowNumber(row, table) < wanted ? -1 : 1;
             }
         }
         return 0;
     };
-    if (next >= rows.size() || compare(rows[next]) != 0) {
-        const auto place =
-            std::partition_point(rows.begin(), rows.end(), [&](quint32 row) { return compare(row) < 0; });
-        next = static_cast<size_t>(place - rows.begin());
-        if (place == rows.end() || compare(*place) != 0) {
-            return std::nullopt;
-        }
+    const bool single = rowsByNumber_.size() == 1;
+    const auto fits = [&](const Numbered &one) { return one.number == number && (single || compare(one.row) == 0); };
+    if (last.next < rows.size() && fits(rows[last.next])) {
+        last.row = rows[last.next++].row;
+        return last.row;
     }
-    return rows[next++];
+    if (last.row + 1 < count_ && compare(last.row + 1) == 0) {
+        return ++last.row;
+    }
+    const auto place = std::partition_point(rows.begin(), rows.end(), [&](const Numbered &one) {
+        return one.number < number || (one.number == number && compare(one.row) < 0);
+    });
+    if (place == rows.end() || !fits(*place)) {
+        return std::nullopt;
+    }
+    last = {place->row, static_cast<size_t>(place - rows.begin()) + 1};
+    return last.row;
 }
 
 void SnapshotData::keep(size_t row)
@@ -173,7 +181,6 @@ void SnapshotData::keep(size_t row)
     if (kept_.contains(row)) {
         return;
     }
-    const Visit standing(keyset_);
     Values values;
     if (keyset_.standOn(row)) {
         const auto columns = static_cast<int>(keyset_.plan().columns.size());
@@ -187,34 +194,36 @@ void SnapshotData::keep(size_t row)
 
 void SnapshotData::keepAll()
 {
+    const Visit standing(keyset_);
+    keyset_.holdFile();
     for (size_t row = 0; row < count_; ++row) {
         keep(row);
     }
 }
 
-/// By the row numbers of a table, then by those of the others.
-bool SnapshotData::isBefore(size_t a, size_t b, size_t table) const
-{
-    if (keyset_.rowNumber(a, table) != keyset_.rowNumber(b, table)) {
-        return keyset_.rowNumber(a, table) < keyset_.rowNumber(b, table);
-    }
-    for (size_t other = 0; other < rowsByNumber_.size(); ++other) {
-        if (keyset_.rowNumber(a, other) != keyset_.rowNumber(b, other)) {
-            return keyset_.rowNumber(a, other) < keyset_.rowNumber(b, other);
-        }
-    }
-    return false;
-}
-
-/// Made when it is first needed: most lists are closed before a row of theirs changes.
-const std::vector<quint32> &SnapshotData::rowsByNumber(size_t table)
+/// Made when it is first needed: most lists are closed before a row of theirs changes. Rows of one number stand in the
+/// order of their other numbers.
+const std::vector<SnapshotData::Numbered> &SnapshotData::rowsByNumber(size_t table)
 {
     auto &rows = rowsByNumber_[table];
-    if (rows.size() != count_) {
-        rows.resize(count_);
-        std::iota(rows.begin(), rows.end(), 0);
-        std::sort(rows.begin(), rows.end(), [&](quint32 a, quint32 b) { return isBefore(a, b, table); });
+    if (rows.size() == count_) {
+        return rows;
     }
+    rows.reserve(count_);
+    for (size_t row = 0; row < count_; ++row) {
+        rows.push_back({keyset_.rowNumber(row, table), static_cast<quint32>(row)});
+    }
+    std::sort(rows.begin(), rows.end(), [this](const Numbered &a, const Numbered &b) {
+        if (a.number != b.number) {
+            return a.number < b.number;
+        }
+        for (size_t other = 0; other < rowsByNumber_.size(); ++other) {
+            if (keyset_.rowNumber(a.row, other) != keyset_.rowNumber(b.row, other)) {
+                return keyset_.rowNumber(a.row, other) < keyset_.rowNumber(b.row, other);
+            }
+        }
+        return false;
+    });
     return rows;
 }
 
@@ -231,11 +240,12 @@ void SnapshotData::rowChanges(const QString &table, qint64 row)
         if (tables[i]->name != table) {
             continue;
         }
+        const Visit standing(keyset_);
         const auto &rows = rowsByNumber(i);
-        auto place = std::lower_bound(rows.begin(), rows.end(), row,
-                                      [&](quint32 one, qint64 number) { return keyset_.rowNumber(one, i) < number; });
-        for (; place != rows.end() && keyset_.rowNumber(*place, i) == row; ++place) {
-            keep(*place);
+        auto place =
+            std::partition_point(rows.begin(), rows.end(), [row](const Numbered &one) { return one.number < row; });
+        for (; place != rows.end() && place->number == row; ++place) {
+            keep(place->row);
         }
     }
 }

@@ -29,23 +29,33 @@ public:
 private:
     using Values = std::vector<runtime::Value>;
 
+    struct Numbered {
+        qint64 number;
+        quint32 row;
+    };
+
+    /// The row met last, and the place behind its own in the order of row numbers.
+    struct Found {
+        size_t row;
+        size_t next;
+    };
+
     using Visitor = std::function<void(int row, const Recordset &)>;
 
     bool standOn(size_t row);
     bool isSweepQuicker();
     void sweep(const Visitor &visit, std::vector<bool> &met);
     Prepared statementFor(PartialRow &partial);
-    std::optional<size_t> findRow(const Prepared &statement, size_t &next);
-    bool isBefore(size_t a, size_t b, size_t table) const;
+    std::optional<size_t> findRow(const Prepared &statement, Found &last);
     void keep(size_t row);
     void keepAll();
-    const std::vector<quint32> &rowsByNumber(size_t table);
+    const std::vector<Numbered> &rowsByNumber(size_t table);
 
     Keyset &keyset_;
     Recordset set_;
     size_t count_;
-    std::unordered_map<size_t, Values> kept_;        ///< by row; without values where the row is gone
-    std::vector<std::vector<quint32>> rowsByNumber_; ///< a table each: the rows in the order of its row numbers
+    std::unordered_map<size_t, Values> kept_;         ///< by row; without values where the row is gone
+    std::vector<std::vector<Numbered>> rowsByNumber_; ///< a table each: the rows in the order of its row numbers
 };
 
 } // namespace dao
