@@ -57,7 +57,6 @@ const Schema &Connection::schema()
 void Connection::forgetSchema()
 {
     schemaKnown_ = false;
-    ++schemaAge_;
     plans_.clear();
     recent_.clear();
     writers_.clear();

@@ -59,7 +59,6 @@ public:
     const Schema &schema();
     void forgetSchema();
     void forgetNumbers(const QString &table) { given_.remove(table); } ///< of a table that is gone
-    int schemaAge() const { return schemaAge_; } ///< grows whenever what was known of the tables is forgotten
 
     /// The plan of a statement, from the cache where a statement of this shape was run before.
     std::shared_ptr<Plan> plan(const Tokens &tokens, QStringView statement);
@@ -117,7 +116,6 @@ private:
     std::unique_ptr<sqlite3, Closer> handle_;
     Schema schema_;
     bool schemaKnown_ = false;
-    int schemaAge_ = 0;
     Recent recent_; ///< the plans, the one used last in front
     QHash<QString, Recent::iterator> plans_;
     QHash<QString, std::shared_ptr<TableWriter>> writers_;

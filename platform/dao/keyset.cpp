@@ -40,7 +40,7 @@ Keyset::~Keyset()
 /// be told from those that were there at opening.
 bool Keyset::looksElsewhere() const
 {
-    return plan_->reads.size() > plan_->rowNumbers();
+    return plan_->reads.size() > static_cast<qsizetype>(plan_->tables.size());
 }
 
 void Keyset::copyRows()

@@ -13,13 +13,12 @@ namespace dao
 /// How a literal goes to the engine, which follows from what it is compared with.
 enum class BindAs { Itself, Number, Text, Date, Boolean };
 
-/// A column of a recordset: what it is called, what it holds, and which column of which table it is, if it is one.
+/// A column of a recordset: what it is called, what it holds, and which field it is, if it is one.
 struct ResultColumn {
     Field field;
     QString qualifiedName; ///< Table.Column; empty for an expression
     std::optional<FieldType> type;
-    int table = -1;
-    int place = -1;
+    int place = -1; ///< of the field that it shows, where it is one
 };
 
 /// The fields of one table that an UPDATE writes: which row number of the result tells the row, the places of the
@@ -77,7 +76,6 @@ struct Plan {
     int hidden = 0;                      ///< row numbers in front of an UPDATE's values
     Statement definition;                ///< of CREATE, ALTER, DROP and SELECT INTO
 
-    int rowNumbers() const { return static_cast<int>(tables.size()); }
     void clearPools();
 };
 

@@ -342,7 +342,6 @@ void SelectWriter::addColumn(Written &written, const Term &term, const QString &
     if (term.table >= 0) {
         column.field = fieldOf(term);
         column.qualifiedName = named ? scope_->sources[static_cast<size_t>(term.table)].name + u'.' + name : QString();
-        column.table = term.table;
         column.place = term.place;
     } else {
         column.field.type = term.type.value_or(FieldType::Text);

@@ -36,7 +36,6 @@ public:
     void bind(int place, qint64 value);
 
     qint64 integer(int column) const { return sqlite3_column_int64(statement_.get(), column); }
-    bool isNull(int column) const { return sqlite3_column_type(statement_.get(), column) == SQLITE_NULL; }
 
     /// The value in a field's own width. A Boolean is never Null.
     runtime::Value value(int column, FieldType type) const;

@@ -41,7 +41,6 @@ public:
 
 private:
     void refresh();
-    void check(const std::vector<int> &places, const std::vector<runtime::Value> &values) const;
     bool insertRow(qint64 row, const std::vector<runtime::Value> &values);
     qint64 highestCounter();
     void rememberCounter();
