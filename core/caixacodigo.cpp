@@ -11,11 +11,13 @@
 
 #include <QLineEdit>
 
+#include <utility>
+
 namespace core
 {
 
-CaixaDeCodigo::CaixaDeCodigo(ui::Form &janela, QLineEdit *caixa, const RegrasDoCodigo &regras)
-    : QObject(caixa), caixa_(caixa), regras_(regras)
+CaixaDeCodigo::CaixaDeCodigo(ui::Form &janela, QLineEdit *caixa, RegrasDoCodigo regras)
+    : QObject(caixa), caixa_(caixa), regras_(std::move(regras))
 {
     if (regras_.consulta != nullptr) {
         janela.onLostFocus(caixa, this, &CaixaDeCodigo::procura);

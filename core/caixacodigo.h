@@ -44,7 +44,7 @@ struct RegrasDoCodigo {
 class CaixaDeCodigo : public QObject
 {
 public:
-    CaixaDeCodigo(ui::Form &janela, QLineEdit *caixa, const RegrasDoCodigo &regras);
+    CaixaDeCodigo(ui::Form &janela, QLineEdit *caixa, RegrasDoCodigo regras);
 
     /// What leaving the box does.
     void procura();

@@ -131,7 +131,7 @@ void MontaLista(ui::ListView &lista, const Lista &descricao)
     }
 }
 
-Somas EncheLista(ui::ListView &lista, dao::Recordset linhas, const Lista &descricao, MostraDaJanela daJanela)
+Somas EncheLista(ui::ListView &lista, dao::Recordset linhas, const Lista &descricao, const MostraDaJanela &daJanela)
 {
     const ui::Hourglass ampulheta;
     lista.clear();

@@ -54,7 +54,8 @@ using MostraDaJanela = std::function<QString(const dao::Recordset &linha, int lu
 void MontaLista(ui::ListView &lista, const Lista &descricao);
 
 /// Fills a list with the rows of a statement instead of what stood there. Rows added by hand stand behind them.
-Somas EncheLista(ui::ListView &lista, dao::Recordset linhas, const Lista &descricao, MostraDaJanela daJanela = {});
+Somas EncheLista(ui::ListView &lista, dao::Recordset linhas, const Lista &descricao,
+                 const MostraDaJanela &daJanela = {});
 
 /// Sets the row selection on every row whose cell begins with `texto`, without regard to case; with `parar` the first
 /// match ends the search and is scrolled to. `coluna` counts from 1. True for an empty text or a match.

@@ -201,12 +201,10 @@ QStringView ListModel::cell(quint32 place, int column) const
 /// A row of the source; the next one that is read may take its room.
 const ListModel::Read &ListModel::read(quint32 place) const
 {
-    if (const auto *kept = read_.object(place)) {
-        return *kept;
+    if (!read_.contains(place)) {
+        read_.insert(place, new Read(source_->row(int(place))));
     }
-    auto *row = new Read(source_->row(int(place)));
-    read_.insert(place, row);
-    return *row;
+    return *read_.object(place);
 }
 
 QString ListModel::readText(quint32 place, int column) const
