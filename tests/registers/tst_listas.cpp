@@ -1,4 +1,5 @@
 // Lists that stand open while their rows are changed: from another window of the program, and from another program.
+#include "platform/dao/database.h"
 #include "registers/registers.h"
 #include "support/boxes.h"
 #include "support/cadastro.h"
@@ -45,7 +46,13 @@ private:
         click(window, u"btnTodos"_s);
         return window;
     }
-    support::OtherProgram other() const { return support::OtherProgram(program_->path(u"DADOS/DADOS.MDB"_s)); }
+
+    /// As another workstation does: through a connection of its own.
+    void deleteElsewhere() const
+    {
+        const auto elsewhere = dao::DBEngine::OpenDatabase(program_->path(u"DADOS/DADOS.MDB"_s));
+        elsewhere->Execute(u"DELETE * FROM Clientes WHERE Codigo = 1"_s);
+    }
 
     std::unique_ptr<support::Program> program_;
 };
@@ -109,7 +116,7 @@ void TstListas::aRowDeletedInAnotherWindowStays()
 void TstListas::aRowThatAnotherProgramDeletedIsTold()
 {
     auto *register_ = open(customers);
-    QVERIFY(other().run("DELETE FROM Clientes WHERE Codigo = 1"));
+    deleteElsewhere();
     clickHeader(register_, 1);
     QCOMPARE(columnOf(register_, 1), (QStringList{u"#Excluído"_s, u"BIA"_s}));
     QCOMPARE(columnOf(register_), (QStringList{u"#Excluído"_s, u"0002"_s}));
@@ -119,7 +126,7 @@ void TstListas::aRowThatAnotherProgramDeletedIsTold()
 void TstListas::aRowThatAnotherProgramDeletedLoadsNothing()
 {
     auto *register_ = open(customers);
-    QVERIFY(other().run("DELETE FROM Clientes WHERE Codigo = 1"));
+    deleteElsewhere();
     clickHeader(register_, 1);
     clickRow(register_, 1);
     QCOMPARE(text(register_, u"lblCodigo"_s), u"0002"_s);
