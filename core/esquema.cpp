@@ -93,16 +93,16 @@ constexpr std::array<Atualizacao, 8> atualizacoes{{
     {20, u"alter table Veiculos Add Chassi varchar(50)"},
 }};
 
-/// The columns by which registers, queries and ledgers order a table.
+/// The columns by which registers, queries and ledgers order a table. What is joined is sorted more quickly than its
+/// rows are looked up in the order of one of its tables.
 struct Ordem {
     QStringView tabela;
     QStringView colunas;
 };
 
-constexpr std::array<Ordem, 13> ordens{{
+constexpr std::array<Ordem, 11> ordens{{
     {u"Clientes", u"Nome"},
     {u"Fornecedores", u"Nome"},
-    {u"Veiculos", u"MarcaModelo"},
     {u"Pecas", u"Nome"},
     {u"Pecas", u"PS,Nome,MarcaModelo"},
     {u"Estoque", u"CodPeca,Data,Codigo"},
@@ -112,7 +112,6 @@ constexpr std::array<Ordem, 13> ordens{{
     {u"ContasReceber", u"Vencimento,Codigo"},
     {u"ContasPagar", u"Vencimento,Codigo"},
     {u"Cheques", u"Data,Codigo"},
-    {u"Fiados", u"Vencimento"},
 }};
 
 struct Tipo {

@@ -70,21 +70,40 @@ std::shared_ptr<Plan> Connection::plan(const Tokens &tokens, QStringView stateme
         return (*known)->second;
     }
     auto made = makePlan(tokens, statement);
+    if (made->keyset && looksUpAll(made->keys.sql())) {
+        made = std::make_shared<Plan>(rewrite(schema(), tokens, statement, true));
+    }
     made->sorted = made->keyset && sorts(made->scan.sql());
     keep(tokens.key, made);
     return made;
 }
 
-/// Whether the engine meets all rows of a statement, and sorts them, before it gives the first one.
-bool Connection::sorts(const QByteArray &sql)
+QStringList Connection::explain(const QByteArray &sql) const
 {
     Prepared explain(handle(), "EXPLAIN QUERY PLAN " + sql);
-    bool found = false;
+    QStringList steps;
     while (explain.step()) {
-        found =
-            found || std::get<QString>(explain.value(3, FieldType::Text)).startsWith(u"USE TEMP B-TREE FOR ORDER BY");
+        steps.append(std::get<QString>(explain.value(3, FieldType::Text)));
     }
-    return found;
+    return steps;
+}
+
+/// Whether the engine meets all rows of a statement, and sorts them, before it gives the first one.
+bool Connection::sorts(const QByteArray &sql) const
+{
+    const QStringList steps = explain(sql);
+    return std::any_of(steps.begin(), steps.end(),
+                       [](const QString &step) { return step.startsWith(u"USE TEMP B-TREE FOR ORDER BY"); });
+}
+
+/// Whether the engine goes through a whole table by an index that gives the order, and looks every row up: a search by
+/// another column does. Reading the table as it is stored and sorting what is found is many times as quick.
+bool Connection::looksUpAll(const QByteArray &sql) const
+{
+    const QStringList steps = explain(sql);
+    return std::any_of(steps.begin(), steps.end(), [](const QString &step) {
+        return step.startsWith(u"SCAN ") && step.contains(u" USING INDEX ") && step.contains(orderMark);
+    });
 }
 
 /// A name that is not found may be new: somebody else may have the file open.

@@ -106,7 +106,9 @@ private:
 
     void rollBack();
     void stepBegin();
-    bool sorts(const QByteArray &sql);
+    QStringList explain(const QByteArray &sql) const;
+    bool sorts(const QByteArray &sql) const;
+    bool looksUpAll(const QByteArray &sql) const;
     std::shared_ptr<Plan> makePlan(const Tokens &tokens, QStringView statement);
     void keep(const QString &key, const std::shared_ptr<Plan> &plan);
 

@@ -17,9 +17,10 @@ namespace
 class Rewriter : public UnionWriter
 {
 public:
-    Rewriter(const Schema &schema, const Tokens &tokens, QStringView text)
+    Rewriter(const Schema &schema, const Tokens &tokens, QStringView text, bool alwaysSorts)
         : UnionWriter(schema, tokens, text), tokens_(tokens)
     {
+        alwaysSorts_ = alwaysSorts;
     }
 
     Plan run(Statement statement)
@@ -280,9 +281,9 @@ private:
 
 } // namespace
 
-Plan rewrite(const Schema &schema, const Tokens &tokens, QStringView statement)
+Plan rewrite(const Schema &schema, const Tokens &tokens, QStringView statement, bool alwaysSorted)
 {
-    return Rewriter(schema, tokens, statement).run(parse(tokens, statement));
+    return Rewriter(schema, tokens, statement, alwaysSorted).run(parse(tokens, statement));
 }
 
 QString toSqlite(const Schema &schema, const QString &statement)

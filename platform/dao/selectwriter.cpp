@@ -404,7 +404,7 @@ OrderTerm SelectWriter::writeOrder(const Select &select, const OrderItem &item, 
         }
     }
     const Term term = place ? written.terms[*place] : write(expression);
-    const QString sql = asValue(term);
+    const QString sql = (alwaysSorts_ ? u"+"_s : QString()) + asValue(term);
     if (select.distinct && select.topLiteral >= 0 && !written.values().contains(asKey(term))) {
         runtime::raise(3093);
     }

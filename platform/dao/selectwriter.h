@@ -65,7 +65,8 @@ protected:
     QStringList rowNumbers() const;
     static QString rowNumber(const Source &source) { return source.alias + u'.' + rowName; }
 
-    QStringList reads_; ///< every table met so far
+    QStringList reads_;        ///< every table met so far
+    bool alwaysSorts_ = false; ///< rows are sorted even where an index has them in order
 
 private:
     void openSources(const std::vector<FromTable> &tables, Scope &scope);
