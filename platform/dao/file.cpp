@@ -46,9 +46,7 @@ void checkHeader(const QString &path)
     }
     const QByteArray header = file.read(headerSize);
     if (isGenuineJet(header)) {
-        throw runtime::RuntimeError(
-            3343, runtime::errorText(3343, {shownName(path)}) +
-                      u" É um banco de dados Jet (.MDB) genuíno e precisa ser convertido antes de ser usado."_s);
+        runtime::raise(3343, {shownName(path)}, runtime::Wording::GenuineJet);
     }
     if (!isOurs(header)) {
         runtime::raise(3343, {shownName(path)});

@@ -112,7 +112,7 @@ private:
             unsupported(first.text.toString());
         }
         if (first.kind == TokenKind::End) {
-            throw runtime::RuntimeError(3075, u"A instrução SQL está vazia."_s);
+            runtime::raise(3075, {}, runtime::Wording::EmptyStatement);
         }
         fail(u"Instrução SQL inválida; esperava-se 'DELETE', 'INSERT', 'SELECT' ou 'UPDATE'"_s);
     }
@@ -433,7 +433,7 @@ private:
         const QString type = name();
         const auto found = typeOfDefinition(type);
         if (!found) {
-            throw runtime::RuntimeError(3292, u"Tipo de campo '%1' desconhecido."_s.arg(type));
+            runtime::raise(3292, {type}, runtime::Wording::UnknownFieldType);
         }
         field.type = found->type;
         field.attributes = found->counter ? counterAttributes : 0;

@@ -120,7 +120,7 @@ QString ExpressionParser::name()
 
 void ExpressionParser::unsupported(const QString &command)
 {
-    throw runtime::RuntimeError(3075, u"Comando não suportado: %1."_s.arg(command.toUpper()));
+    runtime::raise(3075, {command.toUpper()}, runtime::Wording::UnknownCommand);
 }
 
 void ExpressionParser::refuseWords() const

@@ -13,6 +13,7 @@ namespace
 struct StandingText {
     int number;
     const char16_t *text;
+    Wording wording = Wording::Usual;
 };
 
 constexpr std::array standingTexts{
@@ -22,6 +23,7 @@ constexpr std::array standingTexts{
     StandingText{14, u"Espaço insuficiente para cadeias de caracteres"},
     StandingText{53, u"Arquivo não encontrado"},
     StandingText{91, u"Objeto não definido"},
+    StandingText{91, u"Objeto não definido: %1", Wording::UnknownName},
     StandingText{94, u"Uso inválido de Null"},
     StandingText{482, u"Erro de impressora"},
     StandingText{3010, u"A tabela '%1' já existe."},
@@ -34,6 +36,8 @@ constexpr std::array standingTexts{
     StandingText{3063, u"O campo '%1' aparece mais de uma vez como destino."},
     StandingText{3065, u"Não é possível executar uma consulta seleção."},
     StandingText{3075, u"%1 na expressão '%2'."},
+    StandingText{3075, u"A instrução SQL está vazia.", Wording::EmptyStatement},
+    StandingText{3075, u"Comando não suportado: %1.", Wording::UnknownCommand},
     StandingText{3078, u"A tabela ou consulta '%1' não foi encontrada. Verifique se o nome está correto."},
     StandingText{3079, u"O campo '%1' pode se referir a mais de uma tabela da instrução SQL."},
     StandingText{3082, u"A condição de JOIN usa o campo '%1', que não é de nenhuma das tabelas que ela une."},
@@ -58,11 +62,17 @@ constexpr std::array standingTexts{
     StandingText{3265, u"Item não encontrado nesta coleção."},
     StandingText{3280, u"Não é possível excluir o campo '%1': ele faz parte do índice '%2'."},
     StandingText{3292, u"Erro de sintaxe na definição de campo."},
+    StandingText{3292, u"Tipo de campo '%1' desconhecido.", Wording::UnknownFieldType},
     StandingText{3306, u"A subconsulta só pode devolver um campo."},
     StandingText{3307, u"As consultas de uma união precisam ter o mesmo número de colunas."},
     StandingText{3308, u"Argumento inválido em TOP."},
     StandingText{3315, u"O campo '%1' não aceita texto vazio."},
     StandingText{3343, u"O arquivo '%1' não é um banco de dados reconhecido."},
+    StandingText{
+        3343,
+        u"O arquivo '%1' não é um banco de dados reconhecido. É um banco de dados Jet (.MDB) genuíno e precisa "
+        "ser convertido antes de ser usado.",
+        Wording::GenuineJet},
     StandingText{3346, u"O número de valores e o de campos de destino não são iguais."},
     StandingText{3351, u"A cláusula ORDER BY de uma união só pode usar as colunas da primeira consulta."},
     StandingText{3360, u"A consulta é complexa demais."},
@@ -78,10 +88,10 @@ constexpr std::array standingTexts{
     StandingText{3464, u"Tipo de dados incompatível na expressão de critério."},
 };
 
-QStringView standingText(int number)
+QStringView standingText(int number, Wording wording)
 {
     for (const auto &entry : standingTexts) {
-        if (entry.number == number) {
+        if (entry.number == number && entry.wording == wording) {
             return entry.text;
         }
     }
@@ -113,14 +123,14 @@ RuntimeError::RuntimeError(int number, QString description)
 {
 }
 
-QString errorText(int number, const QStringList &arguments)
+QString errorText(int number, const QStringList &arguments, Wording wording)
 {
-    return filled(standingText(number), arguments);
+    return filled(standingText(number, wording), arguments);
 }
 
-void raise(int number, const QStringList &arguments)
+void raise(int number, const QStringList &arguments, Wording wording)
 {
-    throw RuntimeError(number, errorText(number, arguments));
+    throw RuntimeError(number, errorText(number, arguments, wording));
 }
 
 } // namespace runtime

@@ -26,10 +26,13 @@ private:
     QByteArray utf8_;
 };
 
+/// Which words an error has, where what happened tells more than its number.
+enum class Wording { Usual, UnknownName, EmptyStatement, UnknownCommand, UnknownFieldType, GenuineJet };
+
 /// The standing text of an error number; "" for a number without one. `arguments` fill %1, %2 of the text.
-QString errorText(int number, const QStringList &arguments = {});
+QString errorText(int number, const QStringList &arguments = {}, Wording wording = Wording::Usual);
 
 /// Raises `number` with its standing text.
-[[noreturn]] void raise(int number, const QStringList &arguments = {});
+[[noreturn]] void raise(int number, const QStringList &arguments = {}, Wording wording = Wording::Usual);
 
 } // namespace runtime

@@ -31,7 +31,7 @@ constexpr int marginTwips = 200;
 
 [[noreturn]] void raiseUnknown(const QString &name)
 {
-    throw runtime::RuntimeError(objectNotSet, runtime::errorText(objectNotSet) + u": "_s + name);
+    runtime::raise(objectNotSet, {name}, runtime::Wording::UnknownName);
 }
 
 QMdiSubWindow *frameOf(const Form &form)
