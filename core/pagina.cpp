@@ -4,7 +4,6 @@
 #include "core/modulo.h"
 #include "core/previsualiza.h"
 #include "platform/printer/printer.h"
-#include "platform/runtime/runtime.h"
 #include "platform/ui/listview.h"
 
 #include <algorithm>
@@ -100,7 +99,7 @@ void Desenho::desenhaTitulo()
 
 void Desenho::desenhaCabecalho(int primeira, int ultima)
 {
-    const QList<CampoImpresso> data{{pagina_.rotuloData.toString(), runtime::Format(runtime::Today(), mascaraData)}};
+    const QList<CampoImpresso> data{{pagina_.rotuloData.toString(), Hoje()}};
     const QString registros = AlinhaEsquerda(QString::number(lista_.count()), larguraDosRegistros);
     const QString exibindo = u"%1 à %2"_s.arg(primeira).arg(ultima);
     ImprimeCabecalho(saida_, Cabecalho{data} + textos_.linhas, true);

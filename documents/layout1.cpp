@@ -2,7 +2,6 @@
 #include "core/funcoes.h"
 #include "core/modulo.h"
 #include "documents/impressao.h"
-#include "platform/runtime/runtime.h"
 
 namespace documents
 {
@@ -58,7 +57,7 @@ void imprimeBlocos(const QList<Bloco> &blocos, printer::Surface &saida)
 void imprimeRodape(printer::Surface &saida)
 {
     const QStringList linhas{NomeEmpresa, Config(u"Endereco"_s), Config(u"Bairro"_s), Config(u"Telefone"_s),
-                             u"DATA: "_s + runtime::Format(runtime::Today(), mascaraData)};
+                             u"DATA: "_s + Hoje()};
     if (!cabe(saida, brancosAntesDoRodape + linhas.size())) {
         saida.NewPage();
     }

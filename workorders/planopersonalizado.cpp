@@ -95,7 +95,7 @@ bool PlanoPersonalizado::confere() const
         return false;
     }
     if (campos_.aVista->isChecked()) {
-        campos_.data->setText(Format(Today(), mascaraData));
+        campos_.data->setText(Hoje());
         return true;
     }
     return ValidaCampo(campos_.data, u"Data de Vencimento da parcela inválida"_s, TipoCampo::Data);
