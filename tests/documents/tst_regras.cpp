@@ -1,6 +1,7 @@
 #include "documents/itensgravados.h"
 #include "documents/listasitens.h"
 #include "documents/pecas.h"
+#include "support/errors.h"
 
 #include "core/modulo.h"
 #include "platform/dao/database.h"
@@ -11,22 +12,12 @@
 
 using namespace Qt::StringLiterals;
 using namespace documents;
+using support::errorOf;
 
 namespace
 {
 
 using Rows = std::vector<QStringList>;
-
-template<class Action>
-int errorOf(Action action)
-{
-    try {
-        action();
-    } catch (const runtime::RuntimeError &error) {
-        return error.number();
-    }
-    return 0;
-}
 
 } // namespace
 

@@ -1,5 +1,5 @@
 #include "platform/printer/printer.h"
-#include "platform/runtime/error.h"
+#include "support/errors.h"
 
 #include <QFile>
 #include <QProcess>
@@ -12,6 +12,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace printer;
+using support::errorOf;
 
 namespace
 {
@@ -84,16 +85,6 @@ private:
     rlimit before_{};
     void (*handler_)(int) = SIG_DFL;
 };
-
-int errorOf(const std::function<void()> &action)
-{
-    try {
-        action();
-    } catch (const runtime::RuntimeError &error) {
-        return error.number();
-    }
-    return 0;
-}
 
 } // namespace
 

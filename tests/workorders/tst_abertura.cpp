@@ -1,3 +1,4 @@
+#include "support/errors.h"
 #include "workorders/abertura.h"
 
 #include "core/modulo.h"
@@ -9,6 +10,7 @@
 using namespace Qt::StringLiterals;
 using namespace documents;
 using namespace workorders;
+using support::errorOf;
 
 namespace
 {
@@ -32,17 +34,6 @@ LinhaItem item(const QString &code, const QString &psa, const QString &quantity,
 {
     return {
         .codigo = code, .tipo = psa, .quantidade = quantity, .descricao = text, .valorUnit = price, .valorTotal = {}};
-}
-
-template<class Action>
-int errorOf(Action action)
-{
-    try {
-        action();
-    } catch (const runtime::RuntimeError &error) {
-        return error.number();
-    }
-    return 0;
 }
 
 } // namespace
