@@ -26,24 +26,23 @@ const QString again = u"Imprimir Outra Via ?"_s;
 const QString tooLittle = u"Valor Recebido Inferior ao Total da Ordem de Serviço"_s;
 
 /// Sees the titles of the input boxes that come up while it lives.
-class Titles
+class Titles : public QObject
 {
 public:
-    Titles()
-    {
-        QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] {
-            const auto *box = qobject_cast<QInputDialog *>(QApplication::activeModalWidget());
-            if (box != nullptr && box->isVisible()) {
-                seen_.insert(box->labelText(), box->windowTitle());
-            }
-        });
-        timer_.start(1);
-    }
+    Titles() { qApp->installEventFilter(this); }
 
     QString of(const QString &prompt) const { return seen_.value(prompt); }
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (const auto *box = qobject_cast<QInputDialog *>(watched); box != nullptr && event->type() == QEvent::Show) {
+            seen_.insert(box->labelText(), box->windowTitle());
+        }
+        return false;
+    }
+
 private:
-    QTimer timer_;
     QMap<QString, QString> seen_;
 };
 
