@@ -61,13 +61,13 @@ struct Plan {
     std::vector<std::shared_ptr<const Table>> tables; ///< whose row numbers lead the result, for a keyset
     QStringList reads;                                ///< every table that the statement looks at
     std::vector<ResultColumn> columns;
-    bool sorted = false;        ///< the engine has to sort all rows before it gives the first one
-    bool keyset = false;        ///< rows have identities; otherwise the result is a copy
-    bool asksInColumns = false; ///< a column shows what a query inside the statement finds
-    StatementPool scan;         ///< all rows in order
-    StatementPool keys;         ///< the row numbers of all rows in order, or of those that a DELETE takes
-    StatementPool seek;         ///< one row by its row numbers, which follow the literals
-    Pieces pieces;
+    bool sorted = false;                 ///< the engine has to sort all rows before it gives the first one
+    bool keyset = false;                 ///< rows have identities; otherwise the result is a copy
+    bool asksInColumns = false;          ///< a column shows what a query inside the statement finds
+    StatementPool scan;                  ///< all rows in order
+    StatementPool keys;                  ///< the row numbers of all rows in order, or of those that a DELETE takes
+    StatementPool seek;                  ///< one row by its row numbers, which follow the literals
+    Pieces pieces;                       ///< of a keyset, for a reading of some columns
     StatementPool last;                  ///< the last row; the highest row number that counts follows the literals
     std::shared_ptr<const Table> target; ///< the table that INSERT, DELETE, ALTER or DROP is about
     std::vector<int> targetPlaces;       ///< of the fields that an INSERT names
