@@ -139,8 +139,20 @@ QString JanelaMovimento::ordemDaLinha(const ui::ListItem &linha) const
 void JanelaMovimento::Lista_P()
 {
     const int linha = lista().selectedRow();
-    if (linha >= 0 && temCodigo(lista().item(linha).text())) {
-        teclaP(lista().item(linha));
+    if (linha < 0 || !temCodigo(lista().item(linha).text())) {
+        return;
+    }
+    const QString codigo = lista().item(linha).text();
+    teclaP(lista().item(linha));
+    escolhe(codigo);
+}
+
+/// A list that was filled anew has no row chosen; the user goes on from where he was.
+void JanelaMovimento::escolhe(const QString &codigo)
+{
+    if (const int linha = linhaDe(codigo); linha >= 0) {
+        lista().selectRow(linha);
+        lista().ensureVisible(linha);
     }
 }
 
@@ -188,7 +200,7 @@ void JanelaMovimento::btnAlterar_Click()
 
 void JanelaMovimento::comeca()
 {
-    const int linha = linhaDoCodigo();
+    const int linha = linhaDe(codigo());
     if (linha < 0) {
         return;
     }
@@ -269,7 +281,9 @@ std::optional<dao::Recordset> JanelaMovimento::linhaGravada() const
 /// The end of a change, written or given up.
 void JanelaMovimento::termina()
 {
+    const QString alterado = codigo();
     preenche();
+    escolhe(alterado);
     if (alterando()) {
         trava(false);
         limpa();
@@ -350,14 +364,13 @@ QString JanelaMovimento::codigo() const
     return linha < 0 ? QString() : lista().item(linha).text();
 }
 
-/// The row of that code, or -1 where the list does not show it.
-int JanelaMovimento::linhaDoCodigo() const
+/// The row of a code, or -1 where the list does not show it.
+int JanelaMovimento::linhaDe(const QString &codigo) const
 {
-    const QString procurado = codigo();
-    if (!temCodigo(procurado)) {
+    if (!temCodigo(codigo)) {
         return -1;
     }
-    const auto linhas = lista().rowsWhere(0, [&](const QString &texto) { return texto == procurado; });
+    const auto linhas = lista().rowsWhere(0, [&](const QString &texto) { return texto == codigo; });
     return linhas.empty() ? -1 : linhas.front();
 }
 

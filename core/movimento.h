@@ -95,7 +95,8 @@ protected:
 
 private:
     QString codigo() const;
-    int linhaDoCodigo() const;
+    int linhaDe(const QString &codigo) const;
+    void escolhe(const QString &codigo);
     std::optional<dao::Recordset> linhaGravada() const;
     int colunaDe(QStringView coluna) const;
     Operacao operacao() const;
