@@ -1,3 +1,4 @@
+#include "finance/finance.h"
 #include "platform/files/files.h"
 #include "platform/ui/application.h"
 #include "registers/registers.h"
@@ -15,6 +16,7 @@ int main(int argc, char **argv)
     workorders::registerForms();
     reports::registerForms();
     stock::registerForms();
+    finance::registerForms();
     shell::liga();
     shell::comeca();
     const int result = ui::Application::exec();

@@ -3,6 +3,7 @@
 #include "bench/oficina.h"
 #include "bench/relator.h"
 
+#include "finance/finance.h"
 #include "platform/ui/application.h"
 #include "registers/registers.h"
 #include "reports/reports.h"
@@ -82,6 +83,7 @@ int main(int argc, char **argv)
     registers::registerForms();
     workorders::registerForms();
     stock::registerForms();
+    finance::registerForms();
     reports::registerForms();
 
     const auto arguments = QCoreApplication::arguments();

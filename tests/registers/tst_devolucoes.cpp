@@ -1,4 +1,5 @@
 #include "core/devolucao.h"
+#include "finance/finance.h"
 #include "platform/ui/form.h"
 #include "registers/registers.h"
 #include "reports/reports.h"
@@ -166,6 +167,7 @@ void TstDevolucoes::initTestCase()
     registers::registerForms();
     workorders::registerForms();
     stock::registerForms();
+    finance::registerForms();
     reports::registerForms();
 }
 

@@ -1,4 +1,5 @@
 #include "core/modulo.h"
+#include "finance/finance.h"
 #include "platform/ui/controls.h"
 #include "platform/ui/form.h"
 #include "platform/ui/listview.h"
@@ -436,6 +437,7 @@ void TstAparencia::initTestCase()
     workorders::registerForms();
     reports::registerForms();
     stock::registerForms();
+    finance::registerForms();
 }
 
 void TstAparencia::init()

@@ -1,4 +1,5 @@
 #include "core/modulo.h"
+#include "finance/finance.h"
 #include "platform/dao/database.h"
 #include "platform/ui/form.h"
 #include "registers/registers.h"
@@ -219,6 +220,7 @@ void TstCaixas::initTestCase()
     reports::registerForms();
     shell::registerForms();
     stock::registerForms();
+    finance::registerForms();
     workorders::registerForms();
 }
 

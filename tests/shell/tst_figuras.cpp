@@ -1,3 +1,4 @@
+#include "finance/finance.h"
 #include "platform/ui/controls.h"
 #include "platform/ui/form.h"
 #include "registers/registers.h"
@@ -116,6 +117,7 @@ void TstFiguras::initTestCase()
     reports::registerForms();
     shell::registerForms();
     stock::registerForms();
+    finance::registerForms();
     workorders::registerForms();
 }
 

@@ -1,3 +1,4 @@
+#include "finance/finance.h"
 #include "platform/ui/form.h"
 #include "registers/registers.h"
 #include "reports/reports.h"
@@ -97,6 +98,7 @@ void TstMnemonicos::initTestCase()
     shell::registerForms();
     registers::registerForms();
     stock::registerForms();
+    finance::registerForms();
     workorders::registerForms();
     reports::registerForms();
 }

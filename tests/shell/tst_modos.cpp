@@ -1,4 +1,5 @@
 #include "core/modulo.h"
+#include "finance/finance.h"
 #include "platform/ui/form.h"
 #include "registers/registers.h"
 #include "reports/reports.h"
@@ -28,6 +29,7 @@ private slots:
         workorders::registerForms();
         reports::registerForms();
         stock::registerForms();
+        finance::registerForms();
     }
 
     void init()

@@ -1,4 +1,5 @@
 #include "core/modulo.h"
+#include "finance/finance.h"
 #include "platform/ui/form.h"
 #include "platform/ui/listview.h"
 #include "registers/registers.h"
@@ -218,6 +219,7 @@ void TstPercurso::initTestCase()
     shell::registerForms();
     registers::registerForms();
     stock::registerForms();
+    finance::registerForms();
     workorders::registerForms();
     reports::registerForms();
 }

@@ -2,6 +2,7 @@
 // standard output; what does not hold is told as "FAULT ...", with an exit code other than 0.
 #include "core/config.h"
 #include "core/modulo.h"
+#include "finance/finance.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
 #include "registers/registers.h"
@@ -57,6 +58,7 @@ int main(int argc, char **argv)
     workorders::registerForms();
     reports::registerForms();
     stock::registerForms();
+    finance::registerForms();
 
     support::Program program;
     configure(program, arguments.at(1).toUInt());

@@ -5,6 +5,7 @@
 // windows and the printed PDFs land in RESULTS. The pictures of the workshop's windows are taken once for every
 // surrounding that users have (a low screen, twice the scale, a larger font, a dark desktop), each in a process of its
 // own: demonstracao --telas FOLDER RESULTS SURROUNDING.
+#include "finance/finance.h"
 #include "platform/printer/printer.h"
 #include "platform/ui/application.h"
 #include "platform/ui/wait.h"
@@ -60,6 +61,7 @@ void registerForms()
     workorders::registerForms();
     reports::registerForms();
     stock::registerForms();
+    finance::registerForms();
 }
 
 /// False where the folder can't be made.
