@@ -68,6 +68,8 @@ constexpr std::array uses{
     Use{"frmOSConsulta", 9, "3"},
     Use{"frmOSConsulta", 10, "3"},
     Use{"frmMoviEstoque"},
+    Use{"frmMoviCaixa"},
+    Use{"frmMoviCaixa", 30},
     Use{"frmRelaPreVisualiza"},
 };
 

@@ -145,6 +145,11 @@ constexpr std::array rows{
     Row{u"frmMoviEstoque", u"txtDescricao", u"Estoque", u"Descricao"},
     Row{u"frmMoviEstoque", u"txtValor", u"Estoque", u"Entrada"},
 
+    Row{u"frmMoviCaixa", u"txtData", u"Caixa", u"Data"},
+    Row{u"frmMoviCaixa", u"txtDescricao", u"Caixa", u"Descricao"},
+    Row{u"frmMoviCaixa", u"txtValor", u"Caixa", u"Entrada"},
+    Row{u"frmMoviCaixa", u"txtTexto"},
+
     Row{u"frmSenha", u"txtCodigo"},
     Row{u"frmSenha", u"txtSenha"},
     Row{u"frmSenhaManut", u"txtCodigo", u"Senha", u"Codigo"},

@@ -50,6 +50,8 @@ constexpr State states[] = {
     {"parts", "frmCadaPecas"},
     {"quick register", "frmCadaFast"},
     {"stock", "frmMoviEstoque"},
+    {"cash book", "frmMoviCaixa"},
+    {"cash book as a report", "frmMoviCaixa", 30},
     {"preview", "frmRelaPreVisualiza"},
     {"order, compact", "frmOSAbre"},
     {"order, compact, material", "frmOSAbre", 0, "1", "0-0", "tabItems", 3},
