@@ -1,5 +1,6 @@
 #include "core/razao.h"
 
+#include "core/andamento.h"
 #include "core/banco.h"
 #include "core/funcoes.h"
 #include "core/modulo.h"
@@ -23,10 +24,15 @@ QString linhasDe(const Razao &razao, const QString &dono)
     return razao.dono.isEmpty() ? todas : todas + u" WHERE "_s + razao.dono + u" = "_s + dono;
 }
 
+QString condicaoDe(const Razao &razao, const QString &dono)
+{
+    return razao.dono.isEmpty() ? u"1=1"_s : razao.dono + u" = "_s + dono;
+}
+
 QString buscado(const Razao &razao, const QString &dono)
 {
-    const QString condicao = razao.dono.isEmpty() ? u"1=1"_s : razao.dono + u" = "_s + dono;
-    return LocalizaCampo(razao.saldo.toString(), razao.tabela.toString(), condicao + u" ORDER BY Codigo DESC"_s);
+    return LocalizaCampo(razao.saldo.toString(), razao.tabela.toString(),
+                         condicaoDe(razao, dono) + u" ORDER BY Codigo DESC"_s);
 }
 
 double numero(const QString &saldo, Precisao precisao)
@@ -81,7 +87,13 @@ float movimento(const Value &entrada, const Value &saida)
     return runtime::IsNull(entrada) ? -runtime::CSng(saida) : runtime::CSng(entrada);
 }
 
-void recalcula(dao::Recordset &linhas, QStringView colunaSaldo)
+int quantasLinhas(const Razao &razao, const QString &dono)
+{
+    const QString contadas = LocalizaCampo(u"count(Codigo)"_s, razao.tabela.toString(), condicaoDe(razao, dono));
+    return static_cast<int>(runtime::Val(contadas));
+}
+
+void recalcula(dao::Recordset &linhas, QStringView colunaSaldo, Andamento &andamento)
 {
     const int entrada = linhas.fieldPlace(u"Entrada");
     const int saida = linhas.fieldPlace(u"Saida");
@@ -92,6 +104,7 @@ void recalcula(dao::Recordset &linhas, QStringView colunaSaldo)
         linhas.Edit();
         linhas[coluna] = saldo;
         linhas.Update();
+        andamento.avanca();
     }
 }
 
@@ -148,7 +161,8 @@ void RecalculaRazao(const Razao &razao, const QString &dono)
     dao::Recordset linhas = DBDados->OpenRecordset(u"SELECT Entrada, Saida, "_s + razao.saldo + linhasDe(razao, dono) +
                                                    u" ORDER BY Data, Codigo"_s);
     if (!linhas.Eof()) {
-        recalcula(linhas, razao.saldo);
+        Andamento andamento(u"Recalculando os saldos"_s, [&] { return quantasLinhas(razao, dono); });
+        recalcula(linhas, razao.saldo, andamento);
     }
 }
 

@@ -7,7 +7,9 @@
 
 #include <QLabel>
 #include <QMouseEvent>
+#include <QProgressBar>
 
+#include <algorithm>
 #include <chrono>
 
 using namespace Qt::StringLiterals;
@@ -32,6 +34,7 @@ BarraStatus::BarraStatus(QWidget *parent) : QStatusBar(parent), teclas_(new ui::
     for (int i = 0; i < Paineis; ++i) {
         if (i == Num) {
             mensagem_ = novoPainel(u"lblMensagem"_s, 1);
+            andamento_ = novaBarra();
         }
         paineis_[i] = novoPainel(u"StatusBar_%1"_s.arg(i + 1));
     }
@@ -53,6 +56,17 @@ QLabel *BarraStatus::novoPainel(const QString &nome, int estica)
     return painel;
 }
 
+/// As high as the panels are: the bar must not grow, and the windows above it not move, when it comes.
+QProgressBar *BarraStatus::novaBarra()
+{
+    auto *barra = new QProgressBar(this);
+    barra->setObjectName(u"barraAndamento"_s);
+    barra->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+    addPermanentWidget(barra, 1);
+    barra->hide();
+    return barra;
+}
+
 void BarraStatus::setOperador(qint16 codigo, const QString &nome)
 {
     const QString texto = QString::number(codigo);
@@ -69,6 +83,28 @@ void BarraStatus::setPrograma(const QString &texto)
 void BarraStatus::setMensagem(const QString &texto)
 {
     mensagem_->setText(texto);
+}
+
+void BarraStatus::mostraAndamento(const QString &obra, int feitos, int total)
+{
+    if (!ampulheta_) {
+        ampulheta_.emplace();
+    }
+    andamento_->setAccessibleName(obra);
+    andamento_->setFormat(obra + u": %p%"_s);
+    andamento_->setRange(0, total);
+    andamento_->setValue(std::min(feitos, total));
+    mensagem_->hide();
+    andamento_->show();
+    repaint();
+}
+
+void BarraStatus::terminaAndamento()
+{
+    andamento_->hide();
+    mensagem_->show();
+    ampulheta_.reset();
+    repaint();
 }
 
 void BarraStatus::mousePressEvent(QMouseEvent *event)

@@ -1,11 +1,15 @@
 #pragma once
 
+#include "platform/ui/wait.h"
+
 #include <QStatusBar>
 #include <QTimer>
 
 #include <array>
+#include <optional>
 
 class QLabel;
+class QProgressBar;
 
 namespace ui
 {
@@ -16,7 +20,8 @@ namespace shell
 {
 
 /// The main window's status bar. Panels `StatusBar_1` to `StatusBar_6`: operator, program, NUM, CAPS, date, time;
-/// between the program and NUM stands the last message. Date and time go on each second.
+/// between the program and NUM stands the last message, or the progress of a long work. Date and time go on each
+/// second.
 class BarraStatus : public QStatusBar
 {
     Q_OBJECT
@@ -29,6 +34,11 @@ public:
     void setPrograma(const QString &texto);
     void setMensagem(const QString &texto);
 
+    /// Shows in the place of the message how far a long work is, with the waiting pointer. It is painted at once, as
+    /// no event is run meanwhile. Without a total it shows that something goes on.
+    void mostraAndamento(const QString &obra, int feitos, int total);
+    void terminaAndamento();
+
 signals:
     /// The right button pressed with Shift held, anywhere on the bar.
     void manutencao();
@@ -40,11 +50,14 @@ private:
     enum Painel { Operador, Programa, Num, Caps, Data, Hora, Paineis };
 
     QLabel *novoPainel(const QString &nome, int estica = 0);
+    QProgressBar *novaBarra();
     void atualizaRelogio();
     void atualizaTeclas();
 
     std::array<QLabel *, Paineis> paineis_{};
     QLabel *mensagem_ = nullptr;
+    QProgressBar *andamento_ = nullptr;
+    std::optional<ui::Hourglass> ampulheta_;
     ui::Locks *teclas_;
     QTimer relogio_;
 };

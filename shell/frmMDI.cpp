@@ -1,5 +1,6 @@
 #include "shell/frmMDI.h"
 
+#include "core/andamento.h"
 #include "core/banco.h"
 #include "core/config.h"
 #include "core/esquema.h"
@@ -50,6 +51,9 @@ frmMDI::frmMDI() : ui_(std::make_unique<Ui::frmMDI>())
     printer::printer().written = [this](const QString &arquivo) {
         ui_->StatusBar->setMensagem(u"impresso em "_s + dentroDaPasta(arquivo));
     };
+    core::defineMostrador({.mostra = [this](const QString &obra, int feitos,
+                                            int total) { ui_->StatusBar->mostraAndamento(obra, feitos, total); },
+                           .termina = [this] { ui_->StatusBar->terminaAndamento(); }});
 
     // Behind the press: a box that came up inside it would find the mouse held by the bar.
     connect(
@@ -59,6 +63,7 @@ frmMDI::frmMDI() : ui_(std::make_unique<Ui::frmMDI>())
 
 frmMDI::~frmMDI()
 {
+    core::defineMostrador({});
     printer::printer().written = nullptr;
     ui::Forms::instance().setModeSource(nullptr);
     ui::Forms::instance().setArea(nullptr);

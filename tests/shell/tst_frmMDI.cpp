@@ -1,3 +1,4 @@
+#include "core/andamento.h"
 #include "core/modulo.h"
 #include "platform/dao/database.h"
 #include "platform/printer/printer.h"
@@ -13,8 +14,11 @@
 #include <QImage>
 #include <QLabel>
 #include <QMenu>
+#include <QProgressBar>
 #include <QTest>
 #include <QWindow>
+
+#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -149,6 +153,51 @@ private slots:
         printer::printer().Print(u"ORDEM"_s);
         printer::printer().EndDoc();
         QCOMPARE(support::text(&shell::principal(), u"lblMensagem"_s), u"impresso em impressos/0001.pdf"_s);
+    }
+
+    void longWorkShowsInThePlaceOfTheMessage()
+    {
+        shell::principal().MDIForm_Load();
+        auto *bar = shell::principal().findChild<QProgressBar *>();
+        auto *message = shell::principal().findChild<QLabel *>(u"lblMensagem"_s);
+        QCoreApplication::processEvents(); // the window has its size only then
+        const int height = bar->parentWidget()->height();
+        const QRect place = message->geometry();
+        {
+            core::Andamento work(
+                u"Recalculando os saldos"_s, [] { return 200; }, 1);
+            work.avanca(10);
+            QVERIFY(!bar->isVisible());
+            QVERIFY(!QGuiApplication::overrideCursor());
+
+            QTest::qSleep(1050);
+            work.avanca(40);
+            QVERIFY(bar->isVisible());
+            QVERIFY(!message->isVisible());
+            QCOMPARE(bar->text(), u"Recalculando os saldos: 25%"_s);
+            QCOMPARE(bar->parentWidget()->height(), height);
+            QCOMPARE(bar->geometry().left(), place.left());
+            QCOMPARE(bar->geometry().width(), place.width());
+            QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+        }
+        QVERIFY(!bar->isVisible());
+        QVERIFY(message->isVisible());
+        QVERIFY(!QGuiApplication::overrideCursor());
+    }
+
+    void longWorkThatFailsLeavesNothingOnTheStatusBar()
+    {
+        shell::principal().MDIForm_Load();
+        const auto fails = [] {
+            core::Andamento work(
+                u"Imprimindo"_s, [] { return 0; }, 1);
+            QTest::qSleep(1050);
+            work.avanca();
+            throw std::runtime_error("on the way");
+        };
+        QVERIFY_THROWS_EXCEPTION(std::runtime_error, fails());
+        QVERIFY(!shell::principal().findChild<QProgressBar *>()->isVisible());
+        QVERIFY(!QGuiApplication::overrideCursor());
     }
 
     void everyConfigAndBackupItemStandsInItsMenu_data()
