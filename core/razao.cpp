@@ -37,7 +37,7 @@ QString buscado(const Razao &razao, const QString &dono)
 
 double numero(const QString &saldo, Precisao precisao)
 {
-    return precisao == Precisao::Double ? runtime::CDbl(saldo) : double{runtime::CSng(saldo)};
+    return precisao == Precisao::Single ? double{runtime::CSng(saldo)} : runtime::CDbl(saldo);
 }
 
 double saldoAnterior(const Razao &razao, const QString &dono, const Calculo &calculo)
@@ -73,12 +73,9 @@ Value escreveLados(dao::Recordset &linha, const Lancamento &lancamento, double a
         linha[u"Saida"] = lancamento.valor;
         return lancamento.valor;
     }
-    if (precisao == Precisao::Double) {
-        const double valor = runtime::CDbl(lancamento.valor);
-        return anterior + (saida ? -valor : valor);
-    }
-    const float valor = gravado(linha, coluna);
-    return SaldoDepois(static_cast<float>(anterior), saida ? -valor : valor);
+    const double valor =
+        precisao == Precisao::Double ? runtime::CDbl(lancamento.valor) : double{gravado(linha, coluna)};
+    return runtime::CSng(anterior + (saida ? -valor : valor));
 }
 
 /// A movement's effect on the balance. A row with neither side has none to give: the conversion of Null fails.

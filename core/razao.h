@@ -39,8 +39,13 @@ struct Lancamento {
 /// by way of a text, with the seven digits of a Single, and has no number for an empty ledger (error 13).
 enum class SaldoAnterior { UltimaLinha, Busca, BuscaOuZero, Nenhum };
 
-/// The width of the sum. A Double adds the value's text, a Single what the row has stored of it.
-enum class Precisao { Single, Double };
+/// The width of the sum, before it is stored in 32 bits. A text takes part in 64 bits, be it the balance that was
+/// looked up or the movement's value; what a row holds, in 32.
+enum class Precisao {
+    Single,        ///< both in 32 bits: the balance is converted, the value is what the row has stored of it
+    DoubleDoSaldo, ///< the balance's text and the value as stored
+    Double,        ///< the texts of both
+};
 
 struct Calculo {
     SaldoAnterior anterior = SaldoAnterior::UltimaLinha;

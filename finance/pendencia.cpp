@@ -43,7 +43,7 @@ Pendencia AlternaPendencia(const QString &codOs, const QString &codigo)
 void LancaPendencia(const QString &codOs, const QString &valor)
 {
     LancaNoRazao(razaoCaixa, {.descricao = u"O.S. "_s + runtime::Format(codOs, mascaraCodigo), .valor = valor},
-                 {SaldoAnterior::Busca});
+                 {SaldoAnterior::Busca, Precisao::DoubleDoSaldo});
 }
 
 } // namespace finance

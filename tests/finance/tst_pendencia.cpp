@@ -68,6 +68,7 @@ private slots:
     void postsTheValueToTheCashBook();
     void postsBehindTheNewestRowWhateverItsDate();
     void theBalanceIsReadWithSevenDigits();
+    void theSumIsOfTheTextAndTheStoredValue();
     void anEmptyCashBookIsAnErrorAndStaysEmpty();
 };
 
@@ -149,6 +150,17 @@ void TestPendencia::theBalanceIsReadWithSevenDigits()
     programa.sql(u"UPDATE Caixa SET Saldo = %1"_s.arg(QString::number(double{exato}, 'f', 6)));
     LancaPendencia(u"0001"_s, u"1,00"_s);
     QCOMPARE(std::get<float>(programa.value(u"SELECT Saldo FROM Caixa WHERE Codigo = 2"_s)), 1234568.0F);
+}
+
+/// The looked-up text takes part in the sum as it stands, the value as the row holds it.
+void TestPendencia::theSumIsOfTheTextAndTheStoredValue()
+{
+    const support::Program programa;
+    core::LancaNoRazao(core::razaoCaixa, {.descricao = u"ABERTURA"_s, .valor = u"80,14"_s});
+    LancaPendencia(u"0001"_s, u"300,66"_s);
+    const auto saldo = std::get<float>(programa.value(u"SELECT Saldo FROM Caixa WHERE Codigo = 2"_s));
+    QCOMPARE(saldo, static_cast<float>(80.14 + double{300.66F}));
+    QVERIFY(saldo != 80.14F + 300.66F);
 }
 
 void TestPendencia::anEmptyCashBookIsAnErrorAndStaysEmpty()
