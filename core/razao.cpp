@@ -57,6 +57,12 @@ double saldoAnterior(const Razao &razao, const QString &dono, const Calculo &cal
     return 0;
 }
 
+/// The words of a posting come from elsewhere and have others put in front: too long ones must not lose the money.
+Value queCabe(const dao::Recordset &linha, const QString &descricao)
+{
+    return ValorOuNulo(descricao.left(linha.field(linha.fieldPlace(u"Descricao")).size));
+}
+
 /// What a movement comes to, as the row holds it: a text has become a number by being written.
 float gravado(dao::Recordset &linha, QStringView coluna)
 {
@@ -115,7 +121,7 @@ void LancaNoRazao(const Razao &razao, const Lancamento &lancamento, const Calcul
             linha[razao.dono] = lancamento.dono;
         }
         linha[u"Data"] = runtime::IsEmpty(lancamento.data) ? Value(Hoje()) : lancamento.data;
-        linha[u"Descricao"] = lancamento.descricao;
+        linha[u"Descricao"] = queCabe(linha, lancamento.descricao);
         linha[razao.saldo] = escreveLados(linha, lancamento, saldo, calculo.precisao);
         if (!runtime::IsEmpty(lancamento.codOs)) {
             linha[u"CodOs"] = lancamento.codOs;

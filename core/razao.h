@@ -29,7 +29,7 @@ enum class Operacao { Entrada, Saida, Conferencia };
 struct Lancamento {
     QString dono = {};        ///< the owner's code, in a ledger that has owners
     runtime::Value data = {}; ///< today where none is given
-    QString descricao;
+    QString descricao;        ///< what the column can't hold of it is left out
     runtime::Value valor;
     Operacao operacao = Operacao::Entrada;
     runtime::Value codOs = {}; ///< the order behind it; not written where none is given

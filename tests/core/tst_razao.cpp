@@ -52,6 +52,7 @@ private slots:
     void aBalanceAfterAMovementOutOfRangeFails();
     void postsBehindTheNewestRow();
     void postsToOneOwnerAlone();
+    void wordsThatItsColumnCanNotHoldDoNotStopAPosting();
     void writesTheDayAndTheOrderThatAreTold();
     void aStockTakingFillsBothSidesAndSetsTheBalance();
     void goesOnFromTheBalanceAsItsPosterReadsIt_data();
@@ -122,6 +123,16 @@ void TestRazao::postsBehindTheNewestRow()
         {u"4"_s, hoje, u"TROCO"_s, u"<Null>"_s, u"0.5"_s, u"1240"_s, u"<Null>"_s}};
     QCOMPARE(programa.rows(u"SELECT * FROM Caixa WHERE Codigo > 2 ORDER BY Codigo"_s), esperado);
     QVERIFY(programa.rows(u"SELECT * FROM Banco1"_s).empty());
+}
+
+void TestRazao::wordsThatItsColumnCanNotHoldDoNotStopAPosting()
+{
+    const support::Program programa;
+    const QString demais(101, u'X');
+    core::LancaNoRazao(core::razaoCaixa, {.descricao = demais, .valor = 10.0F});
+    core::LancaNoRazao(core::razaoCaixa, {.descricao = {}, .valor = 5.0F});
+    const std::vector<QStringList> esperado{{demais.left(100), u"10"_s}, {u"<Null>"_s, u"15"_s}};
+    QCOMPARE(programa.rows(u"SELECT Descricao, Saldo FROM Caixa ORDER BY Codigo"_s), esperado);
 }
 
 void TestRazao::postsToOneOwnerAlone()
