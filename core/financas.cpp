@@ -11,19 +11,23 @@ using namespace Qt::StringLiterals;
 using runtime::IsEmpty;
 using runtime::Value;
 
+QStringView NomeDaTabela(TabelaContas tabela)
+{
+    return tabela == TabelaContas::Receber ? u"ContasReceber" : u"ContasPagar";
+}
+
 void IncluiConta(TabelaContas tabela, const Conta &conta)
 {
-    AcrescentaLinha(tabela == TabelaContas::Receber ? u"ContasReceber"_s : u"ContasPagar"_s,
-                    [&](dao::Recordset &linha) {
-                        linha[u"Data"] = IsEmpty(conta.data) ? Value(Hoje()) : conta.data;
-                        linha[u"Descricao"] = conta.descricao;
-                        linha[u"Valor"] = conta.valor;
-                        linha[u"Vencimento"] = conta.vencimento;
-                        linha[u"Pago"] = false;
-                        if (!IsEmpty(conta.codOs)) {
-                            linha[u"CodOs"] = conta.codOs;
-                        }
-                    });
+    AcrescentaLinha(NomeDaTabela(tabela).toString(), [&](dao::Recordset &linha) {
+        linha[u"Data"] = IsEmpty(conta.data) ? Value(Hoje()) : conta.data;
+        linha[u"Descricao"] = conta.descricao;
+        linha[u"Valor"] = conta.valor;
+        linha[u"Vencimento"] = conta.vencimento;
+        linha[u"Pago"] = false;
+        if (!IsEmpty(conta.codOs)) {
+            linha[u"CodOs"] = conta.codOs;
+        }
+    });
 }
 
 void BaixaConta(dao::Recordset &conta, const Value &data, const Value &valor)

@@ -15,6 +15,7 @@ namespace core
 {
 
 enum class TabelaContas { Receber, Pagar };
+QStringView NomeDaTabela(TabelaContas tabela);
 
 /// An account to receive or to pay.
 struct Conta {
