@@ -26,6 +26,16 @@ const auto salvar = u"Salvar"_s;
 const auto cancelar = u"Cancelar"_s;
 constexpr auto propLegenda = "legenda"; ///< the caption of a button as its layout has it
 
+/// False where a window has nothing to say.
+bool avisa(QStringView mensagem)
+{
+    if (mensagem.isEmpty()) {
+        return false;
+    }
+    ui::MsgBox(mensagem.toString(), ui::Icon::Exclamation, NomeEmpresa);
+    return true;
+}
+
 /// Rows of totals, and the one that stands for no result, have no code.
 bool temCodigo(const QString &codigo)
 {
@@ -240,8 +250,12 @@ int JanelaMovimento::colunaDe(QStringView coluna) const
 
 void JanelaMovimento::salva()
 {
+    if (codigo().isEmpty()) {
+        avisa(movimento_.semCodigo);
+        return;
+    }
     const bool semConferir = movimento_.localizaAntesDeConferir && !linhaGravada();
-    if (codigo().isEmpty() || (!semConferir && !confere(Gravacao::Alteracao))) {
+    if (!semConferir && !confere(Gravacao::Alteracao)) {
         return;
     }
     if (auto linha = linhaGravada()) {
@@ -249,8 +263,7 @@ void JanelaMovimento::salva()
         altera(*linha);
         linha->Update();
         linha->Close();
-    } else if (!movimento_.naoLocalizado.isEmpty()) {
-        ui::MsgBox(movimento_.naoLocalizado.toString(), ui::Icon::Exclamation, NomeEmpresa);
+    } else if (avisa(movimento_.naoLocalizado)) {
         return;
     }
     recalcula();

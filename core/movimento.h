@@ -43,6 +43,7 @@ struct Movimento {
     bool soAdministrador = false;         ///< only an administrator changes and deletes
     bool localizaAntesDeConferir = false; ///< a row that is gone is not checked
     bool cliqueCopia = false;             ///< a click copies the row into the boxes, and btnAlterar writes at once
+    QStringView semCodigo = {};           ///< for saving without a code; "" says nothing
     QStringView naoLocalizado = {};       ///< for a row that is gone when it is changed; "" says nothing and goes on
     bool teclaP = false;
 };

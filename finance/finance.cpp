@@ -1,6 +1,7 @@
 #include "finance/finance.h"
 
 #include "finance/frmMoviCaixa.h"
+#include "finance/frmMoviCheques.h"
 
 #include "core/devolucao.h"
 
@@ -12,6 +13,7 @@ using namespace Qt::StringLiterals;
 void registerForms()
 {
     core::RegistraJanela(u"frmMoviCaixa"_s, [] { return new frmMoviCaixa; });
+    core::RegistraJanela(u"frmMoviCheques"_s, [] { return new frmMoviCheques; });
 }
 
 } // namespace finance
