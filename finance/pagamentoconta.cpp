@@ -42,7 +42,8 @@ void PagaConta(const Pagamento &pagamento)
         return;
     }
     BaixaConta(conta, pagamento.data, pagamento.valor);
-    LancaNoRazao(razaoCaixa, {.descricao = pagamento.descricao, .valor = pagamento.valor, .operacao = Operacao::Saida});
+    LancaNoRazao(razaoCaixa, {.descricao = pagamento.descricao, .valor = pagamento.valor, .operacao = Operacao::Saida},
+                 {SaldoAnterior::UltimaLinha, Precisao::Double});
 }
 
 void ReabreConta(TabelaContas tabela, const QString &codigo)

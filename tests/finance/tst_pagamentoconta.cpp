@@ -37,6 +37,7 @@ private slots:
     void postsTodayBehindTheNewestRow();
     void anEmptyCashBookBeginsAtNothing();
     void theBalanceBeforeKeepsItsLastDigits();
+    void theAmountIsTakenAwayAsItsTextStands();
     void anAccountThatIsGoneLeavesNothing();
     void tellsHowAnAccountStands();
     void takesASettlementBack_data();
@@ -81,6 +82,20 @@ void TestPagamentoConta::theBalanceBeforeKeepsItsLastDigits()
     core::LancaNoRazao(core::razaoCaixa, {.descricao = u"VENDA"_s, .valor = 2097152.25F});
     finance::PagaConta(pagamento);
     QCOMPARE(programa.rows(u"SELECT Saldo FROM Caixa WHERE Codigo = 2"_s), Linhas{{u"2097076.8"_s}}); // 32 bits
+}
+
+/// In 64 bits, then stored in 32: the last bit is another one than in 32 bits throughout.
+void TestPagamentoConta::theAmountIsTakenAwayAsItsTextStands()
+{
+    const support::Program programa;
+    conta(TabelaContas::Pagar);
+    core::LancaNoRazao(core::razaoCaixa, {.descricao = u"VENDA"_s, .valor = 80.14F});
+    finance::Pagamento menor = pagamento;
+    menor.valor = u"11,27"_s;
+    finance::PagaConta(menor);
+    const auto saldo = std::get<float>(programa.value(u"SELECT Saldo FROM Caixa WHERE Codigo = 2"_s));
+    QCOMPARE(saldo, static_cast<float>(double{80.14F} - 11.27));
+    QVERIFY(saldo != 80.14F - 11.27F);
 }
 
 void TestPagamentoConta::anAccountThatIsGoneLeavesNothing()
