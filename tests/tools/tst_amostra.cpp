@@ -12,6 +12,8 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 using amostra::Preenche;
 using amostra::Resumo;
@@ -56,8 +58,8 @@ float single(const runtime::Value &value)
 }
 
 /// Walks a ledger in the order in which it was written, in 32-bit arithmetic; true when every row's balance is the
-/// replayed one. `rows` counts what was walked.
-bool replays(const QString &select, QStringView balanceColumn, int *rows)
+/// replayed one, within `apart`. `rows` counts what was walked.
+bool replays(const QString &select, QStringView balanceColumn, int *rows, float apart = 0)
 {
     float balance = 0;
     *rows = 0;
@@ -65,7 +67,7 @@ bool replays(const QString &select, QStringView balanceColumn, int *rows)
         balance += single(ledger.value(u"Entrada"));
         balance -= single(ledger.value(u"Saida"));
         ++*rows;
-        if (balance != runtime::CSng(ledger.value(balanceColumn))) {
+        if (std::abs(balance - runtime::CSng(ledger.value(balanceColumn))) > apart) {
             return false;
         }
     }
@@ -285,13 +287,15 @@ void TestAmostra::moneyLedgersReplay()
     QVERIFY(rows > 1);
 }
 
+/// A settled account is posted in 64 bits, behind a balance of seven digits: cents are right, the last bits may differ.
 void TestAmostra::accountsReplayForEachCustomer()
 {
+    constexpr float belowACent = 0.005F;
     int all = 0;
     for (const QStringList &customer : program_->rows(u"SELECT DISTINCT CodCliente FROM ContaFiado"_s)) {
         int rows = 0;
         const QString account = u"SELECT * FROM ContaFiado WHERE CodCliente = "_s + customer[0];
-        QVERIFY(replays(account + u" ORDER BY Codigo"_s, u"Saldo", &rows));
+        QVERIFY(replays(account + u" ORDER BY Codigo"_s, u"Saldo", &rows, belowACent));
         all += rows;
     }
     QVERIFY(all > 1);

@@ -5,6 +5,10 @@
 #include "core/funcoes.h"
 #include "core/modulo.h"
 #include "core/razao.h"
+#include "finance/compensacao.h"
+#include "finance/pagamentoconta.h"
+#include "finance/pendencia.h"
+#include "finance/recebimento.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
 #include "tools/amostra/catalogo.h"
@@ -46,58 +50,62 @@ QString vencidasAte()
     return u" WHERE Pago = False AND Vencimento <= "_s + core::DataSQL(runtime::Today(), 1) + u" ORDER BY Codigo"_s;
 }
 
-// --- postings at the tail of a ledger
+/// The codes first: what is done to a row may take it out of the set.
+QStringList codigos(const QString &consulta)
+{
+    QStringList todos;
+    for (auto linhas = core::DBDados->OpenRecordset(consulta); !linhas.Eof(); linhas.MoveNext()) {
+        todos << runtime::CStr(linhas.value(u"Codigo"));
+    }
+    return todos;
+}
+
+QString comoNaLista(const runtime::Value &valor)
+{
+    return runtime::Format(valor, core::mascaraValor);
+}
 
 using core::Operacao;
-
-/// A payment that came in from a customer: what is owed falls.
-void abateDaConta(const QString &codCliente, const QString &descricao, float valor)
-{
-    core::LancaNoRazao(core::razaoContaFiado,
-                       {.dono = codCliente, .descricao = descricao, .valor = valor, .operacao = Operacao::Saida});
-}
 
 // --- receivables
 
 /// The order that a receivable's description ends in, as in "CARNÊ Nº 0012-03".
-qint32 ordemDaDescricao(const QString &descricao)
+QString ordemDaDescricao(const QString &descricao)
 {
     const qsizetype fim = descricao.lastIndexOf(u'-');
     qsizetype inicio = fim;
     while (inicio > 0 && descricao.at(inicio - 1).isDigit()) {
         --inicio;
     }
-    return runtime::CLng(descricao.mid(inicio, fim - inicio));
+    return descricao.mid(inicio, fim - inicio);
 }
 
-/// A custom plan's credit sale stands in the customer's account too.
-void quitaPendencia(const QString &descricao, qint32 codOs, float valor)
-{
-    const QString ordem = QString::number(codOs);
-    const QString codCliente = core::LocalizaCampo(u"CodCliente"_s, u"Fiados"_s, u"CodOs = "_s + ordem);
-    abateDaConta(codCliente, u"PAGAMENTO: "_s + descricao, valor);
-    core::DBDados->Execute(u"UPDATE Fiados SET Pago = True WHERE CodOs = "_s + ordem);
-}
-
-void recebe(dao::Recordset &conta, const core::Razao &razao)
+/// A custom plan's credit sale stands in the customer's account and among the pending orders too.
+void recebe(const dao::Recordset &conta, const core::Razao &livro)
 {
     const QString descricao = runtime::CStr(conta.value(u"Descricao"));
-    const float valor = runtime::CSng(conta.value(u"Valor"));
-    const qint32 codOs = ordemDaDescricao(descricao);
-    core::BaixaConta(conta, core::Hoje());
-    core::LancaNoRazao(razao, {.descricao = descricao, .valor = valor, .codOs = codOs});
-    if (descricao.startsWith(u"O.S. PENDENTE")) {
-        quitaPendencia(descricao, codOs, valor);
+    finance::Recebimento recebimento{.codigo = runtime::CStr(conta.value(u"Codigo")),
+                                     .data = core::Hoje(),
+                                     .descricao = descricao,
+                                     .valor = comoNaLista(conta.value(u"Valor")),
+                                     .livro = &livro,
+                                     .codOs = ordemDaDescricao(descricao)};
+    const bool pendente = descricao.startsWith(u"O.S. PENDENTE");
+    const QString fiado = u"CodOs = "_s + recebimento.codOs;
+    if (pendente) {
+        recebimento.codCliente = core::LocalizaCampo(u"CodCliente"_s, u"Fiados"_s, fiado);
+    }
+    finance::Recebe(recebimento);
+    if (pendente) {
+        finance::AlternaPendencia(recebimento.codOs, core::LocalizaCampo(u"Codigo"_s, u"Fiados"_s, fiado));
     }
 }
 
+/// Their money came in with the receivable that each of them stands for.
 void compensaCheques()
 {
-    auto cheques = core::DBDados->OpenRecordset(u"SELECT * FROM Cheques"_s + vencidasAte());
-    for (; !cheques.Eof(); cheques.MoveNext()) {
-        cheques.Edit();
-        cheques[u"Pago"] = true;
-        cheques.Update();
+    for (const QString &codigo : codigos(u"SELECT * FROM Cheques"_s + vencidasAte())) {
+        finance::AlternaCheque(codigo);
     }
 }
 
@@ -107,17 +115,20 @@ bool soNoFiado(const QString &codOs)
     return core::LocalizaCampo(u"Pago"_s, u"OrdemServico"_s, u"Codigo = "_s + codOs) == u"False";
 }
 
-void recebeFiado(dao::Recordset &fiado)
+/// What the customer owes falls by a row that is entered by hand.
+void recebeFiado(const dao::Recordset &fiado)
 {
     const QString codOs = runtime::CStr(fiado.value(u"CodOs"));
-    const QString ordem = runtime::Format(fiado.value(u"CodOs"), core::mascaraCodigo);
-    const float valor = runtime::CSng(fiado.value(u"Valor"));
-    core::DBDados->Execute(u"UPDATE OrdemServico SET Pago = True WHERE Codigo = "_s + codOs);
-    fiado.Edit();
-    fiado[u"Pago"] = true;
-    fiado.Update();
-    core::LancaNoRazao(core::razaoCaixa, {.descricao = u"O.S. "_s + ordem, .valor = valor});
-    abateDaConta(runtime::CStr(fiado.value(u"CodCliente")), u"PAGAMENTO O.S. "_s + ordem, valor);
+    const QString codCliente = runtime::CStr(fiado.value(u"CodCliente"));
+    const QString valor = comoNaLista(fiado.value(u"Valor"));
+    finance::AlternaPendencia(codOs, runtime::CStr(fiado.value(u"Codigo")));
+    finance::LancaPendencia(codOs, valor);
+    core::LancaNoRazao(core::razaoContaFiado,
+                       {.dono = codCliente,
+                        .descricao = u"PAGAMENTO O.S. "_s + runtime::Format(codOs, core::mascaraCodigo),
+                        .valor = valor,
+                        .operacao = Operacao::Saida});
+    core::RecalculaRazao(core::razaoContaFiado, codCliente);
 }
 
 // --- bills and bank
@@ -200,12 +211,12 @@ void provisiona(float total)
     transfere(saque, false);
 }
 
-void paga(dao::Recordset &conta)
+void paga(const dao::Recordset &conta)
 {
-    core::BaixaConta(conta, core::Hoje());
-    const QString descricao = runtime::CStr(conta.value(u"Descricao"));
-    core::LancaNoRazao(core::razaoCaixa,
-                       {.descricao = descricao, .valor = conta.value(u"Valor"), .operacao = Operacao::Saida});
+    finance::PagaConta({.codigo = runtime::CStr(conta.value(u"Codigo")),
+                        .data = core::Hoje(),
+                        .valor = comoNaLista(conta.value(u"Valor")),
+                        .descricao = runtime::CStr(conta.value(u"Descricao"))});
 }
 
 void pagaDespesas()
@@ -215,6 +226,15 @@ void pagaDespesas()
     auto contas = core::DBDados->OpenRecordset(vencidas);
     for (; !contas.Eof(); contas.MoveNext()) {
         paga(contas);
+    }
+}
+
+/// Rows entered by hand recalculate their ledger; those of a week do it once.
+void recalculaLivros()
+{
+    core::RecalculaRazao(core::razaoCaixa);
+    for (const core::Razao &banco : bancosDaOficina) {
+        core::RecalculaRazao(banco);
     }
 }
 
@@ -314,6 +334,7 @@ void Acertos::daSemana()
     pagaDespesas();
     acertaCaixa();
     acertaBancos(faixaDoBanco(ordensPorMes_));
+    recalculaLivros();
 }
 
 } // namespace amostra
