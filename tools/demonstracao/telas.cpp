@@ -65,6 +65,8 @@ private slots:
     void entra();
     void cadastros();
     void estoque();
+    void livroCaixa();
+    void cheques();
     void abertura();
     void cadastroRapido();
     void consulta();
@@ -75,6 +77,7 @@ private slots:
 
 private:
     static QString movedPart();
+    static void showPeriod(ui::Form *window, int daysBefore, int daysBehind);
     static void show(ui::Form *window, const Fields &fields);
     static void newOrder();
     static ui::Form *newestOrder(qint16 mode);
@@ -164,6 +167,54 @@ void Telas::estoque()
                             {u"txtDescricao"_s, u"contagem do balcão e do depósito"_s},
                             {u"txtValor"_s, u"1288,88"_s}});
     picture(u"frmMoviEstoque"_s);
+    close(window);
+}
+
+/// The rows of a period around today.
+void Telas::showPeriod(ui::Form *window, int daysBefore, int daysBehind)
+{
+    const auto day = [](int days) {
+        return runtime::Format(runtime::DateAdd(u"d", days, runtime::Today()), u"ddmmyyyy");
+    };
+    type(window, u"txtDataInicio"_s, day(-daysBefore));
+    type(window, u"txtDataFim"_s, day(daysBehind));
+    click(window, u"btnPreenche"_s);
+    QVERIFY(cadastro::list(window)->count() > 1);
+}
+
+void Telas::livroCaixa()
+{
+    auto *window = choose(u"itmMoviCaixa"_s, u"frmMoviCaixa"_s);
+    picture(u"frmMoviCaixa_vazio"_s);
+    showPeriod(window, 60, 0);
+    cadastro::clickRow(window, 1);
+    cadastro::fill(window, {{u"txtData"_s, u"28/12/2028"_s},
+                            {u"txtDescricao"_s, u"aluguel do galpão da rua das acácias"_s},
+                            {u"txtValor"_s, u"1.234.567,89"_s}});
+    picture(u"frmMoviCaixa"_s);
+    click(window, u"btnAlterar"_s);
+    picture(u"frmMoviCaixa_altera"_s);
+    click(window, u"btnVoltar"_s);
+    close(window);
+
+    window = choose(u"itmRelaLivroCaixa"_s, u"frmMoviCaixa"_s);
+    showPeriod(window, 60, 0);
+    picture(u"frmMoviCaixa_relatorio"_s);
+    click(window, u"btnPrevisualizar"_s);
+    QTRY_VERIFY(cadastro::isOpen(u"frmRelaPreVisualiza"_s));
+    picture(u"frmRelaPreVisualiza_caixa"_s);
+    close(form(u"frmRelaPreVisualiza"_s));
+    click(window, u"btnBack"_s);
+}
+
+void Telas::cheques()
+{
+    auto *window = choose(u"itmMoviCheques"_s, u"frmMoviCheques"_s);
+    showPeriod(window, 60, 60);
+    cadastro::clickRow(window, 1);
+    click(window, u"btnAlterar"_s);
+    picture(u"frmMoviCheques"_s);
+    click(window, u"btnVoltar"_s);
     close(window);
 }
 
