@@ -194,6 +194,11 @@ void ListView::removeRow(int row)
     model_->removeOne(row);
 }
 
+ListRows ListView::rows() const
+{
+    return model_->rows();
+}
+
 std::vector<int> ListView::rowsWhere(int column, const std::function<bool(const QString &)> &accepts) const
 {
     return model_->rowsWhere(column, accepts);

@@ -14,6 +14,7 @@ namespace ui
 {
 
 class ListModel;
+class ListRows;
 class ListView;
 class RowSource;
 
@@ -76,6 +77,10 @@ public:
     int count() const;
     ListItem item(int row) const;
     void removeRow(int row);
+
+    /// The rows as they stand now, with their order and texts: for whoever shows them later, whatever is done to the
+    /// list meanwhile. Costs next to nothing, as those of a source are not read.
+    ListRows rows() const;
 
     /// The rows, from the first one down, whose text in the column is one that `accepts` takes.
     std::vector<int> rowsWhere(int column, const std::function<bool(const QString &)> &accepts) const;

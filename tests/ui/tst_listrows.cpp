@@ -132,6 +132,8 @@ private slots:
     void aListWithPicturesKeepsTheirPlaceFree();
     void checksAndKeysBelongToTheRow();
     void removedRowsStayAway();
+    void rowsTakenAwayStandAsTheyStood();
+    void rowsTakenAwayReadNothing();
 
     void sortReadsTheColumnOnce();
     void equalTextsKeepTheirOrder();
@@ -322,6 +324,48 @@ void tst_listrows::removedRowsStayAway()
     QCOMPARE(columnOf(*list_), (QStringList{u"A"_s, u"C"_s, u"D"_s}));
     list_->sortBy(1, Qt::DescendingOrder);
     QCOMPARE(columnOf(*list_), (QStringList{u"D"_s, u"C"_s, u"A"_s}));
+}
+
+void tst_listrows::rowsTakenAwayStandAsTheyStood()
+{
+    show({u"ANA"_s, u"BIA"_s, u"CAIO"_s}).gone = 2;
+    list_->addItem(u"x"_s, {u"TOTAL"_s, u"3,00"_s});
+    list_->item(0).setSubItem(1, u"AMELIA"_s);
+    list_->sortBy(1, Qt::DescendingOrder);
+    const ui::ListRows taken = list_->rows();
+    const auto stood = columnOf(*list_);
+    QCOMPARE(stood, (QStringList{u"TOTAL"_s, u"BIA"_s, u"AMELIA"_s, u"#Excluído"_s}));
+
+    const auto columnTaken = [&](int column) {
+        QStringList texts;
+        for (int row = 0; row < taken.count(); ++row) {
+            texts.append(taken.text(row, column));
+        }
+        return texts;
+    };
+    list_->item(0).setSubItem(1, u"OUTRO TOTAL"_s);
+    list_->item(1).setSubItem(1, u"BEATRIZ"_s);
+    list_->sortBy(1, Qt::AscendingOrder);
+    list_->removeRow(0);
+    list_->addItem(u"y"_s, {u"MAIS UM"_s});
+    QCOMPARE(columnTaken(1), stood);
+    show({u"ZECA"_s});
+    QCOMPARE(columnTaken(1), stood);
+    list_.reset();
+    QCOMPARE(columnTaken(1), stood);
+    QCOMPARE(columnTaken(0), (QStringList{u"x"_s, u"0002"_s, u"0001"_s, u"#Excluído"_s}));
+}
+
+void tst_listrows::rowsTakenAwayReadNothing()
+{
+    constexpr int rows = 100000;
+    show(manyNames(rows));
+    const ui::ListRows taken = list_->rows();
+    QCOMPARE(taken.count(), rows);
+    QCOMPARE(asked_.rows, QList<int>());
+    QCOMPARE(asked_.columns, QList<int>());
+    QCOMPARE(taken.text(rows - 1, 0), u"100000"_s);
+    QCOMPARE(asked_.rows, QList<int>{rows - 1});
 }
 
 void tst_listrows::sortReadsTheColumnOnce()
