@@ -1,5 +1,6 @@
 #include "core/lista.h"
 
+#include "core/andamento.h"
 #include "core/funcoes.h"
 #include "platform/dao/snapshot.h"
 #include "platform/runtime/runtime.h"
@@ -92,7 +93,9 @@ Somas somaLinhas(dao::Recordset &linhas, std::span<const Soma> somas)
     if (somas.empty()) {
         return totais;
     }
+    Andamento andamento(u"Somando"_s, [] { return 0; });
     for (; !linhas.Eof(); linhas.MoveNext()) {
+        andamento.avanca();
         for (std::size_t i = 0; i < somas.size(); ++i) {
             if (somas[i].conta == nullptr || somas[i].conta(linhas)) {
                 soma(totais[i], linhas.value(somas[i].coluna));

@@ -91,8 +91,9 @@ void BarraStatus::mostraAndamento(const QString &obra, int feitos, int total)
         ampulheta_.emplace();
     }
     andamento_->setAccessibleName(obra);
-    andamento_->setFormat(obra + u": %p%"_s);
-    andamento_->setRange(0, total);
+    const QString quanto = total > 0 ? u"%p%"_s : runtime::Format(feitos, u"#,##0");
+    andamento_->setFormat(obra + u": "_s + quanto);
+    andamento_->setRange(0, std::max(total, 1));
     andamento_->setValue(std::min(feitos, total));
     mensagem_->hide();
     andamento_->show();

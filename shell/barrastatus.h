@@ -35,7 +35,7 @@ public:
     void setMensagem(const QString &texto);
 
     /// Shows in the place of the message how far a long work is, with the waiting pointer. It is painted at once, as
-    /// no event is run meanwhile. Without a total it shows that something goes on.
+    /// no event is run meanwhile. Without a total it shows how much is done.
     void mostraAndamento(const QString &obra, int feitos, int total);
     void terminaAndamento();
 
