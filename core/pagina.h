@@ -33,7 +33,8 @@ struct LinhaImpressa {
     std::span<const CampoDaLista> campos;
 };
 
-/// How a list goes on paper: fixed-pitch texts, so many rows a page, no foot. A row takes one printed line or more.
+/// How a list goes on paper: fixed-pitch texts, so many rows a page, no foot. A row takes one printed line or more. The
+/// texts and fields are constants of the program, as a preview goes on reading them.
 struct Pagina {
     QStringView titulo;
     std::span<const LinhaImpressa> linhas;
@@ -55,7 +56,8 @@ struct TextosDaPagina {
 void DesenhaLista(printer::Surface &saida, const ui::ListView &lista, const Pagina &pagina,
                   const TextosDaPagina &textos = {});
 
-/// The same on the printer or, with the preview window shown and not waited for, in the preview.
+/// The same on the printer or, with the preview window shown and not waited for, in the preview. There a page is drawn
+/// when it is shown, whatever has become of the list meanwhile, so a list of any length is previewed at once.
 void ImprimeLista(Acao acao, const ui::ListView &lista, const Pagina &pagina, const TextosDaPagina &textos = {});
 
 } // namespace core

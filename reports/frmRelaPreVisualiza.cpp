@@ -71,7 +71,10 @@ frmRelaPreVisualiza::frmRelaPreVisualiza()
     ui_->setupUi(this);
     ui_->Area->setBackgroundRole(QPalette::Mid);
     ui_->Area->setAutoFillBackground(true);
-    folhas_.terminou = [this](std::vector<printer::Page> paginas) { mostraPaginas(std::move(paginas)); };
+    folhas_.terminou = [this](std::vector<printer::Page> paginas) {
+        const auto total = static_cast<int>(paginas.size());
+        mostraFolhas(total, [paginas = std::move(paginas)](int numero) { return paginas.at(std::size_t(numero)); });
+    };
 
     onClick(ui_->btnNext, &frmRelaPreVisualiza::btnNext_Click);
     onClick(ui_->btnBack, &frmRelaPreVisualiza::btnBack_Click);
@@ -97,27 +100,27 @@ void frmRelaPreVisualiza::Form_Load()
 
 printer::Surface &frmRelaPreVisualiza::comecaPaginas()
 {
-    mostraPaginas({});
+    mostraFolhas(0, {});
     folhas_.recomeca();
-    habilitaImpressao();
     return folhas_;
 }
 
-void frmRelaPreVisualiza::mostraPaginas(std::vector<printer::Page> paginas)
+void frmRelaPreVisualiza::mostraFolhas(int total, core::FonteDeFolhas folhas)
 {
     qDeleteAll(pics_);
     pics_.clear();
-    for (printer::Page &pagina : paginas) {
-        pics_.push_back(new FolhaVista(std::move(pagina), ui_->Papel));
+    fonte_ = std::move(folhas);
+    for (int numero = 0; numero < total; ++numero) {
+        pics_.push_back(new FolhaVista([this, numero] { return fonte_(numero); }, ui_->Papel));
         pics_.back()->setObjectName(u"pic_%1"_s.arg(pics_.size()));
-        pics_.back()->hide();
     }
-    ui_->lblPaginas->setText(QString::number(std::max<std::size_t>(pics_.size(), 1)));
+    ui_->lblPaginas->setText(QString::number(std::max(total, 1)));
     ui_->lblPagina->setText(u"1"_s);
     lblPagina_Change();
+    habilitaImpressao();
 }
 
-QWidget *frmRelaPreVisualiza::pic(int pagina) const
+FolhaVista *frmRelaPreVisualiza::pic(int pagina) const
 {
     const bool existe = pagina >= 1 && pagina <= static_cast<int>(pics_.size());
     return existe ? pics_.at(static_cast<std::size_t>(pagina) - 1) : nullptr;
@@ -139,31 +142,36 @@ void frmRelaPreVisualiza::btnBack_Click()
     }
 }
 
-/// Page by page: the change of the page hides its neighbours and no other.
 void frmRelaPreVisualiza::primeiraPagina()
 {
-    while (numero(ui_->lblPagina) > 1) {
-        btnBack_Click();
-    }
+    vaiPara(1);
 }
 
 void frmRelaPreVisualiza::ultimaPagina()
 {
-    while (numero(ui_->lblPagina) < numero(ui_->lblPaginas)) {
-        btnNext_Click();
+    vaiPara(numero(ui_->lblPaginas));
+}
+
+/// The change of the page hides its neighbours and no other.
+void frmRelaPreVisualiza::vaiPara(int pagina)
+{
+    FolhaVista *antes = pic(numero(ui_->lblPagina));
+    if (antes != nullptr && antes != pic(pagina)) {
+        antes->esconde();
     }
+    ui_->lblPagina->setText(QString::number(pagina));
 }
 
 void frmRelaPreVisualiza::lblPagina_Change()
 {
     const int pagina = numero(ui_->lblPagina);
-    ajustaPapel();
-    if (QWidget *esta = pic(pagina)) {
-        esta->show();
+    if (FolhaVista *esta = pic(pagina)) {
+        esta->mostra();
     }
+    ajustaPapel();
     for (const int vizinha : {pagina + 1, pagina - 1}) {
-        if (QWidget *outra = pic(vizinha)) {
-            outra->hide();
+        if (FolhaVista *outra = pic(vizinha)) {
+            outra->esconde();
         }
     }
     habilitaPaginas();
@@ -205,9 +213,9 @@ void frmRelaPreVisualiza::habilitaImpressao()
 
 QSizeF frmRelaPreVisualiza::folha() const
 {
-    const auto *mostrada = qobject_cast<const FolhaVista *>(pic(numero(ui_->lblPagina)));
+    const FolhaVista *esta = pic(numero(ui_->lblPagina));
     const printer::Printer &impressora = printer::printer();
-    return mostrada != nullptr ? mostrada->pagina().size() : QSizeF(impressora.Width(), impressora.Height());
+    return esta != nullptr ? esta->pagina().size() : QSizeF(impressora.Width(), impressora.Height());
 }
 
 void frmRelaPreVisualiza::ajustaPapel()

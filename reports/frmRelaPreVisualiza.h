@@ -43,6 +43,7 @@ public:
 
     void Form_Load() override;
     printer::Surface &comecaPaginas() override;
+    void mostraFolhas(int total, core::FonteDeFolhas folhas) override;
 
 protected:
     bool event(QEvent *event) override;
@@ -64,8 +65,8 @@ private:
     void tecla(const QKeySequence &sequencia, std::function<void()> acao);
     void rola(int pontos);
     void amplia(double fator);
-    void mostraPaginas(std::vector<printer::Page> paginas);
-    QWidget *pic(int pagina) const;
+    void vaiPara(int pagina);
+    FolhaVista *pic(int pagina) const;
     QSizeF folha() const;
     void ajustaPapel();
     void ajustaBarras();
@@ -74,6 +75,7 @@ private:
 
     std::unique_ptr<Ui::frmRelaPreVisualiza> ui_;
     FolhasPreVisualizadas folhas_;
+    core::FonteDeFolhas fonte_;
     std::vector<FolhaVista *> pics_; ///< page 1 first
     double zoom_ = 1;                ///< 1 is the width of the window
 };

@@ -46,17 +46,22 @@ QMarginsF unreachable(const QPagedPaintDevice &device)
     return layout.minimumMargins() * twipsPerPoint;
 }
 
-void paintPage(QPainter &painter, const QPagedPaintDevice &device, const Page &page)
+using PagePainted = std::function<void()>;
+
+void paintPage(QPainter &painter, const QPagedPaintDevice &device, const Page &page, const PagePainted &painted)
 {
     painter.save();
     painter.scale(device.logicalDpiX() / twipsPerInch, device.logicalDpiY() / twipsPerInch);
     painter.setTransform(fitToPrinter(page.size(), unreachable(device)), true);
     page.paint(painter);
     painter.restore();
+    if (painted) {
+        painted();
+    }
 }
 
 /// Draws the document; false where the device takes no pages.
-bool paintDocument(QPagedPaintDevice &device, const std::vector<Page> &document)
+bool paintDocument(QPagedPaintDevice &device, const std::vector<Page> &document, const PagePainted &painted)
 {
     device.setPageSize(QPageSize(QPageSize::A4));
     turn(device, document.front());
@@ -64,18 +69,18 @@ bool paintDocument(QPagedPaintDevice &device, const std::vector<Page> &document)
     if (!painter.begin(&device)) {
         return false;
     }
-    paintPage(painter, device, document.front());
+    paintPage(painter, device, document.front(), painted);
     for (auto page = document.begin() + 1; page != document.end(); ++page) {
         turn(device, *page);
         if (!device.newPage()) {
             return false;
         }
-        paintPage(painter, device, *page);
+        paintPage(painter, device, *page, painted);
     }
     return painter.end();
 }
 
-bool sendToPrinter(const QString &name, const std::vector<Page> &document)
+bool sendToPrinter(const QString &name, const std::vector<Page> &document, const PagePainted &painted)
 {
     const QPrinterInfo info = QPrinterInfo::printerInfo(name);
     if (info.isNull()) {
@@ -84,10 +89,10 @@ bool sendToPrinter(const QString &name, const std::vector<Page> &document)
     QPrinter device(info, QPrinter::HighResolution);
     device.setFullPage(true);
     device.setDocName(titleOf(document));
-    return device.isValid() && paintDocument(device, document);
+    return device.isValid() && paintDocument(device, document, painted);
 }
 
-QByteArray toPdf(const std::vector<Page> &document)
+QByteArray toPdf(const std::vector<Page> &document, const PagePainted &painted)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
@@ -96,7 +101,7 @@ QByteArray toPdf(const std::vector<Page> &document)
     writer.setResolution(resolution);
     writer.setPageMargins({});
     writer.setTitle(titleOf(document));
-    return paintDocument(writer, document) ? bytes : QByteArray();
+    return paintDocument(writer, document, painted) ? bytes : QByteArray();
 }
 
 /// The number of a file of ours, 0 for any other name.
@@ -205,12 +210,12 @@ void Printer::send(const std::vector<Page> &document)
 {
     const QString device = DeviceName();
     if (device != devicePdf) {
-        if (!sendToPrinter(device, document)) {
+        if (!sendToPrinter(device, document, pagePainted)) {
             runtime::raise(errorPrinter);
         }
         return;
     }
-    const QString path = writeNumbered(folder_, toPdf(document));
+    const QString path = writeNumbered(folder_, toPdf(document, pagePainted));
     if (path.isEmpty()) {
         runtime::raise(errorPrinter);
     }

@@ -33,6 +33,9 @@ public:
     /// Where the device "PDF" writes; the program sets it to `impressos` of its folder.
     void setOutputFolder(const QDir &folder);
 
+    /// Told of each page that is painted, behind it: a long document takes its time.
+    std::function<void()> pagePainted;
+
     /// Told of each file that the device "PDF" has written.
     std::function<void(const QString &path)> written;
 

@@ -1,11 +1,20 @@
+#include "core/andamento.h"
 #include "core/modulo.h"
 #include "core/pagina.h"
+#include "core/previsualiza.h"
+#include "platform/printer/printer.h"
 #include "platform/runtime/clock.h"
+#include "platform/runtime/error.h"
+#include "platform/ui/form.h"
 #include "platform/ui/listview.h"
 #include "support/program.h"
 
+#include <QDir>
+#include <QFile>
+#include <QScopeGuard>
 #include <QTest>
 
+#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -96,6 +105,38 @@ QStringList escritas(const printer::Page &folha)
     return linhas;
 }
 
+/// The preview's window, with what it was told.
+class Previa : public ui::Form, public PreVisualizador
+{
+public:
+    Previa() : ui::Form(u"frmRelaPreVisualiza"_s) {}
+
+    printer::Surface &comecaPaginas() override { return papel_; }
+
+    void mostraFolhas(int total, FonteDeFolhas fonte) override
+    {
+        folhas.clear();
+        for (int numero = total - 1; numero >= 0; --numero) { // in whatever order the user comes to them
+            folhas.insert(folhas.begin(), fonte(numero));
+        }
+    }
+
+    std::vector<printer::Page> folhas;
+
+private:
+    Papel papel_;
+};
+
+/// Sheets as their sizes and lines.
+std::vector<QStringList> lidas(const std::vector<printer::Page> &folhas)
+{
+    std::vector<QStringList> textos;
+    for (const printer::Page &folha : folhas) {
+        textos.push_back(QStringList(u"%1x%2"_s.arg(folha.size().width()).arg(folha.size().height())) + folha.lines());
+    }
+    return textos;
+}
+
 QString linhaDoCaixa(int linha)
 {
     return u"15/05/2024   LINHA %1        10,00                  1.234,50"_s.arg(linha, -38);
@@ -125,6 +166,12 @@ private slots:
     void aFieldMayBeBlankAndARowHaveAnEnd();
     void aTurnedPageIsWider();
     void theRowsStandAsTheListIsSorted();
+    void aTurnedPageTakes38RowsOf140Columns();
+    void aPageOf28RowsOfTwoLinesIsOneSheet();
+    void thePreviewHasTheSheetsOfThePrinter_data();
+    void thePreviewHasTheSheetsOfThePrinter();
+    void printingShowsHowFarItIs();
+    void printingThatFailsShowsNoMore();
 
 private:
     std::unique_ptr<support::Program> programa_;
@@ -315,6 +362,135 @@ void TestPagina::theRowsStandAsTheListIsSorted()
     lista.sortBy(2, Qt::DescendingOrder);
     QCOMPARE(escritas(desenhada(lista, paginaDoCaixa).front()).mid(6),
              (QStringList{linhaDoCaixa(3), linhaDoCaixa(2), linhaDoCaixa(1)}));
+}
+
+/// Where nothing is cut and no second sheet is begun.
+bool cabeNaFolha(const printer::Page &folha)
+{
+    const QSizeF area = folha.printableSize();
+    return std::ranges::all_of(folha.marks(), [&](const printer::Mark &marca) {
+        const auto &escrita = std::get<printer::TextMark>(marca);
+        const double direita =
+            escrita.position.x() + static_cast<double>(escrita.text.size()) * printer::characterWidth(escrita.font);
+        return direita <= area.width() && escrita.position.y() + printer::lineHeight(escrita.font) <= area.height();
+    });
+}
+
+void TestPagina::aTurnedPageTakes38RowsOf140Columns()
+{
+    static constexpr std::array campos{CampoDaLista{0}, CampoDaLista{2}};
+    static const QString titulos = u"COD.CH - "_s + u"OBSERVAÇÕES"_s.leftJustified(131);
+    static const std::array linhas{LinhaImpressa{titulos, campos}};
+    const Pagina pagina{
+        .titulo = u"RELAÇÃO DE CHEQUES", .linhas = linhas, .porPagina = 38, .tamanho = 8, .deitada = true};
+    ui::ListView lista;
+    preenche(lista, 0);
+    for (int linha = 1; linha <= 76; ++linha) {
+        lista.addItem(u"%1"_s.arg(linha, 4, 10, QChar(u'0')), {{}, QString(200, u'X')});
+    }
+    const auto folhas = desenhada(lista, pagina);
+    QCOMPARE(folhas.size(), 2U);
+    for (const printer::Page &folha : folhas) {
+        QVERIFY(cabeNaFolha(folha));
+        QCOMPARE(escritas(folha).size(), 6 + 38);
+        QCOMPARE(escritas(folha).last().size(), 140);
+    }
+    QCOMPARE(escritas(folhas.at(1)).at(4), u"Exibindo.....: de: 39 à 76"_s);
+}
+
+void TestPagina::aPageOf28RowsOfTwoLinesIsOneSheet()
+{
+    static constexpr std::array acima{CampoDaLista{1}};
+    static constexpr std::array abaixo{CampoDaLista{2}};
+    static constexpr std::array linhas{LinhaImpressa{u"DATA      ", acima}, LinhaImpressa{u"DESCRIÇÃO ", abaixo}};
+    const Pagina pagina{.titulo = u"ORDENS", .linhas = linhas, .porPagina = 28, .tamanho = 8};
+    const TextosDaPagina textos{.linhas = {{{u"O.S. Entre.......: "_s, u"01/05/2024 à 31/05/2024"_s}}}};
+    const auto folhas = desenhada(56, pagina, textos);
+    QCOMPARE(folhas.size(), 2U);
+    for (const printer::Page &folha : folhas) {
+        QVERIFY(cabeNaFolha(folha));
+        QCOMPARE(escritas(folha).size(), 8 + 2 * 28);
+    }
+}
+
+void TestPagina::thePreviewHasTheSheetsOfThePrinter_data()
+{
+    QTest::addColumn<int>("linhas");
+    QTest::addColumn<int>("cabecalho");
+    QTest::addColumn<int>("totais");
+    QTest::addColumn<bool>("deitada");
+    QTest::addColumn<int>("folhas");
+    QTest::newRow("no row") << 0 << 0 << 0 << false << 1;
+    QTest::newRow("a page and one") << 51 << 1 << 1 << false << 2;
+    QTest::newRow("turned") << 39 << 1 << 0 << true << 2;
+    QTest::newRow("totals too long for the page") << 100 << 0 << 20 << false << 3;
+    QTest::newRow("a header too long for every page") << 101 << 15 << 0 << false << 5;
+    QTest::newRow("both") << 100 << 15 << 70 << false << 5;
+}
+
+void TestPagina::thePreviewHasTheSheetsOfThePrinter()
+{
+    QFETCH(const int, linhas);
+    QFETCH(const int, cabecalho);
+    QFETCH(const int, totais);
+    QFETCH(const bool, deitada);
+    QFETCH(const int, folhas);
+    ui::Forms::instance().add(u"frmRelaPreVisualiza"_s, [] { return new Previa; });
+    Pagina pagina = paginaDoCaixa;
+    pagina.deitada = deitada;
+    pagina.porPagina = deitada ? 38 : 50;
+    pagina.tamanho = deitada ? 8 : 10;
+    TextosDaPagina textos;
+    for (int linha = 0; linha < cabecalho; ++linha) {
+        textos.linhas << QList<CampoImpresso>{{u"LINHA "_s, QString::number(linha)}};
+    }
+    for (int linha = 0; linha < totais; ++linha) {
+        textos.totais << QList<CampoImpresso>{{u"TOTAL "_s, QString::number(linha)}};
+    }
+    ui::ListView lista;
+    preenche(lista, linhas);
+
+    ImprimeLista(Acao::Imprime, lista, pagina, textos);
+    ImprimeLista(Acao::PreVisualiza, lista, pagina, textos);
+    const auto *previa = dynamic_cast<Previa *>(ui::Forms::instance().find(u"frmRelaPreVisualiza"_s));
+    QCOMPARE(static_cast<int>(previa->folhas.size()), folhas);
+    QCOMPARE(lidas(previa->folhas), lidas(printer::printer().lastDocument()));
+}
+
+void TestPagina::printingShowsHowFarItIs()
+{
+    QStringList visto;
+    defineMostrador({.mostra = [&](const QString &obra, int feitos,
+                                   int total) { visto << u"%1 %2/%3"_s.arg(obra).arg(feitos).arg(total); },
+                     .termina = [&] { visto << u"fim"_s; },
+                     .demora = std::chrono::milliseconds(0)});
+    const auto desliga = qScopeGuard([] { defineMostrador({}); });
+    ui::ListView lista;
+    preenche(lista, 5000);
+    ImprimeLista(Acao::Imprime, lista, paginaDoCaixa);
+    QCOMPARE(visto.first(), u"Imprimindo 1/1000"_s);
+    QVERIFY2(visto.size() > 2, qPrintable(visto.join(u' ')));
+    QCOMPARE(visto.last(), u"fim"_s);
+    QVERIFY(!printer::printer().pagePainted);
+}
+
+void TestPagina::printingThatFailsShowsNoMore()
+{
+    int vistos = 0;
+    int fins = 0;
+    defineMostrador({.mostra = [&](const QString & /*obra*/, int /*feitos*/, int /*total*/) { ++vistos; },
+                     .termina = [&] { ++fins; },
+                     .demora = std::chrono::milliseconds(0)});
+    const auto desliga = qScopeGuard([] { defineMostrador({}); });
+    QFile obstaculo(programa_->path(u"impressos"_s));
+    QVERIFY(obstaculo.open(QIODevice::WriteOnly)); // a file where the folder should stand
+    printer::printer().setOutputFolder(QDir(programa_->path(u"impressos"_s)));
+    ui::ListView lista;
+    preenche(lista, 5);
+    QVERIFY_THROWS_EXCEPTION(runtime::RuntimeError, ImprimeLista(Acao::Imprime, lista, paginaDoCaixa));
+    QVERIFY(vistos > 0);
+    QCOMPARE(fins, 1);
+    QVERIFY(!printer::printer().pagePainted);
 }
 
 TARVELO_TEST_MAIN(TestPagina)

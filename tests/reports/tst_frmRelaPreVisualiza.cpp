@@ -1,9 +1,12 @@
 #include "core/modulo.h"
 #include "core/previsualiza.h"
 #include "platform/printer/printer.h"
+#include "platform/runtime/error.h"
+#include "platform/ui/application.h"
 #include "platform/ui/controls.h"
 #include "platform/ui/form.h"
 #include "reports/reports.h"
+#include "support/boxes.h"
 #include "support/program.h"
 
 #include <QLabel>
@@ -59,15 +62,33 @@ void draw(printer::Surface &surface, int pages)
     surface.EndDoc();
 }
 
-/// A preview of so many pages, open and shown.
-ui::Form *open(int pages)
+/// The preview that stands open, ready for keys.
+ui::Form *activated()
 {
-    draw(core::AbrePreVisualizacao(), pages);
     ui::Form *form = ui::Forms::instance().find(preview);
     form->window()->resize(900, 700);
     form->window()->activateWindow();
     [&] { QVERIFY(QTest::qWaitForWindowActive(form->window())); }();
     return form;
+}
+
+/// A preview of so many pages, open and shown.
+ui::Form *open(int pages)
+{
+    draw(core::AbrePreVisualizacao(), pages);
+    return activated();
+}
+
+/// The same with pages that are made when they are shown; `made` takes down their numbers.
+ui::Form *openUnmade(int pages, QList<int> &made)
+{
+    core::PreVisualiza(pages, [&made](int number) {
+        made << number + 1;
+        printer::Page page(QSizeF(11906, 16838));
+        page.add(printer::TextMark{{0, 0}, u"FOLHA %1"_s.arg(number + 1), {}});
+        return page;
+    });
+    return activated();
 }
 
 QWidget *pic(ui::Form *form, int page)
@@ -140,6 +161,9 @@ private slots:
     void aPageIsDrawnAsOnPaper_data();
     void aPageIsDrawnAsOnPaper();
     void paperIsWhiteOnADarkDesktop();
+    void aPageIsMadeWhenItIsShown();
+    void theEndOfALongPreviewIsOneStepAway();
+    void aPageThatCanNotBeMadeIsTheErrorThatItIs();
     void aSecondPreviewDropsTheFirst();
     void pagesNotEndedAreForgotten();
     void closingUnloadsThePages_data();
@@ -383,6 +407,56 @@ void tst_frmRelaPreVisualiza::paperIsWhiteOnADarkDesktop()
     const QImage page = pic(form, 1)->grab().toImage();
     QApplication::setPalette(before);
     QCOMPARE(page.pixelColor(page.rect().center()), QColor(Qt::white));
+}
+
+void tst_frmRelaPreVisualiza::aPageIsMadeWhenItIsShown()
+{
+    QList<int> made;
+    ui::Form *form = openUnmade(400, made);
+    QCOMPARE(counts(form), u"1 de 400"_s);
+    QVERIFY(pic(form, 400) != nullptr);
+    QVERIFY(pic(form, 401) == nullptr);
+    QCOMPARE(made, QList<int>{1});
+
+    support::click(form, u"btnNext"_s);
+    QCOMPARE(made, (QList<int>{1, 2}));
+    // Zooming draws it anew from what is there, and a page that was left is made anew.
+    turnWheel(form, 120, Qt::ControlModifier);
+    form->window()->grab();
+    QCOMPARE(made, (QList<int>{1, 2}));
+    support::click(form, u"btnBack"_s);
+    QCOMPARE(made, (QList<int>{1, 2, 1}));
+}
+
+void tst_frmRelaPreVisualiza::theEndOfALongPreviewIsOneStepAway()
+{
+    QList<int> made;
+    ui::Form *form = openUnmade(400, made);
+    support::key(form, u"btnVoltar"_s, Qt::Key_End);
+    QCOMPARE(counts(form), u"400 de 400"_s);
+    QCOMPARE(shown(form), u"400"_s);
+    support::key(form, u"btnVoltar"_s, Qt::Key_End);
+    support::key(form, u"btnVoltar"_s, Qt::Key_Home);
+    QCOMPARE(shown(form), u"1"_s);
+    QCOMPARE(made, (QList<int>{1, 400, 1}));
+}
+
+/// Raised by the key that turned the page, not lost in the painting.
+void tst_frmRelaPreVisualiza::aPageThatCanNotBeMadeIsTheErrorThatItIs()
+{
+    core::PreVisualiza(2, [](int number) {
+        if (number == 1) {
+            runtime::raise(13);
+        }
+        return printer::Page(QSizeF(11906, 16838));
+    });
+    ui::Form *form = activated();
+    support::Boxes boxes;
+    boxes.critical(u"Erro em tempo de execução '13':\n\nTipos incompatíveis"_s);
+    support::click(form, u"btnNext"_s);
+    QVERIFY(ui::Application::ended());
+    boxes.finish();
+    ui::Application::resetEnd();
 }
 
 void tst_frmRelaPreVisualiza::aSecondPreviewDropsTheFirst()

@@ -13,6 +13,7 @@
 #include "support/program.h"
 
 #include <QElapsedTimer>
+#include <QHeaderView>
 #include <QPushButton>
 #include <QTest>
 
@@ -174,6 +175,10 @@ private slots:
     void printsAgainAsThePageIsAskedForThen();
     void previewsWhatItPrints();
     void thePreviewPrintsThroughTheReport();
+    void thePreviewShowsWhatStoodOnTheScreen();
+    void aSecondReportTakesThePlaceOfTheFirstInThePreview();
+    void theListIsWorkedInBehindThePreview();
+    void totalsMoveWithTheirRowsInASort();
     void theListStandsAsItIs();
     void aReportWithoutAPageHasNoPaper();
     void aDoubleClickOpensTheRecord();
@@ -320,6 +325,89 @@ void TestRelatorio::thePreviewPrintsThroughTheReport()
     click(previa, u"btnPrint"_s);
     QCOMPARE(impresso(), esperado);
     QCOMPARE(support::text(form, u"lblPrint"_s), u"1"_s);
+}
+
+/// Whatever becomes of the rows, of the boxes that were asked, and of the list.
+void TestRelatorio::thePreviewShowsWhatStoodOnTheScreen()
+{
+    for (int peca = 4; peca <= 60; ++peca) {
+        programa_->part(u"CALOTA %1"_s.arg(peca), u"P"_s, u"10"_s);
+    }
+    ui::Form *form = abre(90);
+    cadastro::list(form)->sortBy(1, Qt::DescendingOrder);
+    click(form, u"btnPrint"_s);
+    const auto esperado = impresso();
+    QCOMPARE(esperado.size(), 2U);
+    click(form, u"btnPrevisualizar"_s);
+    const auto confere = [&] { QCOMPARE(previsto(), esperado); };
+
+    cadastro::list(form)->sortBy(0, Qt::AscendingOrder);
+    cadastro::list(form)->item(0).setSubItem(1, u"OUTRO NOME"_s);
+    letra = u"Q"_s;
+    NomeEmpresa = u"OUTRA OFICINA"_s;
+    confere();
+    programa_->sql(u"UPDATE Pecas SET Nome = 'MUDADA' WHERE Codigo < 20"_s);
+    programa_->sql(u"DELETE * FROM Pecas WHERE Codigo > 40"_s);
+    confere();
+    form->Unload();
+    confere();
+    programa_->sql(u"DELETE * FROM Pecas"_s);
+    ui::Form *previa = ui::Forms::instance().find(u"frmRelaPreVisualiza"_s);
+    click(previa, u"btnNext"_s);
+    confere();
+    QCOMPARE(support::text(previa, u"lblPagina"_s), u"2"_s);
+    NomeEmpresa = u"Tarvelo"_s;
+}
+
+void TestRelatorio::aSecondReportTakesThePlaceOfTheFirstInThePreview()
+{
+    for (int peca = 4; peca <= 120; ++peca) {
+        programa_->part(u"CALOTA %1"_s.arg(peca), u"P"_s, u"10"_s);
+    }
+    ui::Form *form = abre(92);
+    click(form, u"btnPrevisualizar"_s);
+    ui::Form *previa = ui::Forms::instance().find(u"frmRelaPreVisualiza"_s);
+    click(previa, u"btnNext"_s);
+    QCOMPARE(support::text(previa, u"lblPaginas"_s), u"3"_s);
+    form->Unload();
+
+    letra = u"B"_s;
+    form = abre(92);
+    click(form, u"btnPrint"_s);
+    click(form, u"btnPrevisualizar"_s);
+    QCOMPARE(ui::Forms::instance().find(u"frmRelaPreVisualiza"_s), previa);
+    QCOMPARE(support::text(previa, u"lblPaginas"_s), u"1"_s);
+    QCOMPARE(support::text(previa, u"lblPagina"_s), u"1"_s);
+    QCOMPARE(previsto(), impresso());
+}
+
+/// The preview keeps nobody waiting: the window behind it is sorted by the mouse and prints what it shows then.
+void TestRelatorio::theListIsWorkedInBehindThePreview()
+{
+    ui::Form *form = abre(92);
+    click(form, u"btnPrevisualizar"_s);
+    support::show(janela);
+    auto *titulos = cadastro::list(form)->header();
+    const QPoint nome(titulos->sectionViewportPosition(1) + 20, titulos->height() / 2);
+    for (int vez = 0; vez < 2; ++vez) { // ascending, then reversed
+        const QPoint naJanela = titulos->viewport()->mapTo(form->window(), nome);
+        QTest::mouseClick(form->window()->windowHandle(), Qt::LeftButton, {}, naJanela);
+    }
+    QCOMPARE(cadastro::columnOf(form, 1), (QStringList{u"Total:"_s, u"BUZINA"_s, u"BRINDE"_s, u"AMORTECEDOR"_s}));
+    click(form, u"btnPrint"_s);
+    QCOMPARE(impresso().front().at(6), u"         Total:                          185,50"_s);
+    QCOMPARE(previsto().front().at(6), u"0001     AMORTECEDOR                     150,00"_s);
+}
+
+void TestRelatorio::totalsMoveWithTheirRowsInASort()
+{
+    ui::Form *form = abre(92);
+    QCOMPARE(cadastro::columnOf(form, 1).last(), u"Total:"_s);
+    cadastro::list(form)->sortBy(0, Qt::AscendingOrder);
+    QCOMPARE(cadastro::columnOf(form, 1), (QStringList{u"Total:"_s, u"AMORTECEDOR"_s, u"BUZINA"_s, u"BRINDE"_s}));
+    clicaDuasVezes(form, 0);
+    clicaDuasVezes(form, 2);
+    QTRY_COMPARE(Prova::aberturas, QStringList{u"93/2"_s});
 }
 
 void TestRelatorio::theListStandsAsItIs()
