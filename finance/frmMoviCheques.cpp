@@ -51,14 +51,14 @@ bool aCompensar(const dao::Recordset &linha)
 
 constexpr std::array colunas{
     ColunaLista{u"", 280, u"Codigo", comoCodigo},
-    ColunaLista{u"Cód. O.S.", 850, u"CodOs", comoCodigo},
-    ColunaLista{u"Data", 1200, u"Data", comoData},
-    ColunaLista{u"Banco", 2000, u"Banco", comoEsta},
-    ColunaLista{u"Conta", 1200, u"Conta", comoEsta},
-    ColunaLista{u"Número", 1200, u"Numero", comoEsta},
-    ColunaLista{u"Valor", 1200, u"Valor", comoValor, Qt::AlignRight},
-    ColunaLista{u"Vencimento", 1200, u"Vencimento", comoData},
-    ColunaLista{u"Pago", 600, u"Pago", comoSimNao},
+    ColunaLista{u"Cód. O.S.", 950, u"CodOs", comoCodigo},
+    ColunaLista{u"Data", 1250, u"Data", comoData},
+    ColunaLista{u"Banco", 2500, u"Banco", comoEsta},
+    ColunaLista{u"Conta", 1750, u"Conta", comoEsta},
+    ColunaLista{u"Número", 1000, u"Numero", comoEsta},
+    ColunaLista{u"Valor", 1250, u"Valor", comoValor, Qt::AlignRight},
+    ColunaLista{u"Vencimento", 1250, u"Vencimento", comoData},
+    ColunaLista{u"Pago", 620, u"Pago", comoSimNao},
     ColunaLista{u"Observações", 3000, u"Observacoes", comoEsta},
 };
 constexpr std::array somas{Soma{u"Valor"}, Soma{u"Valor", compensado}, Soma{u"Valor", aCompensar}};
@@ -114,6 +114,12 @@ frmMoviCheques::frmMoviCheques() : JanelaMovimento(movimento), ui_(std::make_uni
 }
 
 frmMoviCheques::~frmMoviCheques() = default;
+
+void frmMoviCheques::Form_Load()
+{
+    JanelaMovimento::Form_Load();
+    campos().foca();
+}
 
 /// The whole window is emptied behind it, the row clicked last included.
 void frmMoviCheques::inclui()

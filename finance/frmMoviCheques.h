@@ -22,6 +22,8 @@ public:
     frmMoviCheques();
     ~frmMoviCheques() override;
 
+    void Form_Load() override;
+
 protected:
     void inclui() override;
     void depoisDePreencher(const core::Somas &somas, bool vazia) override;

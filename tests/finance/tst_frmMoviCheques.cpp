@@ -191,6 +191,7 @@ void TstFrmMoviCheques::opensWithItsCaptionPeriodAndColumns()
     const auto *lista = cadastro::list(janela_);
     QCOMPARE(lista->model()->headerData(colunaValor, Qt::Horizontal, Qt::TextAlignmentRole).toInt() & Qt::AlignRight,
              int{Qt::AlignRight});
+    QCOMPARE(cadastro::focusOf(janela_), u"txtBanco"_s);
 }
 
 void TstFrmMoviCheques::showsARowInItsColumns()
