@@ -114,7 +114,12 @@ QString JanelaMovimento::consulta() const
 
 void JanelaMovimento::preenche()
 {
-    dao::Recordset linhas = DBDados->OpenRecordset(consulta());
+    const QString texto = consulta();
+    if (texto.isEmpty()) {
+        lista().clear();
+        return;
+    }
+    dao::Recordset linhas = DBDados->OpenRecordset(texto);
     const bool vazia = linhas.Eof();
     depoisDePreencher(EncheLista(lista(), std::move(linhas), tabela().lista), vazia);
 }
@@ -250,7 +255,8 @@ int JanelaMovimento::colunaDe(QStringView coluna) const
 
 void JanelaMovimento::salva()
 {
-    if (codigo().isEmpty()) {
+    const QString alterado = codigo();
+    if (alterado.isEmpty()) {
         avisa(movimento_.semCodigo);
         return;
     }
@@ -267,7 +273,7 @@ void JanelaMovimento::salva()
         return;
     }
     recalcula();
-    termina();
+    termina(alterado);
 }
 
 void JanelaMovimento::altera(dao::Recordset &linha)
@@ -291,15 +297,15 @@ std::optional<dao::Recordset> JanelaMovimento::linhaGravada() const
     return linha;
 }
 
-/// The end of a change, written or given up.
-void JanelaMovimento::termina()
+/// The end of a change, written or given up. The row stays chosen; one that is told by the selection is known by its
+/// code alone once the list has been emptied.
+void JanelaMovimento::termina(const QString &alterado)
 {
-    const QString alterado = codigo();
     preenche();
     escolhe(alterado);
     if (alterando()) {
-        trava(false);
         limpa();
+        trava(false);
         lista().setFocus();
     }
 }
@@ -319,7 +325,7 @@ void JanelaMovimento::btnExcluir_Click()
 void JanelaMovimento::btnVoltar_Click()
 {
     if (alterando()) {
-        termina();
+        termina(codigo());
     } else {
         Unload();
     }

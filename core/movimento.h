@@ -67,13 +67,13 @@ protected:
 
     // What a window may do otherwise.
     virtual const TabelaMovimento &tabela() const; ///< the one that the commands are for: the first
-    virtual QString consulta() const;              ///< of the list
+    virtual QString consulta() const;              ///< of the list; "" leaves it empty
     virtual QString dono() const { return {}; }    ///< the owner of the rows, in a ledger that has owners
     virtual bool confere(Gravacao gravacao);       ///< false when one check refused
     virtual void inclui();                         ///< writes the new row
     virtual void altera(dao::Recordset &linha);    ///< into the row being edited
     virtual void copia(const ui::ListItem &linha); ///< the row into the boxes, each from the column of its field
-    virtual void limpa();                          ///< the boxes, behind a row that was written or given up
+    virtual void limpa(); ///< the boxes, behind a row that was written or given up; `alterando` tells which one
     virtual void depoisDePreencher(const Somas & /*somas*/, bool /*vazia*/) {}
     virtual QString ordemDaLinha(const ui::ListItem &linha) const; ///< of a row with a picture: its tag
     virtual void teclaP(const ui::ListItem & /*linha*/) {}         ///< on a row with a code
@@ -104,7 +104,7 @@ private:
     void copiaLado(const ui::ListItem &linha);
     void comeca();
     void salva();
-    void termina();
+    void termina(const QString &alterado);
     void trava(bool alterando);
     void recalcula();
     QAbstractButton *botao(const QString &nome) const;

@@ -117,6 +117,7 @@ private slots:
     void keepsTheListOfACombo();
     void takesWhatTheColumnHolds();
     void emptiesTheFieldsAndGoesToTheFirst();
+    void whatStandsInTheFirstFieldIsTypedOver();
 
 private:
     void grava(Gravacao gravacao, qint32 codigo = 0);
@@ -288,6 +289,14 @@ void TstCampos::emptiesTheFieldsAndGoesToTheFirst()
     QCOMPARE(text(janela_, u"txtNome"_s), QString());
     QCOMPARE(text(janela_, u"txtValor"_s), QString());
     QCOMPARE(cadastro::focusOf(janela_), u"txtNome"_s); // a label does not take it
+}
+
+void TstCampos::whatStandsInTheFirstFieldIsTypedOver()
+{
+    janela_->campos_.poeTexto(u"txtNome", u"ANA"_s);
+    janela_->campos_.foca();
+    QTest::sendKeyEvent(QTest::Click, janela_->window()->windowHandle(), Qt::Key_B, u"b"_s, Qt::NoModifier);
+    QCOMPARE(text(janela_, u"txtNome"_s), u"B"_s);
 }
 
 TARVELO_TEST_MAIN(TstCampos)

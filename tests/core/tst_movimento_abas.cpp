@@ -587,6 +587,7 @@ void TstMovimentoAbas::changesTheSelectedRowOfAnOwner()
     QCOMPARE(program_->rows(u"SELECT Entrada, Saida, Saldo FROM ContaFiado ORDER BY Codigo"_s),
              (Linhas{{u"10"_s, u"<Null>"_s, u"10"_s}, {u"<Null>"_s, u"5"_s, u"5"_s}}));
     QCOMPARE(text(janela_, u"lblCodigo"_s), u"0001"_s); // the owner's code
+    QCOMPARE(cadastro::list(janela_)->selectedRow(), 1);
 }
 
 void TstMovimentoAbas::recalculatesTheOwnerAlone()
