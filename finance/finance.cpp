@@ -2,6 +2,8 @@
 
 #include "finance/frmMoviCaixa.h"
 #include "finance/frmMoviCheques.h"
+#include "finance/frmMoviFiados.h"
+#include "finance/frmMoviFiadosConta.h"
 
 #include "core/devolucao.h"
 
@@ -14,6 +16,8 @@ void registerForms()
 {
     core::RegistraJanela(u"frmMoviCaixa"_s, [] { return new frmMoviCaixa; });
     core::RegistraJanela(u"frmMoviCheques"_s, [] { return new frmMoviCheques; });
+    core::RegistraJanela(u"frmMoviFiados"_s, [] { return new frmMoviFiados; });
+    core::RegistraJanela(u"frmMoviFiadosConta"_s, [] { return new frmMoviFiadosConta; });
 }
 
 } // namespace finance
