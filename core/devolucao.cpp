@@ -101,9 +101,14 @@ bool Devolve(ui::Form &janela, Ocasiao ocasiao, const QString &codigo)
 
 void Preenche(const ui::Form &janela, const QString &outra, const QString &codigo)
 {
+    Preenche(janela, outra, [&](QStringView /*controle*/) { return codigo; });
+}
+
+void Preenche(const ui::Form &janela, const QString &outra, const std::function<QString(QStringView controle)> &texto)
+{
     for (const Devolucao &linha : linhasDe(janela, Ocasiao::Preenchimento)) {
         if (linha.janela == outra) {
-            escreve(janela, linha, codigo);
+            escreve(janela, linha, linha.origem.isEmpty() ? texto(linha.controle) : QString());
         }
     }
 }

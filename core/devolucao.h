@@ -3,6 +3,7 @@
 #include "platform/ui/form.h"
 #include "platform/ui/forms.h"
 
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -49,6 +50,9 @@ bool Devolve(ui::Form &janela, Ocasiao ocasiao, const QString &codigo);
 
 /// Writes what a window fills another one with; `codigo` where a row names no control.
 void Preenche(const ui::Form &janela, const QString &outra, const QString &codigo = {});
+
+/// The same from what no control holds, a row of a list: each row that names none asks for the text of its `controle`.
+void Preenche(const ui::Form &janela, const QString &outra, const std::function<QString(QStringView controle)> &texto);
 
 /// Opens a window that hands back in `modo`. A field that calls it by a key is left first: its look-up may ask, move
 /// the focus and put another mode back.

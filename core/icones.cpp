@@ -56,6 +56,7 @@ constexpr std::array icones{
     Icone{u"btnOk", u"dialog-ok"},
     Icone{u"btnPesquisar", u"edit-find"},
     Icone{u"btnPreenche", u"view-list-details"},
+    Icone{u"btnSalvar", u"dialog-ok-apply"},
     Icone{u"btnTodos", u"view-list-details"},
     Icone{u"btnVoltar", u"go-previous"},
     Icone{u"cmdOK", u"dialog-ok"},

@@ -10,7 +10,9 @@
 #include "platform/ui/forms.h"
 
 #include <array>
+#include <cmath>
 #include <initializer_list>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -163,9 +165,14 @@ void MostraInformacoes(TipoInformacao tipo, const QString &codigo)
     ui::MsgBox(texto.texto(), ui::Icon::Information, NomeEmpresa);
 }
 
+bool PodeSerCodigo(const QString &texto)
+{
+    return runtime::IsNumeric(texto) && std::abs(runtime::CDbl(texto)) <= std::numeric_limits<qint32>::max();
+}
+
 void MostraOrdem(const QString &codigo)
 {
-    if (!runtime::IsNumeric(codigo)) {
+    if (!PodeSerCodigo(codigo)) {
         return;
     }
     ModoChamada = modoUmaOS;

@@ -10,6 +10,9 @@ enum class TipoInformacao { Cliente = 0, Veiculo = 1, Peca = 2 };
 /// Shows one record in an information box, a line a field; nothing where there is no such record.
 void MostraInformacoes(TipoInformacao tipo, const QString &codigo);
 
+/// Whether a piece of a text can be the code of a record.
+bool PodeSerCodigo(const QString &texto);
+
 /// Opens the query of orders on one order, its code as a text that may hold none.
 void MostraOrdem(const QString &codigo);
 

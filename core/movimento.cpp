@@ -90,7 +90,7 @@ void JanelaMovimento::Form_Load()
         SoAdministrador(u"Somente o administrador altera e exclui registros"_s,
                         {botao(u"btnAlterar"_s), botao(u"btnExcluir"_s)});
     }
-    preenche();
+    preencheAoAbrir();
     campos_.carregaListas();
 }
 
@@ -110,6 +110,11 @@ QString JanelaMovimento::consulta() const
 {
     const QString periodo = movimento_.periodo ? PeriodoSQL(*this) : QString();
     return tabela().consulta + periodo + tabela().consultaFim;
+}
+
+void JanelaMovimento::preencheAoAbrir()
+{
+    preenche();
 }
 
 void JanelaMovimento::preenche()

@@ -68,6 +68,7 @@ protected:
     // What a window may do otherwise.
     virtual const TabelaMovimento &tabela() const; ///< the one that the commands are for: the first
     virtual QString consulta() const;              ///< of the list; "" leaves it empty
+    virtual void preencheAoAbrir();                ///< the list that is in front, where there are several
     virtual QString dono() const { return {}; }    ///< the owner of the rows, in a ledger that has owners
     virtual bool confere(Gravacao gravacao);       ///< false when one check refused
     virtual void inclui();                         ///< writes the new row

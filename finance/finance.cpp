@@ -2,6 +2,8 @@
 
 #include "finance/frmMoviCaixa.h"
 #include "finance/frmMoviCheques.h"
+#include "finance/frmMoviContasPR.h"
+#include "finance/frmMoviContasPRBaixa.h"
 #include "finance/frmMoviFiados.h"
 #include "finance/frmMoviFiadosConta.h"
 
@@ -16,6 +18,9 @@ void registerForms()
 {
     core::RegistraJanela(u"frmMoviCaixa"_s, [] { return new frmMoviCaixa; });
     core::RegistraJanela(u"frmMoviCheques"_s, [] { return new frmMoviCheques; });
+    core::RegistraJanela(
+        u"frmMoviContasPR"_s, [] { return new frmMoviContasPR; }, frmMoviContasPR::devolucoes());
+    core::RegistraJanela(u"frmMoviContasPRBaixa"_s, [] { return new frmMoviContasPRBaixa; });
     core::RegistraJanela(u"frmMoviFiados"_s, [] { return new frmMoviFiados; });
     core::RegistraJanela(u"frmMoviFiadosConta"_s, [] { return new frmMoviFiadosConta; });
 }

@@ -14,7 +14,6 @@
 #include "platform/ui/listview.h"
 
 #include <array>
-#include <limits>
 
 namespace finance
 {
@@ -94,12 +93,6 @@ constexpr std::array linhasImpressas{
                   camposImpressos}};
 constexpr Pagina livroImpresso{.titulo = u"LIVRO CAIXA", .linhas = linhasImpressas};
 
-/// A piece of a description where an order's code may stand.
-bool podeSerCodigo(const QString &texto)
-{
-    return runtime::IsNumeric(texto) && std::abs(runtime::CDbl(texto)) <= std::numeric_limits<qint32>::max();
-}
-
 } // namespace
 
 frmMoviCaixa::frmMoviCaixa() : JanelaMovimento(movimento), ui_(std::make_unique<Ui::frmMoviCaixa>())
@@ -159,7 +152,7 @@ QString frmMoviCaixa::ordemDaLinha(const ui::ListItem &linha) const
     }
     const QString descricao = linha.subItem(colunaDescricao);
     for (const QString &pedaco : {descricao.right(4), descricao.mid(5, 4), descricao.mid(15, 4)}) {
-        if (podeSerCodigo(pedaco)) {
+        if (PodeSerCodigo(pedaco)) {
             return pedaco;
         }
     }
