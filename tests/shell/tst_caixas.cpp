@@ -140,6 +140,13 @@ constexpr std::array rows{
     Row{u"frmOSFormaPagto", u"txtBanco_5", u"Cheques", u"Banco"},
     Row{u"frmOSFormaPagto", u"txtConta_5", u"Cheques", u"Conta"},
 
+    Row{u"frmMoviCheques", u"txtBanco", u"Cheques", u"Banco"},
+    Row{u"frmMoviCheques", u"txtConta", u"Cheques", u"Conta"},
+    Row{u"frmMoviCheques", u"txtNumCheque", u"Cheques", u"Numero"},
+    Row{u"frmMoviCheques", u"txtValor", u"Cheques", u"Valor"},
+    Row{u"frmMoviCheques", u"txtData", u"Cheques", u"Vencimento"},
+    Row{u"frmMoviCheques", u"txtObs", u"Cheques", u"Observacoes"},
+
     Row{u"frmMoviEstoque", u"txtCodPeca"}, // a code or an external code, and only the code found is written
     Row{u"frmMoviEstoque", u"txtData", u"Estoque", u"Data"},
     Row{u"frmMoviEstoque", u"txtDescricao", u"Estoque", u"Descricao"},

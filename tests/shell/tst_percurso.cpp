@@ -49,6 +49,7 @@ constexpr State states[] = {
     {"vehicles", "frmCadaVeiculos"},
     {"parts", "frmCadaPecas"},
     {"quick register", "frmCadaFast"},
+    {"cheques", "frmMoviCheques"},
     {"stock", "frmMoviEstoque"},
     {"cash book", "frmMoviCaixa"},
     {"cash book as a report", "frmMoviCaixa", 30},
