@@ -152,9 +152,14 @@ constexpr std::array apelidos{
     Apelido{u"O.S. PENDENTE", u"O.S. PENDENTE: "},
 };
 
+/// What stands at the end of a description may be a number that no statement takes as it is, as in "PARCELA 1,50".
 QString clienteDaOrdem(const QString &ordem)
 {
-    return ordem.isEmpty() ? QString() : LocalizaCampo(u"CodCliente"_s, u"OrdemServico"_s, u"Codigo = "_s + ordem);
+    if (ordem.isEmpty()) {
+        return {};
+    }
+    const QString codigo = QString::number(runtime::CLng(ordem));
+    return LocalizaCampo(u"CodCliente"_s, u"OrdemServico"_s, u"Codigo = "_s + codigo);
 }
 
 QString nomeDoCliente(const QString &codigo)

@@ -144,11 +144,13 @@ void frmMoviFiados::btnLocalizar_Click()
 /// The question is the same in both directions: an order whose mark is taken back may be posted once more.
 void frmMoviFiados::teclaP(const ui::ListItem &linha)
 {
+    const QString ordem = linha.subItem(colunaOs);
+    const QString valor = linha.subItem(colunaValor);
     if (AlternaPendencia(linha.tag(), linha.text()) != Pendencia::Completa) {
         return;
     }
     if (ui::Confirm(u"Lançar pagamento da O.S. pendente no Livro Caixa"_s, NomeEmpresa)) {
-        LancaPendencia(linha.subItem(colunaOs), linha.subItem(colunaValor));
+        LancaPendencia(ordem, valor);
     }
     preenche();
 }

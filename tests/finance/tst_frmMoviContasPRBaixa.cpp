@@ -77,6 +77,7 @@ private slots:
 
     void settlesTheWhole();
     void settlesAPart();
+    void aLetterSavesWhatWasTypedLast();
     void theWholeValueInPartLeavesAnAccountOfNothing();
     void morePaidThanOwedLeavesANegativeAccount();
     void postsToTheBankThatIsChosen_data();
@@ -277,6 +278,24 @@ void TstMoviContasPRBaixa::settlesAPart()
              (Rows{{u"1"_s, paidOn, u"P.P. CARNÊ Nº 0001-01"_s, u"60"_s, null, u"60"_s, u"1"_s}}));
     QCOMPARE(program_->rows(u"SELECT * FROM ContaFiado"_s),
              (Rows{{u"1"_s, u"1"_s, paidOn, u"PAGAMENTO: CARNÊ Nº 0001-01"_s, null, u"60"_s, u"-60"_s}}));
+}
+
+/// The field is left by the letter of the button, or what stays owing would not be known.
+void TstMoviContasPRBaixa::aLetterSavesWhatWasTypedLast()
+{
+    prepareAccount();
+    settle([] {
+        fillPart(u"10"_s);
+        auto *window = settlingWindow();
+        cadastro::focus(window, u"txtValor"_s);
+        for (const Qt::Key digit : {Qt::Key_6, Qt::Key_0}) {
+            QTest::keyClick(window->window()->windowHandle(), digit);
+        }
+        QTest::keyClick(window->window()->windowHandle(), Qt::Key_S, Qt::AltModifier);
+        QTRY_VERIFY(window->unloading());
+    });
+    QCOMPARE(program_->rows(u"SELECT Valor, Pago FROM ContasReceber ORDER BY Codigo"_s),
+             (Rows{{u"60"_s, u"True"_s}, {u"40"_s, u"False"_s}}));
 }
 
 void TstMoviContasPRBaixa::theWholeValueInPartLeavesAnAccountOfNothing()

@@ -313,8 +313,9 @@ void Walk::moveFrame(QWidget &window)
 
 void Walk::deleteRow(QWidget & /*window*/)
 {
-    static const QStringList tables{u"Clientes"_s,     u"Veiculos"_s,     u"Pecas"_s,
-                                    u"Fornecedores"_s, u"OrdemServico"_s, u"Estoque"_s};
+    static const QStringList tables{u"Clientes"_s,     u"Veiculos"_s, u"Pecas"_s,  u"Fornecedores"_s,
+                                    u"OrdemServico"_s, u"Estoque"_s,  u"Caixa"_s,  u"ContasReceber"_s,
+                                    u"ContasPagar"_s,  u"Cheques"_s,  u"Fiados"_s, u"ContaFiado"_s};
     const auto *form = frontForm();
     const auto *shown = form != nullptr ? form->findChild<QWidget *>(u"lblCodigo"_s) : nullptr;
     const int code = shown != nullptr && below(2) == 0 ? ui::textOf(shown).toInt() : 1 + below(40);

@@ -17,6 +17,7 @@ Assunto cadastros();                    ///< the four registers
 Assunto ordens();                       ///< orders and each way of paying them
 Assunto escolhas();                     ///< records picked and added on the way to an order and to its payment
 Assunto estoque();                      ///< the stock ledger
+Assunto financas();                     ///< books, accounts, cheques and pending orders that the orders left
 Assunto reabertura();                   ///< the program ended and started again
 Assunto oficina(const QString &folder); ///< a workshop of 300 customers
 Assunto telas(const QString &folder);   ///< pictures of all windows over that workshop
