@@ -100,6 +100,7 @@ void frmMoviFiadosConta::Form_Load()
         abreCliente();
     }
     habilita();
+    ui_->txtData->setFocus();
 }
 
 void frmMoviFiadosConta::habilita()

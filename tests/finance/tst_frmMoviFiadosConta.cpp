@@ -137,6 +137,7 @@ void TstFrmMoviFiadosConta::opensOnOneCustomer()
     QCOMPARE(columnOf(janela_), (QStringList{u"0002"_s, u"0004"_s}));
     QVERIFY(!habilitado(u"btnClienteFind"_s) && !habilitado(u"btnAnterior"_s) && !habilitado(u"btnProximo"_s));
     QVERIFY(habilitado(u"btnClienteInfo"_s));
+    QCOMPARE(cadastro::focusOf(janela_), u"txtData"_s);
 }
 
 void TstFrmMoviFiadosConta::aCustomerThatIsGoneIsNamedSo()
