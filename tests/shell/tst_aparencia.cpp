@@ -71,6 +71,9 @@ constexpr std::array uses{
     Use{"frmMoviEstoque"},
     Use{"frmMoviCaixa"},
     Use{"frmMoviCaixa", 30},
+    Use{"frmMoviFiados"},
+    Use{"frmMoviFiadosConta"},
+    Use{"frmMoviFiadosConta", 11},
     Use{"frmRelaPreVisualiza"},
 };
 
@@ -93,6 +96,7 @@ const QMap<QString, QString> longest = {
     {u"txtFone1"_s, phone},
     {u"txtFone2"_s, phone},
     {u"txtCelular"_s, phone},
+    {u"lblFone"_s, phone},
     {u"lblFone1"_s, phone},
     {u"lblCelular"_s, phone},
     {u"txtCEP"_s, u"15080-130"_s},

@@ -151,6 +151,10 @@ constexpr std::array rows{
     Row{u"frmMoviEstoque", u"txtData", u"Estoque", u"Data"},
     Row{u"frmMoviEstoque", u"txtDescricao", u"Estoque", u"Descricao"},
     Row{u"frmMoviEstoque", u"txtValor", u"Estoque", u"Entrada"},
+    Row{u"frmMoviFiados", u"txtTexto"},
+    Row{u"frmMoviFiadosConta", u"txtData", u"ContaFiado", u"Data"},
+    Row{u"frmMoviFiadosConta", u"txtDescricao", u"ContaFiado", u"Descricao"},
+    Row{u"frmMoviFiadosConta", u"txtValor", u"ContaFiado", u"Entrada"},
 
     Row{u"frmMoviCaixa", u"txtData", u"Caixa", u"Data"},
     Row{u"frmMoviCaixa", u"txtDescricao", u"Caixa", u"Descricao"},

@@ -53,6 +53,9 @@ constexpr State states[] = {
     {"stock", "frmMoviEstoque"},
     {"cash book", "frmMoviCaixa"},
     {"cash book as a report", "frmMoviCaixa", 30},
+    {"pending orders", "frmMoviFiados"},
+    {"account of a customer", "frmMoviFiadosConta"},
+    {"customers with an account", "frmMoviFiadosConta", 11},
     {"preview", "frmRelaPreVisualiza"},
     {"order, compact", "frmOSAbre"},
     {"order, compact, material", "frmOSAbre", 0, "1", "0-0", "tabItems", 3},
@@ -319,6 +322,7 @@ void TstPercurso::theArrowsMeetTheOptionsOfAGroup_data()
     QTest::addColumn<QStringList>("options");
     QTest::newRow("kind of part") << u"frmCadaPecas"_s << QStringList{u"optPeca"_s, u"optServico"_s};
     QTest::newRow("stock control") << u"frmCadaPecas"_s << QStringList{u"optSim"_s, u"optNao"_s};
+    QTest::newRow("account") << u"frmMoviFiadosConta"_s << QStringList{u"optEntrada"_s, u"optSaida"_s};
     QTest::newRow("posting") << u"frmMoviEstoque"_s << QStringList{u"optEntrada"_s, u"optSaida"_s, u"optConf"_s};
 }
 
