@@ -1,12 +1,20 @@
-// Opens and closes orders without end on the program folder given as argument, each operation as one unit, as the
-// windows do it. Tells each finished one on its standard output: "ABERTA code" and "FECHADA code form". The crash test
-// kills it while it works.
+// Opens and closes orders without end on the program folder given as argument, settles what their closing left and
+// recalculates the ledgers, each operation as one unit. Begins with the form of payment that the second argument tells.
+// Tells each finished one on its standard output: "ABERTA code", "FECHADA code form", a word and a code for what was
+// settled, "RECALCULADO ledger" with the code of its newest row. The crash test kills it while it works.
+#include "finance/compensacao.h"
+#include "finance/pagamentoconta.h"
+#include "finance/pendencia.h"
+#include "finance/recebimento.h"
 #include "workorders/abertura.h"
 #include "workorders/fechamento.h"
 
 #include "core/config.h"
 #include "core/esquema.h"
+#include "core/financas.h"
 #include "core/modulo.h"
+#include "core/razao.h"
+#include "platform/dao/database.h"
 #include "platform/dao/unit.h"
 #include "platform/runtime/runtime.h"
 
@@ -71,6 +79,130 @@ void close(qint32 code, FormaPagamento form)
     FechaOrdem(closing(code, form));
 }
 
+// --- settling what the closing left
+
+constexpr int allForms = 6;
+
+QString shown(qint32 code)
+{
+    return runtime::Format(code, u"0000");
+}
+
+QString dayBefore(int days)
+{
+    return runtime::Format(runtime::DateAdd(u"d", -days, runtime::Today()), u"dd/mm/yyyy");
+}
+
+/// The codes of the rows that a statement finds, in their order.
+QStringList codesOf(const QString &select)
+{
+    QStringList codes;
+    dao::Recordset rows = core::DBDados->OpenRecordset(select);
+    for (; !rows.Eof(); rows.MoveNext()) {
+        codes << shown(runtime::CLng(rows.value(0)));
+    }
+    return codes;
+}
+
+/// One instalment paid whole, into the cash book and the customer's account; the other one in part, into a bank. Both
+/// are dated back, so that the balances have something to be mended.
+void receive(qint32 order, int turn)
+{
+    const QString name = u"CARNÊ Nº %1-0"_s.arg(shown(order));
+    const auto codes =
+        codesOf(u"SELECT Codigo FROM ContasReceber WHERE Descricao LIKE '%1*' ORDER BY Codigo"_s.arg(name));
+    finance::Recebimento payment{.codigo = codes.at(0),
+                                 .data = dayBefore(turn % 40),
+                                 .descricao = name + u'1',
+                                 .valor = u"50,00"_s,
+                                 .livro = &core::razaoCaixa,
+                                 .codCliente = u"1"_s,
+                                 .codOs = shown(order)};
+    {
+        const dao::Unit unit;
+        finance::Recebe(payment);
+    }
+    tell(u"RECEBIDA %1"_s.arg(order));
+    payment.codigo = codes.at(1);
+    payment.descricao = name + u'2';
+    payment.livro = &core::razaoBanco1;
+    payment.codCliente.clear();
+    payment.parcial = {.pago = u"16,67"_s, .resto = u"33,33"_s, .vencimento = dayBefore(-30)};
+    {
+        const dao::Unit unit;
+        finance::Recebe(payment);
+    }
+    tell(u"RECEBIDA_EM_PARTE %1"_s.arg(order));
+}
+
+void clearCheques(qint32 order)
+{
+    for (const QString &code : codesOf(u"SELECT Codigo FROM Cheques WHERE CodOs = %1"_s.arg(order))) {
+        {
+            const dao::Unit unit;
+            finance::LancaCheque(*finance::AlternaCheque(code));
+        }
+        tell(u"COMPENSADO "_s + code);
+    }
+}
+
+void payBill(qint32 order)
+{
+    const QString name = u"ALUGUEL "_s + shown(order);
+    {
+        const dao::Unit unit;
+        core::IncluiConta(core::TabelaContas::Pagar,
+                          {.descricao = name, .valor = u"40,00"_s, .vencimento = dayBefore(0)});
+    }
+    const auto codes = codesOf(u"SELECT Codigo FROM ContasPagar WHERE Descricao = '%1'"_s.arg(name));
+    {
+        const dao::Unit unit;
+        finance::PagaConta({.codigo = codes.at(0), .data = dayBefore(0), .valor = u"33,33"_s, .descricao = name});
+    }
+    tell(u"PAGA %1"_s.arg(order));
+}
+
+void payPending(qint32 order)
+{
+    const auto codes = codesOf(u"SELECT Codigo FROM Fiados WHERE CodOs = %1"_s.arg(order));
+    {
+        const dao::Unit unit;
+        finance::AlternaPendencia(shown(order), codes.at(0));
+        finance::LancaPendencia(shown(order), u"100,00"_s);
+    }
+    tell(u"PENDENCIA_PAGA %1"_s.arg(order));
+}
+
+void recalculate()
+{
+    for (const auto *ledger : {&core::razaoCaixa, &core::razaoBanco1, &core::razaoContaFiado}) {
+        core::RecalculaRazao(*ledger, ledger->dono.isEmpty() ? QString() : u"1"_s);
+        const auto newest = codesOf(u"SELECT Codigo FROM %1 ORDER BY Codigo DESC"_s.arg(ledger->tabela)).value(0);
+        tell(u"RECALCULADO %1 %2"_s.arg(ledger->tabela, newest));
+    }
+}
+
+/// What follows an order that was closed with a form.
+void settle(qint32 order, int form, int turn)
+{
+    switch (form) {
+    case 0:
+        payBill(order);
+        break;
+    case 2:
+        receive(order, turn);
+        break;
+    case 4:
+        payPending(order);
+        break;
+    default:
+        clearCheques(order);
+    }
+    if (form == allForms - 1) {
+        recalculate();
+    }
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -84,11 +216,12 @@ int main(int argc, char **argv)
     core::CriarDB(silent);
     tell(u"PRONTO"_s);
 
-    for (int turn = 0;; ++turn) {
+    for (int turn = QCoreApplication::arguments().value(2).toInt();; ++turn) {
         const auto code = open();
         tell(u"ABERTA %1"_s.arg(code));
-        const auto form = static_cast<FormaPagamento>(turn % 6);
-        close(code, form);
-        tell(u"FECHADA %1 %2"_s.arg(code).arg(turn % 6));
+        const int form = turn % allForms;
+        close(code, static_cast<FormaPagamento>(form));
+        tell(u"FECHADA %1 %2"_s.arg(code).arg(form));
+        settle(code, form, turn);
     }
 }
