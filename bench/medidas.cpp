@@ -45,8 +45,21 @@ void showMemory()
     medidas::mostra({"memoria_cadastro", 0.12,
                      "memory that the filled register of 200,000 customers adds, against the vector of its texts"},
                     memoryOf(u"cadastro"_s, folder).added / memoryOf(u"clientes"_s, folder).added);
+    const auto previa = memoryOf(u"previa"_s, medidas::pastaDaPrevia());
+    medidas::mostra(
+        {"memoria_previa", 1.0, "resident memory behind all pages of a preview of 20,000 rows, against 100 MB"},
+        previa.resident / 100e6);
     std::printf("memoria_com_lista_vazia %.1f MB\n", memoryOf(u"vazia"_s).resident / 1e6);
     std::printf("memoria_com_lista_de_200000 %.1f MB\n", list.resident / 1e6);
+}
+
+/// What the process that is asked for its memory does.
+int memory(const QString &kind, const QString &folder)
+{
+    if (folder.isEmpty()) {
+        return medidas::memoriaDeLista(kind);
+    }
+    return kind == u"previa"_s ? medidas::memoriaDePrevia(folder) : medidas::memoriaDeCadastro(kind, folder);
 }
 
 /// The platform without a screen tells what it can't do: no news among the figures.
@@ -64,6 +77,7 @@ int measureAll(int argc, char **argv)
     medidas::medeLista();
     medidas::medeOrdens();
     medidas::medeCadastros();
+    medidas::medePrevia();
     medidas::mostraSemLimite();
 
     benchmark::Initialize(&argc, argv);
@@ -88,9 +102,7 @@ int main(int argc, char **argv)
 
     const auto arguments = QCoreApplication::arguments();
     if (arguments.value(1) == u"--memoria"_s) {
-        const auto folder = arguments.value(3);
-        return folder.isEmpty() ? medidas::memoriaDeLista(arguments.value(2))
-                                : medidas::memoriaDeCadastro(arguments.value(2), folder);
+        return memory(arguments.value(2), arguments.value(3));
     }
     if (arguments.value(1) == u"--splash"_s) {
         return medidas::partidaDoSplash();

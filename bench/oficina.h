@@ -39,6 +39,7 @@ void medeBanco();
 void medeOrdens();
 void medeLista();
 void medeCadastros();
+void medePrevia();
 
 /// The workshop with 200,000 customers, made at first use.
 const Oficina &comClientes();
@@ -50,6 +51,11 @@ int memoriaDeLista(const QString &kind);
 /// The same with "cadastro" or "clientes": what the filled register of the customers in a program folder adds, or the
 /// plain vector of the texts that it shows.
 int memoriaDeCadastro(const QString &kind, const QString &pasta);
+
+/// The folder of a workshop whose cash book is a long report; and, called as a process of its own with it, what the
+/// preview of that report adds when the user has been through all of its pages, beside the resident memory.
+QString pastaDaPrevia();
+int memoriaDePrevia(const QString &pasta);
 
 /// Resident memory with what is free given back: it would count for the side that is measured first.
 qint64 memoriaAssentada();
