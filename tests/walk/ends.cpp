@@ -29,7 +29,6 @@ constexpr auto toldEnds = std::to_array<ToldEnd>({
     {3421, {}, u"frmCadaPecas", u"a tax goes beyond its 16 bits"},
     {13, {}, u"frmMoviEstoque", u"a part without a row in the ledger has no balance to add to"},
     {13, {}, u"frmMoviCheques|frmMoviFiados", u"an empty cash book has no balance to add to"},
-    {13, {}, u"frmMoviFiados", u"an empty cash book has no balance to add to"},
 });
 
 bool matches(QStringView pattern, const QString &text)
