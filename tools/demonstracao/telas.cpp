@@ -12,6 +12,7 @@
 #include "tools/demonstracao/programa.h"
 #include "workorders/abertura.h"
 
+#include <QComboBox>
 #include <QTabWidget>
 #include <QTest>
 
@@ -67,6 +68,8 @@ private slots:
     void estoque();
     void livroCaixa();
     void cheques();
+    void contas();
+    void fiados();
     void abertura();
     void cadastroRapido();
     void consulta();
@@ -77,7 +80,8 @@ private slots:
 
 private:
     static QString movedPart();
-    static void showPeriod(ui::Form *window, int daysBefore, int daysBehind);
+    static void showPeriod(ui::Form *window, int daysBefore, int daysBehind, const QString &list = u"Lista"_s);
+    static void settling();
     static void show(ui::Form *window, const Fields &fields);
     static void newOrder();
     static ui::Form *newestOrder(qint16 mode);
@@ -171,7 +175,7 @@ void Telas::estoque()
 }
 
 /// The rows of a period around today.
-void Telas::showPeriod(ui::Form *window, int daysBefore, int daysBehind)
+void Telas::showPeriod(ui::Form *window, int daysBefore, int daysBehind, const QString &list)
 {
     const auto day = [](int days) {
         return runtime::Format(runtime::DateAdd(u"d", days, runtime::Today()), u"ddmmyyyy");
@@ -179,7 +183,7 @@ void Telas::showPeriod(ui::Form *window, int daysBefore, int daysBehind)
     type(window, u"txtDataInicio"_s, day(-daysBefore));
     type(window, u"txtDataFim"_s, day(daysBehind));
     click(window, u"btnPreenche"_s);
-    QVERIFY(cadastro::list(window)->count() > 1);
+    QVERIFY(cadastro::list(window, list)->count() > 1);
 }
 
 void Telas::livroCaixa()
@@ -215,6 +219,60 @@ void Telas::cheques()
     click(window, u"btnAlterar"_s);
     picture(u"frmMoviCheques"_s);
     click(window, u"btnVoltar"_s);
+    close(window);
+}
+
+void Telas::settling()
+{
+    auto *window = form(u"frmMoviContasPRBaixa"_s);
+    cadastro::fill(window, {{u"txtVencimento"_s, u"28/12/2028"_s}});
+    picture(u"frmMoviContasPRBaixa"_s, window);
+    support::control<QTabWidget>(window, u"tabPagto"_s)->setCurrentIndex(1);
+    cadastro::fill(
+        window,
+        {{u"txtDataPagto"_s, u"28/12/2028"_s}, {u"txtValor"_s, u"1.234,56"_s}, {u"txtNovaData"_s, u"28/12/2028"_s}});
+    picture(u"frmMoviContasPRBaixa_parcial"_s, window);
+    window->Unload();
+}
+
+/// Both tabs, and the window that settles an instalment.
+void Telas::contas()
+{
+    auto *window = choose(u"itmMoviContasPR"_s, u"frmMoviContasPR"_s);
+    showPeriod(window, 60, 60, u"Lista_0"_s);
+    auto *list = cadastro::list(window, u"Lista_0"_s);
+    const auto open = list->rowsWhere(5, [](const QString &paid) { return paid == u"Não"; });
+    QVERIFY(!open.empty());
+    list->selectRow(open.front());
+    list->ensureVisible(open.front());
+    cadastro::fill(window, {{u"txtData"_s, u"28/12/2028"_s},
+                            {u"txtDescricao"_s, u"aluguel do galpão da rua das acácias"_s},
+                            {u"txtValor"_s, u"1.234.567,89"_s},
+                            {u"txtVencimento"_s, u"28/12/2028"_s}});
+    picture(u"frmMoviContasPR"_s);
+    support::whenShown(u"frmMoviContasPRBaixa"_s, [] { settling(); });
+    support::key(window, u"Lista_0"_s, Qt::Key_P);
+    support::failNotShown();
+    support::control<QTabWidget>(window, u"tabContas"_s)->setCurrentIndex(1);
+    click(window, u"btnPreenche"_s);
+    picture(u"frmMoviContasPR_pagar"_s);
+    close(window);
+}
+
+void Telas::fiados()
+{
+    auto *window = choose(u"itmMoviFiado"_s, u"frmMoviFiados"_s);
+    support::control<QComboBox>(window, u"cboOS"_s)->setCurrentIndex(2);
+    QVERIFY(cadastro::list(window)->count() > 1);
+    cadastro::clickRow(window, 1);
+    picture(u"frmMoviFiados"_s);
+    click(window, u"btnConta"_s);
+    auto *account = form(u"frmMoviFiadosConta"_s);
+    cadastro::fill(account, {{u"txtData"_s, u"28/12/2028"_s},
+                             {u"txtDescricao"_s, u"pagamento recebido no balcão"_s},
+                             {u"txtValor"_s, u"1.234.567,89"_s}});
+    picture(u"frmMoviFiadosConta"_s);
+    close(account);
     close(window);
 }
 
