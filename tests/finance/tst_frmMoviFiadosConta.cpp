@@ -54,6 +54,7 @@ private slots:
     void holdsNoLockBetweenTwoSteps();
 
     void theRegisterGivesTheCustomer();
+    void theRegisterOpensAnAccountThatWasClosed();
     void aCustomerPickedWhileARowIsChangedGivesThatUp();
     void nobodyChangesTheCustomerWhileARowIsChanged();
     void theCustomerIsTold();
@@ -298,6 +299,24 @@ void TstFrmMoviFiadosConta::theRegisterGivesTheCustomer()
     QCOMPARE(shown(janela_, cliente), cliente);
     QCOMPARE(rowsOf(janela_), Rows());
     QCOMPARE(cadastro::focusOf(janela_), u"txtData"_s);
+}
+
+/// In the mode of the picker it has no customer of its own, and none before or behind.
+void TstFrmMoviFiadosConta::theRegisterOpensAnAccountThatWasClosed()
+{
+    tresContas();
+    abre(clientesPendentes);
+    auto *cadastro = abreCadastro();
+    janela_->Unload();
+    cadastro::doubleClickRow(cadastro, 3);
+    QTRY_VERIFY(!isOpen(u"frmCadaCliente"_s));
+    janela_ = ui::Forms::instance().find(janela);
+    QVERIFY(janela_ != nullptr);
+    const Fields cliente{{u"lblCodigo"_s, u"0004"_s}, {u"lblNome"_s, u"DANIEL"_s}, {u"lblFone"_s, QString()}};
+    QCOMPARE(shown(janela_, cliente), cliente);
+    QCOMPARE(columnOf(janela_, 2), (QStringList{u"CONTA 4"_s, u"CONTA 4"_s}));
+    QVERIFY(habilitado(u"btnClienteFind"_s) && habilitado(u"btnClienteInfo"_s));
+    QVERIFY(!habilitado(u"btnAnterior"_s) && !habilitado(u"btnProximo"_s));
 }
 
 void TstFrmMoviFiadosConta::aCustomerPickedWhileARowIsChangedGivesThatUp()
