@@ -145,7 +145,7 @@ QString Desenho::campos(std::size_t impressa, int linha) const
 
 // What a page costs, of the work of printing it.
 constexpr int passosPorDesenho = 1;
-constexpr int passosPorPintura = 9;
+constexpr int passosPorPintura = 4;
 
 void desenhaTudo(printer::Surface &saida, const Desenho &desenho, Andamento &andamento)
 {

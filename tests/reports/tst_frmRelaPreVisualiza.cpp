@@ -154,6 +154,8 @@ private slots:
     void keysReachTheEnds_data();
     void keysReachTheEnds();
     void theBarsMoveTheSheet();
+    void turningThePageLeavesTheSheetWhereItIs();
+    void theTemplateIsASheetThatIsNeverShown();
     void theSheetIsAsWideAsTheWindow();
     void theWheelRollsAndZoomsWithControl();
     void aSheetSmallerThanTheWindowStandsInTheMiddle();
@@ -315,6 +317,35 @@ void tst_frmRelaPreVisualiza::theBarsMoveTheSheet()
     left->setValue(10);
     top->setValue(20);
     QCOMPARE(support::controlOf(form, u"Papel"_s)->pos(), QPoint(-10, -20));
+}
+
+void tst_frmRelaPreVisualiza::turningThePageLeavesTheSheetWhereItIs()
+{
+    ui::Form *form = open(3);
+    turnWheel(form, 120, Qt::ControlModifier);
+    support::control<QScrollBar>(form, u"barraLeft"_s)->setValue(10);
+    support::control<QScrollBar>(form, u"barraTop"_s)->setValue(20);
+    const auto *paper = support::controlOf(form, u"Papel"_s);
+    support::click(form, u"btnNext"_s);
+    QCOMPARE(shown(form), u"2"_s);
+    QCOMPARE(paper->pos(), QPoint(-10, -20));
+    QCOMPARE(open(2), form); // another report over it
+    QCOMPARE(shown(form), u"1"_s);
+    QCOMPARE(paper->pos(), QPoint(-10, -20));
+}
+
+void tst_frmRelaPreVisualiza::theTemplateIsASheetThatIsNeverShown()
+{
+    ui::Form *form = support::show(preview);
+    const auto isSheet = [&] {
+        const QSize sheet = pic(form, 0)->size();
+        return std::abs(sheet.height() * 11906.0 / sheet.width() - 16838) < 20;
+    };
+    QVERIFY(isSheet());
+    QCOMPARE(open(2), form);
+    QVERIFY(isSheet());
+    QCOMPARE(pic(form, 0)->size(), pic(form, 1)->size());
+    QVERIFY(!pic(form, 0)->isVisible());
 }
 
 void tst_frmRelaPreVisualiza::theSheetIsAsWideAsTheWindow()

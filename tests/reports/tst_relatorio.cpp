@@ -5,14 +5,18 @@
 #include "platform/dao/unit.h"
 #include "platform/printer/printer.h"
 #include "platform/runtime/runtime.h"
+#include "platform/ui/application.h"
 #include "platform/ui/listview.h"
 #include "reports/folhavista.h"
 #include "reports/frmRelatorio.h"
 #include "reports/reports.h"
+#include "support/boxes.h"
 #include "support/cadastro.h"
 #include "support/program.h"
 
+#include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QHeaderView>
 #include <QPushButton>
 #include <QTest>
@@ -183,6 +187,8 @@ private slots:
     void aReportWithoutAPageHasNoPaper();
     void aDoubleClickOpensTheRecord();
     void aRowWithoutAMarkOrACodeOpensNothing();
+    void theListFollowsTheWindow();
+    void aPrinterThatFailsIsTheErrorThatItIs();
     void aLongListIsPreviewedAtOnce();
     void btnVoltarCloses();
 
@@ -459,6 +465,37 @@ void TestRelatorio::aRowWithoutAMarkOrACodeOpensNothing()
     clicaDuasVezes(form, 3); // the total
     clicaDuasVezes(form, 2);
     QTRY_COMPARE(Prova::aberturas, QStringList{u"91/2"_s});
+}
+
+void TestRelatorio::theListFollowsTheWindow()
+{
+    ui::Form *form = abre(92);
+    const QSize antes = cadastro::list(form)->size();
+    const QSize janelaAntes = form->size();
+    form->window()->resize(form->window()->size() + QSize(100, 60));
+    QTRY_VERIFY(form->size() != janelaAntes);
+    QCOMPARE(cadastro::list(form)->size() - antes, form->size() - janelaAntes);
+    QVERIFY(form->size().width() > janelaAntes.width());
+}
+
+/// Nothing of the document is left for the next one.
+void TestRelatorio::aPrinterThatFailsIsTheErrorThatItIs()
+{
+    ui::Form *form = abre(92);
+    QFile obstaculo(programa_->path(u"impressos"_s));
+    QVERIFY(obstaculo.open(QIODevice::WriteOnly)); // a file where the folder should stand
+    printer::printer().setOutputFolder(QDir(programa_->path(u"impressos"_s)));
+    support::Boxes boxes;
+    boxes.critical(u"Erro em tempo de execução '482':\n\nErro de impressora"_s);
+    click(form, u"btnPrint"_s);
+    QVERIFY(ui::Application::ended());
+    boxes.finish();
+    ui::Application::resetEnd();
+    obstaculo.close();
+    QVERIFY(obstaculo.remove());
+    printer::printer().Print(u"OUTRO"_s);
+    printer::printer().EndDoc();
+    QCOMPARE(impresso(), (std::vector<QStringList>{{u"OUTRO"_s}}));
 }
 
 void TestRelatorio::aLongListIsPreviewedAtOnce()
