@@ -88,6 +88,7 @@ private slots:
     void theNormalModeStandsForAll();
     void aCallerThatIsNotThereIsPassedOver();
     void anotherWindowIsFilled();
+    void aFillingMayComeFromWhatNoControlHolds();
     void theButtonsGetTheirIcons_data();
     void theButtonsGetTheirIcons();
 
@@ -188,6 +189,14 @@ void TstDevolucao::anotherWindowIsFilled()
     QCOMPARE(text(caller_, u"txtCodigo"_s), u"0009"_s);
     QVERIFY(cadastro::isOpen(picker));
     QCOMPARE(cadastro::focusOf(caller_), u"txtOutro"_s);
+}
+
+void TstDevolucao::aFillingMayComeFromWhatNoControlHolds()
+{
+    begin(modeOfNobody);
+    core::Preenche(*picker_, caller, [](QStringView control) -> QString { return u"of "_s + control; });
+    QCOMPARE(text(caller_, u"txtNome"_s), u"MARIA"_s); // has a control of its own
+    QCOMPARE(text(caller_, u"txtCodigo"_s), u"of txtCodigo"_s);
 }
 
 void TstDevolucao::theButtonsGetTheirIcons_data()

@@ -27,6 +27,8 @@ private slots:
     void tellsAPartWithItsNewestBalance();
     void showsNothingWithoutARecord_data();
     void showsNothingWithoutARecord();
+    void tellsWhatCanBeACode_data();
+    void tellsWhatCanBeACode();
 
 private:
     void cliente();
@@ -178,6 +180,23 @@ void TestInformacoes::showsNothingWithoutARecord()
     support::Boxes caixas; // any box would fail the test
     MostraInformacoes(static_cast<TipoInformacao>(tipo), codigo);
     caixas.finish();
+}
+
+void TestInformacoes::tellsWhatCanBeACode_data()
+{
+    QTest::addColumn<QString>("texto");
+    QTest::addColumn<bool>("pode");
+    QTest::newRow("code") << u"0012"_s << true;
+    QTest::newRow("blank in front") << u" 123"_s << true;
+    QTest::newRow("nothing") << QString() << false;
+    QTest::newRow("letters") << u"GOL "_s << false;
+    QTest::newRow("more than a code holds") << u"9E99"_s << false;
+}
+
+void TestInformacoes::tellsWhatCanBeACode()
+{
+    QFETCH(QString, texto);
+    QTEST(core::PodeSerCodigo(texto), "pode");
 }
 
 TARVELO_TEST_MAIN(TestInformacoes)

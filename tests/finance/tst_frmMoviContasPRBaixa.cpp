@@ -110,6 +110,9 @@ void TstMoviContasPRBaixa::settle(const std::function<void()> &user)
     support::whenShown(settling, [&] {
         seen = true;
         user();
+        if (auto *left = settlingWindow()) {
+            left->Unload();
+        }
     });
     keyOn(0, Qt::Key_P);
     support::failNotShown();
@@ -142,7 +145,6 @@ void TstMoviContasPRBaixa::opensOnTheWholePaymentWithBothPostings()
         QVERIFY(support::control<QRadioButton>(window, u"optCaixa"_s)->isChecked());
         QCOMPARE(cadastro::focusOf(window), u"txtVencimento"_s);
         QCOMPARE(text(window, u"txtVencimento"_s), QString());
-        window->Unload();
     });
 }
 
@@ -159,7 +161,6 @@ void TstMoviContasPRBaixa::theSettingTakesTheChoiceOfPosting()
         for (const QString &book : {u"optCaixa"_s, u"optBanco1"_s, u"optBanco2"_s}) {
             QVERIFY(support::controlOf(window, book)->isEnabled());
         }
-        window->Unload();
     });
 }
 
@@ -168,13 +169,12 @@ void TstMoviContasPRBaixa::tabGoesAsAPaymentIsTyped()
     prepareAccount();
     settle([] {
         const QStringList whole{u"txtVencimento"_s, u"chkCaixa"_s,   u"optCaixa"_s,  u"chkCliente"_s,
-                                u"btnSalvar"_s,     u"btnOSPrint"_s, u"btnVoltar"_s, u"tabPagto"_s};
+                                u"btnSalvar"_s,     u"btnOSPrint"_s, u"btnVoltar"_s, u"qt_tabwidget_tabbar"_s};
         QCOMPARE(cadastro::tabOrder(settlingWindow(), whole.first(), whole.size()), whole);
         inPart();
         const QStringList part{u"txtDataPagto"_s, u"txtValor"_s,  u"txtNovaData"_s, u"chkCaixa"_s, u"optCaixa"_s,
                                u"chkCliente"_s,   u"btnSalvar"_s, u"btnOSPrint"_s,  u"btnVoltar"_s};
         QCOMPARE(cadastro::tabOrder(settlingWindow(), part.first(), part.size()), part);
-        settlingWindow()->Unload();
     });
 }
 
@@ -187,7 +187,6 @@ void TstMoviContasPRBaixa::f1PutsToday()
         inPart();
         key(settlingWindow(), u"txtDataPagto"_s, Qt::Key_F1);
         QCOMPARE(text(settlingWindow(), u"txtDataPagto"_s), u"15/05/2024"_s);
-        settlingWindow()->Unload();
     });
 }
 
@@ -217,7 +216,6 @@ void TstMoviContasPRBaixa::showsWhatStaysOwing()
         type(settlingWindow(), u"txtValor"_s, paid);
         QCOMPARE(text(settlingWindow(), u"txtValor"_s), shown);
         QCOMPARE(text(settlingWindow(), u"lblSaldo"_s), rest);
-        settlingWindow()->Unload();
     });
 }
 
@@ -411,7 +409,6 @@ void TstMoviContasPRBaixa::refusesABadPayment()
         save();
         QVERIFY(cadastro::isOpen(settling));
         QCOMPARE(cadastro::focusOf(settlingWindow()), focus);
-        settlingWindow()->Unload();
     });
     QCOMPARE(program_->rows(u"SELECT Pago FROM ContasReceber"_s), Rows{{u"False"_s}});
     QVERIFY(program_->rows(u"SELECT * FROM Caixa"_s).empty());
@@ -489,7 +486,6 @@ void TstMoviContasPRBaixa::printsTheReceiptOfTheWhole()
         fillWhole();
         click(settlingWindow(), u"btnOSPrint"_s);
         QVERIFY(cadastro::isOpen(settling));
-        settlingWindow()->Unload();
     });
     const QStringList lines = receipt();
     QCOMPARE(lines.first().trimmed(), u"RECIBO R$ 1.234,50"_s);
@@ -507,7 +503,6 @@ void TstMoviContasPRBaixa::printsTheReceiptOfAPart()
     settle([] {
         fillPart();
         click(settlingWindow(), u"btnOSPrint"_s);
-        settlingWindow()->Unload();
     });
     const QStringList lines = receipt();
     QCOMPARE(lines.at(0).trimmed(), u"RECIBO R$ 60,00"_s);
@@ -527,7 +522,7 @@ void TstMoviContasPRBaixa::printsWhetherOrNotItIsSettled()
         fillWhole();
         save();
     });
-    QVERIFY(receipt().contains(u"Data..........:"_s) || receipt().contains(u"Data..........: "_s));
+    QCOMPARE(receipt().filter(u"Data"_s).join(u'|').trimmed(), u"Data..........:"_s);
     QCOMPARE(program_->rows(u"SELECT Pago FROM ContasReceber"_s), Rows{{u"True"_s}});
 }
 
