@@ -38,6 +38,11 @@ QString emPalavras(const QString &valor)
     return u"Valor Extenso.: "_s + ValorPorExtenso(valor, true);
 }
 
+double numeroOuZero(const QString &texto)
+{
+    return runtime::IsNumeric(texto) ? runtime::CDbl(texto) : 0;
+}
+
 QString comoDia(const QString &data)
 {
     return runtime::Format(data, mascaraData);
@@ -77,8 +82,7 @@ void frmMoviContasPRBaixa::Form_Load()
 void frmMoviContasPRBaixa::txtValor_LostFocus()
 {
     MascaraTexto(ui_->txtValor, TipoMascara::Valor);
-    const QString pago = ui_->txtValor->text();
-    const double saldo = runtime::CDbl(ui_->lblValor->text()) - (runtime::IsNumeric(pago) ? runtime::CDbl(pago) : 0);
+    const double saldo = numeroOuZero(ui_->lblValor->text()) - numeroOuZero(ui_->txtValor->text());
     ui_->lblSaldo->setText(runtime::Format(saldo, mascaraValor));
 }
 
