@@ -98,6 +98,13 @@ constexpr std::array wanted{
     Wanted{u"frmOSConsulta", By::Preenchimento, {0, u"frmOSFormaPagto", u"lblPlacas", u"lblPlacas"}},
     Wanted{u"frmOSConsulta", By::Preenchimento, {0, u"frmOSFormaPagto", u"lblAno", u"lblAno"}},
     Wanted{u"frmOSFormaPagto", By::Preenchimento, {0, u"frmOSConsulta", u"lblDataOut"}},
+    Wanted{u"frmMoviContasPR", By::Preenchimento, {0, u"frmMoviContasPRBaixa", u"lblData"}},
+    Wanted{u"frmMoviContasPR", By::Preenchimento, {0, u"frmMoviContasPRBaixa", u"lblVencimento"}},
+    Wanted{u"frmMoviContasPR", By::Preenchimento, {0, u"frmMoviContasPRBaixa", u"lblDescricao"}},
+    Wanted{u"frmMoviContasPR", By::Preenchimento, {0, u"frmMoviContasPRBaixa", u"lblValor"}},
+    Wanted{u"frmMoviContasPR", By::Preenchimento, {0, u"frmMoviContasPRBaixa", u"lblCodOS"}},
+    Wanted{u"frmMoviContasPR", By::Preenchimento, {0, u"frmMoviContasPRBaixa", u"lblCodCliente"}},
+    Wanted{u"frmMoviContasPR", By::Preenchimento, {0, u"frmMoviContasPRBaixa", u"lblNome"}},
 };
 
 /// The callers that the program does not have yet: each leaves this list when it comes.

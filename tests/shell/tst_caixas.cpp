@@ -161,6 +161,15 @@ constexpr std::array rows{
     Row{u"frmMoviCaixa", u"txtValor", u"Caixa", u"Entrada"},
     Row{u"frmMoviCaixa", u"txtTexto"},
 
+    Row{u"frmMoviContasPR", u"txtData", u"ContasReceber", u"Data"},
+    Row{u"frmMoviContasPR", u"txtDescricao", u"ContasReceber", u"Descricao"},
+    Row{u"frmMoviContasPR", u"txtValor", u"ContasReceber", u"Valor"},
+    Row{u"frmMoviContasPR", u"txtVencimento", u"ContasReceber", u"Vencimento"},
+    Row{u"frmMoviContasPRBaixa", u"txtVencimento", u"ContasReceber", u"DataPagto"},
+    Row{u"frmMoviContasPRBaixa", u"txtDataPagto", u"ContasReceber", u"DataPagto"},
+    Row{u"frmMoviContasPRBaixa", u"txtValor", u"ContasReceber", u"Valor"},
+    Row{u"frmMoviContasPRBaixa", u"txtNovaData", u"ContasReceber", u"Vencimento"},
+
     Row{u"frmSenha", u"txtCodigo"},
     Row{u"frmSenha", u"txtSenha"},
     Row{u"frmSenhaManut", u"txtCodigo", u"Senha", u"Codigo"},

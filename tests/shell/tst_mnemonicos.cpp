@@ -85,7 +85,8 @@ QStringList captionsOf(const QWidget *control)
 }
 
 /// Windows that hold the menus off while they are open, and the one whose load is the whole start.
-const QStringList alone{u"frmSenha"_s, u"frmSenhaManut"_s, u"frmCadaFast"_s, u"frmOSFormaPagto"_s};
+const QStringList alone{u"frmSenha"_s, u"frmSenhaManut"_s, u"frmCadaFast"_s, u"frmOSFormaPagto"_s,
+                        u"frmMoviContasPRBaixa"_s};
 const QString itsLoadStartsTheProgram = u"frmSplash"_s;
 
 /// Captions that are told with these very letters: the parts' unit shares its with a menu, the two stocks theirs.

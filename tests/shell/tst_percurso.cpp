@@ -79,6 +79,10 @@ constexpr State states[] = {
     {"payment, cheques", "frmOSFormaPagto", 0, "1", "0-0", "tabPagto", 3},
     {"payment, others", "frmOSFormaPagto", 0, "1", "0-0", "tabPagto", 4},
     {"payment, customized", "frmOSFormaPagto", 0, "1", "0-0", "tabPagto", 5},
+    {"accounts to receive", "frmMoviContasPR"},
+    {"accounts to pay", "frmMoviContasPR", 0, "1", "0-0", "tabContas", 1},
+    {"receivable, whole", "frmMoviContasPRBaixa"},
+    {"receivable, in part", "frmMoviContasPRBaixa", 0, "1", "0-0", "tabPagto", 1},
 };
 
 /// One option stands for its group: the chosen one, else the first; the arrows go to the others.
@@ -323,6 +327,8 @@ void TstPercurso::theArrowsMeetTheOptionsOfAGroup_data()
     QTest::newRow("kind of part") << u"frmCadaPecas"_s << QStringList{u"optPeca"_s, u"optServico"_s};
     QTest::newRow("stock control") << u"frmCadaPecas"_s << QStringList{u"optSim"_s, u"optNao"_s};
     QTest::newRow("account") << u"frmMoviFiadosConta"_s << QStringList{u"optEntrada"_s, u"optSaida"_s};
+    QTest::newRow("ledger of a payment") << u"frmMoviContasPRBaixa"_s
+                                         << QStringList{u"optCaixa"_s, u"optBanco1"_s, u"optBanco2"_s};
     QTest::newRow("posting") << u"frmMoviEstoque"_s << QStringList{u"optEntrada"_s, u"optSaida"_s, u"optConf"_s};
 }
 
