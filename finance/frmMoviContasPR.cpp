@@ -40,7 +40,7 @@ QString ordemDaLinha(const dao::Recordset &linha)
         return {};
     }
     for (const QString &inicio : {descricao.chopped(fimDaParcela), descricao}) {
-        if (const QString pedaco = inicio.right(algarismosDaOrdem); PodeSerCodigo(pedaco)) {
+        if (QString pedaco = inicio.right(algarismosDaOrdem); PodeSerCodigo(pedaco)) {
             return pedaco;
         }
     }
@@ -228,13 +228,13 @@ void frmMoviContasPR::preencheAoAbrir()
 
 QString frmMoviContasPR::consulta() const
 {
-    const QString doPeriodo = JanelaMovimento::consulta();
+    QString instrucao = JanelaMovimento::consulta();
     const QString criterio =
         ui_->chkFiltrar->isChecked() ? ui::InputBox(u"Digite seu critério de pesquisa"_s, NomeEmpresa) : QString();
-    if (criterio.isEmpty()) {
-        return doPeriodo;
+    if (!criterio.isEmpty()) {
+        instrucao.replace(u" WHERE "_s, u" WHERE Descricao LIKE '*"_s + criterio + u"*' AND "_s);
     }
-    return QString(doPeriodo).replace(u" WHERE "_s, u" WHERE Descricao LIKE '*"_s + criterio + u"*' AND "_s);
+    return instrucao;
 }
 
 void frmMoviContasPR::depoisDePreencher(const Somas &somas, bool vazia)
