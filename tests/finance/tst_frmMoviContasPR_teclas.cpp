@@ -33,6 +33,8 @@ private slots:
     void paysBehindTheNewestRowOfTheCashBook();
     void postsTheDescriptionThatIsShown();
     void theSettingOfReceivablesIsNotAsked();
+    void takesTheAnswersAsTheyAreWritten_data();
+    void takesTheAnswersAsTheyAreWritten();
     void stopsWhereAnAnswerIsNone_data();
     void stopsWhereAnAnswerIsNone();
     void aPaidAccountIsOpenAgain();
@@ -121,6 +123,32 @@ void TstMoviContasPRTeclas::theSettingOfReceivablesIsNotAsked()
     boxes_->inputKeep(askDate, u"15/05/2024"_s).inputKeep(askValue, u"80,00"_s);
     keyOn(0, Qt::Key_P);
     QCOMPARE(program_->rows(u"SELECT Saida FROM Caixa"_s), Rows{{u"80"_s}});
+}
+
+void TstMoviContasPRTeclas::takesTheAnswersAsTheyAreWritten_data()
+{
+    QTest::addColumn<QString>("date");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QStringList>("account");
+    const QString may = u"03/05/2024 00:00:00"_s;
+    QTest::newRow("short") << u"3/5/24"_s << u"7,5"_s << QStringList{u"7.5"_s, may};
+    QTest::newRow("thousands") << u"03/05/2024"_s << u"1.234,56"_s << QStringList{u"1234.56"_s, may};
+    QTest::newRow("a power of ten") << u"03/05/2024"_s << u"1e3"_s << QStringList{u"1000"_s, may};
+    QTest::newRow("nothing paid") << u"03/05/2024"_s << u"0"_s << QStringList{u"0"_s, may};
+    QTest::newRow("money that came back") << u"03/05/2024"_s << u"-5"_s << QStringList{u"-5"_s, may};
+}
+
+void TstMoviContasPRTeclas::takesTheAnswersAsTheyAreWritten()
+{
+    QFETCH(QString, date);
+    QFETCH(QString, value);
+    QFETCH(QStringList, account);
+    Case::account(payables, u"LUZ"_s, u"80"_s);
+    open(1);
+    boxes_->input(askDate, date).input(askValue, value);
+    keyOn(0, Qt::Key_P);
+    QCOMPARE(program_->rows(u"SELECT Valor, DataPagto FROM ContasPagar"_s), Rows{account});
+    QCOMPARE(program_->rows(u"SELECT Saida FROM Caixa"_s), Rows{{account.first()}});
 }
 
 void TstMoviContasPRTeclas::stopsWhereAnAnswerIsNone_data()
