@@ -102,6 +102,7 @@ private slots:
     void theTitleIsTheDocumentsFirstText();
     void everyPageHasItsOwnOrientation();
     void theLastDocumentIsKept();
+    void everyPaintedPageIsTold();
     void anEmptyDocumentWritesNothing();
     void aDroppedDocumentWritesNothing();
     void aFolderThatCannotBeMadeIsError482();
@@ -206,6 +207,21 @@ void tst_Printer::theLastDocumentIsKept()
     office.print(u"C"_s);
     QCOMPARE(office.device.lastDocument().size(), std::size_t{2});
     QCOMPARE(office.device.lastDocument().back().lines(), QStringList{u"C"_s});
+}
+
+/// While the document is on its way, not behind it.
+void tst_Printer::everyPaintedPageIsTold()
+{
+    Office office;
+    QStringList told;
+    office.device.pagePainted = [&] { told << u"page"_s; };
+    office.device.written = [&](const QString & /*path*/) { told << u"file"_s; };
+    office.device.Print(u"A"_s);
+    office.device.NewPage();
+    office.device.Print(u"B"_s);
+    QCOMPARE(told, QStringList());
+    office.device.EndDoc();
+    QCOMPARE(told, (QStringList{u"page"_s, u"page"_s, u"file"_s}));
 }
 
 void tst_Printer::anEmptyDocumentWritesNothing()
