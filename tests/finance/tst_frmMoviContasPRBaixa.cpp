@@ -286,6 +286,7 @@ void TstMoviContasPRBaixa::aLetterSavesWhatWasTypedLast()
         fillPart(u"10"_s);
         auto *window = settlingWindow();
         cadastro::focus(window, u"txtValor"_s);
+        QTest::keyClick(window->window()->windowHandle(), Qt::Key_A, Qt::ControlModifier);
         for (const Qt::Key digit : {Qt::Key_6, Qt::Key_0}) {
             QTest::keyClick(window->window()->windowHandle(), digit);
         }
