@@ -77,6 +77,7 @@ int measureAll(int argc, char **argv)
     medidas::medeLista();
     medidas::medeOrdens();
     medidas::medeCadastros();
+    medidas::medeFinancas();
     medidas::medePrevia();
     medidas::mostraSemLimite();
 

@@ -128,15 +128,7 @@ void recalculateBare(benchmark::State &state)
     BancoCru database(grande().arquivo());
     for (auto turn : state) {
         database.execute("BEGIN");
-        Instrucao select(database, "SELECT rowid, Entrada, Saida FROM Caixa ORDER BY Data, Codigo");
-        Instrucao update(database, "UPDATE Caixa SET Saldo = ? WHERE rowid = ?");
-        float balance = 0;
-        while (select.step()) {
-            balance += static_cast<float>(select.null(1) ? -select.number(2) : select.number(1));
-            update.bind(1, double{balance});
-            update.bind(2, select.integer(0));
-            update.run();
-        }
+        recalculaCru(database);
         database.execute("COMMIT");
     }
 }
@@ -231,6 +223,19 @@ void abrePasta(const QString &pasta)
     core::ArquivoDB = QDir(pasta).filePath(arquivoDados);
     core::DBDados.reset();
     core::AbreOuCriaBanco([](const QString &) {});
+}
+
+void recalculaCru(const BancoCru &banco)
+{
+    Instrucao select(banco, "SELECT rowid, Entrada, Saida FROM Caixa ORDER BY Data, Codigo");
+    Instrucao update(banco, "UPDATE Caixa SET Saldo = ? WHERE rowid = ?");
+    float balance = 0;
+    while (select.step()) {
+        balance += static_cast<float>(select.null(1) ? -select.number(2) : select.number(1));
+        update.bind(1, double{balance});
+        update.bind(2, select.integer(0));
+        update.run();
+    }
 }
 
 const Oficina &grande()

@@ -8,6 +8,8 @@
 namespace medidas
 {
 
+class BancoCru;
+
 /// A program folder with its database for a measurement, large where `rows` is. Becomes the program's open database.
 class Oficina
 {
@@ -39,7 +41,11 @@ void medeBanco();
 void medeOrdens();
 void medeLista();
 void medeCadastros();
+void medeFinancas();
 void medePrevia();
+
+/// The balances of the whole cash book worked out anew through the bare library, inside a write of the caller's.
+void recalculaCru(const BancoCru &banco);
 
 /// The workshop with 200,000 customers, made at first use.
 const Oficina &comClientes();
