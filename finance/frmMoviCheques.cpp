@@ -61,14 +61,15 @@ constexpr std::array colunas{
     ColunaLista{u"Pago", 620, u"Pago", comoSimNao},
     ColunaLista{u"Observações", 3000, u"Observacoes", comoEsta},
 };
-constexpr std::array somas{Soma{u"Valor"}, Soma{u"Valor", compensado}, Soma{u"Valor", aCompensar}};
+constexpr std::array somasDosCheques{Soma{u"Valor"}, Soma{u"Valor", compensado}, Soma{u"Valor", aCompensar}};
 constexpr std::array<QStringView, 5> semCheques{u"", u"", u"", u"Registro Não Localizado", u" "};
 
 constexpr std::array tabelas{TabelaMovimento{
     .tabela = u"Cheques",
     .consulta = u"SELECT * FROM Cheques WHERE Vencimento BETWEEN ",
     .consultaFim = u" ORDER BY Data, Codigo",
-    .lista = {.colunas = colunas, .icone = iconeDaLinha, .tag = tagDaLinha, .somas = somas, .vazia = semCheques},
+    .lista =
+        {.colunas = colunas, .icone = iconeDaLinha, .tag = tagDaLinha, .somas = somasDosCheques, .vazia = semCheques},
 }};
 
 /// A cheque that is changed counts as entered on that day.
@@ -118,7 +119,7 @@ frmMoviCheques::~frmMoviCheques() = default;
 void frmMoviCheques::Form_Load()
 {
     JanelaMovimento::Form_Load();
-    campos().foca();
+    ui_->txtBanco->setFocus();
 }
 
 /// The whole window is emptied behind it, the row clicked last included.
