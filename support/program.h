@@ -53,6 +53,12 @@ private:
     QTemporaryDir folder_;
 };
 
+/// All digits of a 32-bit float: a comparison of floats lets the last ones pass.
+inline QString exact(float value)
+{
+    return QString::number(double{value}, 'g', 9);
+}
+
 /// Loads and shows a window, active and ready for real events; fails the test where it does not exist.
 ui::Form *show(const QString &form);
 

@@ -225,8 +225,8 @@ void TestLista::somasPelaOrdemDasLinhas()
     for (const auto *valor : {u"16777216", u"1", u"1"}) {
         cheque(u"ITAÚ"_s, QString::fromUtf16(valor));
     }
-    QCOMPARE(enche().at(0), 16777216.0F);
-    QCOMPARE(enche(lista, u"SELECT * FROM Cheques ORDER BY Codigo DESC"_s).at(0), 16777218.0F);
+    QCOMPARE(support::exact(enche().at(0)), u"16777216"_s);
+    QCOMPARE(support::exact(enche(lista, u"SELECT * FROM Cheques ORDER BY Codigo DESC"_s).at(0)), u"16777218"_s);
     QCOMPARE(lista_->count(), 3);
 }
 

@@ -194,8 +194,10 @@ void TstFrmMoviFiadosPaga::aLargeValueIsPostedAsItIsShown()
     QCOMPARE(columnOf(janela_, 4), QStringList{u"1.234.568,00"_s});
     boxes_->question(pergunta, true);
     teclaP(0);
-    QCOMPARE(std::get<float>(program_->value(u"SELECT Entrada FROM Caixa WHERE Codigo = 2"_s)), 1234568.0F);
-    QCOMPARE(std::get<float>(program_->value(u"SELECT Saldo FROM Caixa WHERE Codigo = 2"_s)), 1234568.0F + 0.1F);
+    QCOMPARE(support::exact(std::get<float>(program_->value(u"SELECT Entrada FROM Caixa WHERE Codigo = 2"_s))),
+             u"1234568"_s);
+    QCOMPARE(support::exact(std::get<float>(program_->value(u"SELECT Saldo FROM Caixa WHERE Codigo = 2"_s))),
+             support::exact(1234568.0F + 0.1F));
 }
 
 void TstFrmMoviFiadosPaga::aRowWithoutAnOrderIsNotSettled()

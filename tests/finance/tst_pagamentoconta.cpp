@@ -94,7 +94,7 @@ void TestPagamentoConta::theAmountIsTakenAwayAsItsTextStands()
     menor.valor = u"11,27"_s;
     finance::PagaConta(menor);
     const auto saldo = std::get<float>(programa.value(u"SELECT Saldo FROM Caixa WHERE Codigo = 2"_s));
-    QCOMPARE(saldo, static_cast<float>(double{80.14F} - 11.27));
+    QCOMPARE(support::exact(saldo), support::exact(static_cast<float>(double{80.14F} - 11.27)));
     QVERIFY(saldo != 80.14F - 11.27F);
 }
 

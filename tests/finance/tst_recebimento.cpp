@@ -13,6 +13,7 @@
 using namespace Qt::StringLiterals;
 using finance::Recebe;
 using finance::Recebimento;
+using support::exact;
 
 namespace
 {
@@ -66,12 +67,6 @@ void saldo(const QString &tabela, float valor)
 float ultimoSaldo(const support::Program &programa, const QString &tabela)
 {
     return std::get<float>(programa.value(u"SELECT Saldo FROM %1 ORDER BY Codigo DESC"_s.arg(tabela)));
-}
-
-/// All digits of a 32-bit float, as a comparison of floats lets the last ones pass.
-QString exato(float valor)
-{
-    return QString::number(double{valor}, 'g', 9);
 }
 
 } // namespace
@@ -201,8 +196,8 @@ void TestRecebimento::anEmptyLedgerBeginsAtNothing()
     const support::Program programa;
     conta();
     Recebe(inteiro());
-    QCOMPARE(exato(ultimoSaldo(programa, u"Caixa"_s)), u"100"_s);
-    QCOMPARE(exato(ultimoSaldo(programa, u"ContaFiado"_s)), u"-100"_s);
+    QCOMPARE(exact(ultimoSaldo(programa, u"Caixa"_s)), u"100"_s);
+    QCOMPARE(exact(ultimoSaldo(programa, u"ContaFiado"_s)), u"-100"_s);
 }
 
 void TestRecebimento::postsBehindTheNewestRowWhateverItsDate()
@@ -227,7 +222,7 @@ void TestRecebimento::theLedgerAddsIn32BitsWhatTheRowHolds()
     Recebimento recebimento = inteiro();
     recebimento.valor = u"334,33"_s;
     Recebe(recebimento);
-    QCOMPARE(exato(ultimoSaldo(programa, u"Caixa"_s)), exato(2097152.0F + 334.33F));
+    QCOMPARE(exact(ultimoSaldo(programa, u"Caixa"_s)), exact(2097152.0F + 334.33F));
     QVERIFY(2097152.0F + 334.33F != 2097152.25F + 334.33F);
 }
 
@@ -257,7 +252,7 @@ void TestRecebimento::theCustomersAccountSubtractsIn64BitsFromTheText()
     Recebimento recebimento = inteiro();
     recebimento.valor = pago;
     Recebe(recebimento);
-    QCOMPARE(exato(ultimoSaldo(programa, u"ContaFiado"_s)), exato(depois));
+    QCOMPARE(exact(ultimoSaldo(programa, u"ContaFiado"_s)), exact(depois));
 }
 
 void TestRecebimento::aThousandPaymentsRoundRowByRow_data()
@@ -283,8 +278,8 @@ void TestRecebimento::aThousandPaymentsRoundRowByRow()
     for (int vez = 0; vez < 1000; ++vez) {
         Recebe(recebimento);
     }
-    QCOMPARE(exato(ultimoSaldo(programa, u"Caixa"_s)), exato(caixa));
-    QCOMPARE(exato(ultimoSaldo(programa, u"ContaFiado"_s)), exato(fiado));
+    QCOMPARE(exact(ultimoSaldo(programa, u"Caixa"_s)), exact(caixa));
+    QCOMPARE(exact(ultimoSaldo(programa, u"ContaFiado"_s)), exact(fiado));
 }
 
 void TestRecebimento::anAccountThatIsGoneIsToldBeforeTheRestIsWritten_data()
