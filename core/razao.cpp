@@ -85,9 +85,10 @@ Value escreveLados(dao::Recordset &linha, const Lancamento &lancamento, double a
 }
 
 /// A movement's effect on the balance. A row with neither side has none to give: the conversion of Null fails.
-float movimento(const Value &entrada, const Value &saida)
+float movimento(const dao::Recordset &linha, int entrada, int saida)
 {
-    return runtime::IsNull(entrada) ? -runtime::CSng(saida) : runtime::CSng(entrada);
+    const Value entrou = linha.value(entrada);
+    return runtime::IsNull(entrou) ? -runtime::CSng(linha.value(saida)) : runtime::CSng(entrou);
 }
 
 int quantasLinhas(const Razao &razao, const QString &dono)
@@ -103,7 +104,7 @@ void recalcula(dao::Recordset &linhas, QStringView colunaSaldo, Andamento &andam
     const int coluna = linhas.fieldPlace(colunaSaldo);
     float saldo = 0;
     for (; !linhas.Eof(); linhas.MoveNext()) {
-        saldo = SaldoDepois(saldo, movimento(linhas.value(entrada), linhas.value(saida)));
+        saldo = SaldoDepois(saldo, movimento(linhas, entrada, saida));
         linhas.Edit();
         linhas[coluna] = saldo;
         linhas.Update();
