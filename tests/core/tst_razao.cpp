@@ -226,11 +226,11 @@ void TestRazao::anEmptyLedgerIsZeroOrNoNumber()
 void TestRazao::addsInTheWidthThatIsAskedFor_data()
 {
     QTest::addColumn<int>("precisao");
-    QTest::addColumn<float>("saldo");
-    QTest::newRow("32 bits") << int(core::Precisao::Single) << 80.14F + 300.66F;
+    QTest::addColumn<QString>("saldo");
+    QTest::newRow("32 bits") << int(core::Precisao::Single) << exact(80.14F + 300.66F);
     QTest::newRow("the balance in 64 bits")
-        << int(core::Precisao::DoubleDoSaldo) << static_cast<float>(80.14 + double{300.66F});
-    QTest::newRow("64 bits") << int(core::Precisao::Double) << static_cast<float>(80.14 + 300.66);
+        << int(core::Precisao::DoubleDoSaldo) << exact(static_cast<float>(80.14 + double{300.66F}));
+    QTest::newRow("64 bits") << int(core::Precisao::Double) << exact(static_cast<float>(80.14 + 300.66));
 }
 
 void TestRazao::addsInTheWidthThatIsAskedFor()
