@@ -235,6 +235,7 @@ void Campos::foca() const
 {
     for (const Campo &campo : campos_) {
         if (!campo.controle.isEmpty() && controle(campo.controle)->focusPolicy() != Qt::NoFocus) {
+            controle(campo.controle)->setFocus();
             SelecionaTexto(controle(campo.controle));
             return;
         }

@@ -91,7 +91,7 @@ public:
     void grava(dao::Recordset &linha, Gravacao gravacao) const;
     bool confere(Gravacao gravacao) const; ///< false when one check refused
     void limpa();                          ///< empties the fields
-    void foca() const;                     ///< the first field that takes the focus has it
+    void foca() const;                     ///< the first field that takes the focus has it, or will when it is shown
 
     /// A control by its name, and its text: that of an option button is "-1" or "0", that of a combo without typing the
     /// index of its entry.

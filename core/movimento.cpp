@@ -92,6 +92,7 @@ void JanelaMovimento::Form_Load()
     }
     preencheAoAbrir();
     campos_.carregaListas();
+    campos_.foca();
 }
 
 // --- the list

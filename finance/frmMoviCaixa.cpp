@@ -122,6 +122,7 @@ void frmMoviCaixa::Form_Load()
     }
     if (relatorio) {
         setWindowTitle(captionOf(u" - [Relatório de Livro Caixa]"_s));
+        ui_->txtDataInicio->setFocus();
     }
 }
 

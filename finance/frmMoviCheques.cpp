@@ -116,12 +116,6 @@ frmMoviCheques::frmMoviCheques() : JanelaMovimento(movimento), ui_(std::make_uni
 
 frmMoviCheques::~frmMoviCheques() = default;
 
-void frmMoviCheques::Form_Load()
-{
-    JanelaMovimento::Form_Load();
-    ui_->txtBanco->setFocus();
-}
-
 /// The whole window is emptied behind it, the row clicked last included.
 void frmMoviCheques::inclui()
 {

@@ -22,8 +22,6 @@ public:
     frmMoviCheques();
     ~frmMoviCheques() override;
 
-    void Form_Load() override;
-
 protected:
     void inclui() override;
     void depoisDePreencher(const core::Somas &somas, bool vazia) override;

@@ -100,7 +100,6 @@ void frmMoviFiadosConta::Form_Load()
         abreCliente();
     }
     habilita();
-    ui_->txtData->setFocus();
 }
 
 void frmMoviFiadosConta::habilita()

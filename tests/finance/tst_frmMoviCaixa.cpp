@@ -96,6 +96,7 @@ void TstMoviCaixa::opensAsTheReportOfItself()
     open(30);
     QCOMPARE(window_->windowTitle(), u"Tarvelo - [Relatório de Livro Caixa]"_s);
     QCOMPARE(cadastro::columnOf(window_, 2), (QStringList{u"HOJE"_s}));
+    QCOMPARE(cadastro::focusOf(window_), u"txtDataInicio"_s);
     QVERIFY(hidden(u"painel"_s) && hidden(u"txtData"_s) && hidden(u"btnIncluir"_s) && hidden(u"btnVoltar"_s));
     QVERIFY(!hidden(u"btnPrevisualizar"_s) && !hidden(u"btnPrint"_s) && !hidden(u"btnBack"_s));
     click(window_, u"btnBack"_s);
@@ -105,6 +106,7 @@ void TstMoviCaixa::opensAsTheReportOfItself()
 void TstMoviCaixa::tabGoesAsARowIsTyped()
 {
     open();
+    QCOMPARE(cadastro::focusOf(window_), u"txtData"_s);
     const QStringList order{u"txtData"_s,     u"txtDescricao"_s, u"optEntrada"_s,    u"txtValor"_s,
                             u"btnIncluir"_s,  u"btnAlterar"_s,   u"btnExcluir"_s,    u"btnVoltar"_s,
                             u"btnOSPrint"_s,  u"optCaixa"_s,     u"txtDataInicio"_s, u"txtDataFim"_s,

@@ -130,7 +130,12 @@ void TstMoviContasPR::tabGoesAsAnAccountIsTyped()
                             u"btnPreenche"_s,
                             u"qt_tabwidget_tabbar"_s,
                             u"Lista_0"_s};
+    QCOMPARE(cadastro::focusOf(window_), order.first());
     QCOMPARE(cadastro::tabOrder(window_, u"txtData"_s, order.size()), order);
+
+    type(window_, u"txtDescricao"_s, u"luz"_s); // its buttons can be pressed now, and lie behind the commands
+    const QStringList typed{u"txtData"_s, u"txtDescricao"_s, u"txtValor"_s, u"txtVencimento"_s, u"btnIncluir"_s};
+    QCOMPARE(cadastro::tabOrder(window_, u"txtData"_s, typed.size()), typed);
 }
 
 void TstMoviContasPR::fitsTheMainWindow()
