@@ -83,7 +83,7 @@ void TestCompensacao::tellsWhatThePostingNeeds()
     QVERIFY(alternado);
     QCOMPARE(alternado->codigo, 2);
     QCOMPARE(alternado->codOs, 12);
-    QCOMPARE(alternado->valor, 33.33F);
+    QCOMPARE(support::exact(alternado->valor), support::exact(33.33F));
 }
 
 void TestCompensacao::turnsNothingElse()

@@ -125,7 +125,8 @@ void TstFrmCadaPecasInclui::includesAPart()
     const Rows part{{u"1"_s, u"FILTRO DE OLEO"_s, u"GOL 1.0"_s, u"P"_s, u"0"_s, u"12.5"_s, u"1025.9"_s, u"5"_s, u"-1"_s,
                      u"FO-100"_s, u"18"_s, u"8421.23"_s}};
     QCOMPARE(parts(), part);
-    QCOMPARE(std::get<float>(program_->value(u"SELECT ValorVenda FROM Pecas"_s)), 1025.9F);
+    QCOMPARE(support::exact(std::get<float>(program_->value(u"SELECT ValorVenda FROM Pecas"_s))),
+             support::exact(1025.9F));
 }
 
 void TstFrmCadaPecasInclui::includesByUnit()

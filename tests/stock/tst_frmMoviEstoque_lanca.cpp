@@ -195,7 +195,7 @@ void TstFrmMoviEstoqueLanca::fiveTenthsAddUpIn32Bits()
         post(u"optEntrada"_s, u"0,1"_s);
         const float balance = asRead.at(time).toFloat() + 0.1F;
         const runtime::Value stored = program_->value(u"SELECT Estoque FROM Estoque WHERE Codigo = %1"_s.arg(time + 2));
-        QCOMPARE(std::get<float>(stored), balance);
+        QCOMPARE(support::exact(std::get<float>(stored)), support::exact(balance));
     }
     click(window_, u"btnPreenche"_s);
     QCOMPARE(list()->item(5).subItem(5), u"0,500"_s);
@@ -206,7 +206,8 @@ void TstFrmMoviEstoqueLanca::theBalanceIsReadWithSevenDigits()
     row(u"05/01/2024"_s, u"COMPRA"_s, u"1"_s, u"Null"_s, u"1"_s);
     const float drifted = std::nextafter(1234567.25F, 2e6F); // 1234567.375
     program_->sql(u"UPDATE Estoque SET Estoque = %1 WHERE Codigo = 2"_s.arg(QString::number(double{drifted}, 'f', 6)));
-    QCOMPARE(std::get<float>(program_->value(u"SELECT Estoque FROM Estoque WHERE Codigo = 2"_s)), drifted);
+    QCOMPARE(support::exact(std::get<float>(program_->value(u"SELECT Estoque FROM Estoque WHERE Codigo = 2"_s))),
+             support::exact(drifted));
     open();
     choose(u"1"_s);
     post(u"optEntrada"_s, u"1"_s);
