@@ -14,6 +14,9 @@ CaixaDeLista::CaixaDeLista(ui::Form &janela, QComboBox *combo, ListaCombo lista,
     : QObject(combo), combo_(combo), lista_(lista)
 {
     janela.onChange(combo, this, &CaixaDeLista::muda);
+    if (acrescenta == nullptr) {
+        return;
+    }
     janela.onClick(acrescenta, this, &CaixaDeLista::acrescenta);
     janela.onClick(remove, this, &CaixaDeLista::remove);
     LigaBotoesDaLista(combo, acrescenta, remove);

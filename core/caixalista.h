@@ -15,13 +15,13 @@ namespace core
 {
 
 /// A combo with the list of texts that the user keeps for it, and the two buttons that keep it: completes what is
-/// typed, adds the text to the list, removes it from the list. Made in the window's constructor; it goes with the
-/// combo.
+/// typed, adds the text to the list, removes it from the list. A combo that shares another one's list has no buttons.
+/// Made in the window's constructor; it goes with the combo.
 class CaixaDeLista : public QObject
 {
 public:
-    CaixaDeLista(ui::Form &janela, QComboBox *combo, ListaCombo lista, QAbstractButton *acrescenta,
-                 QAbstractButton *remove);
+    CaixaDeLista(ui::Form &janela, QComboBox *combo, ListaCombo lista, QAbstractButton *acrescenta = nullptr,
+                 QAbstractButton *remove = nullptr);
 
     /// Loads the entries, when the window loads.
     void carrega();

@@ -48,6 +48,9 @@ struct Documento {
     bool comRodape = true; ///< third layout: whether the last sheet gets its foot
 };
 
+/// The layout that the settings name (`LayoutOS`).
+int LayoutDeImpressao();
+
 /// Prints a document with layout 1 (plain text), 2 (logo and frame, at most 45 items a sheet) or 3 (logo and frame, a
 /// section for each list); any other number prints nothing.
 void ImprimeDocumento(int layout, const Documento &documento, printer::Surface &saida);

@@ -1,7 +1,9 @@
 #include "documents/impressao.h"
 
+#include "core/config.h"
 #include "core/funcoes.h"
 #include "platform/runtime/format.h"
+#include "platform/runtime/numbers.h"
 #include "platform/runtime/text.h"
 
 #include <QRegularExpression>
@@ -119,6 +121,11 @@ bool CabeAcima(const printer::Surface &saida, double limite, const Bloco &bloco)
         fim += altura(saida, linha.tamanho);
     }
     return fim <= limite;
+}
+
+int LayoutDeImpressao()
+{
+    return static_cast<int>(runtime::Val(Config(u"LayoutOS"_s)));
 }
 
 void ImprimeDocumento(int layout, const Documento &documento, printer::Surface &saida)

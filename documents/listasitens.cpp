@@ -1,8 +1,7 @@
 #include "documents/listasitens.h"
 
-#include "core/config.h"
 #include "core/lista.h"
-#include "platform/runtime/numbers.h"
+#include "documents/documento.h"
 #include "platform/ui/listview.h"
 
 #include <QTabBar>
@@ -65,7 +64,7 @@ QStringList textosDe(Aba aba, const LinhaItem &linha)
 
 FormaListas FormaDoLayout()
 {
-    return runtime::Val(Config(u"LayoutOS"_s)) <= 2 ? FormaListas::Compacta : FormaListas::Completa;
+    return LayoutDeImpressao() <= 2 ? FormaListas::Compacta : FormaListas::Completa;
 }
 
 ListasItens::ListasItens(QWidget *parent)

@@ -35,6 +35,9 @@ constexpr std::array trabalhos{
     Trabalho{u"Digite o Valor de Serv. Tercerizados", u"SERVIÇOS TERCERIZADOS"},
 };
 
+constexpr QStringView acrescenta = u"Add";
+constexpr QStringView remove = u"Remove";
+
 std::unique_ptr<Ui::PainelItens> controlesEm(QWidget *painel)
 {
     auto controles = std::make_unique<Ui::PainelItens>();
@@ -56,6 +59,17 @@ PainelItens::PainelItens(QWidget *parent)
 }
 
 PainelItens::~PainelItens() = default;
+
+QString PainelItens::botoesDaDescricao() const
+{
+    return ui_->btnMarcaAdd->objectName().chopped(acrescenta.size());
+}
+
+void PainelItens::setBotoesDaDescricao(const QString &inicio)
+{
+    ui_->btnMarcaAdd->setObjectName(inicio + acrescenta);
+    ui_->btnMarcaRemove->setObjectName(inicio + remove);
+}
 
 void PainelItens::liga(ui::Form &janela, UsoDoPainel uso)
 {

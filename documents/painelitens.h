@@ -33,10 +33,16 @@ struct UsoDoPainel {
 class PainelItens : public QWidget
 {
     Q_OBJECT
+    Q_PROPERTY(QString botoesDaDescricao READ botoesDaDescricao WRITE setBotoesDaDescricao)
 
 public:
     explicit PainelItens(QWidget *parent = nullptr);
     ~PainelItens() override;
+
+    /// What the names of the buttons that keep the list of descriptions begin with. Where a header keeps a list of
+    /// vehicles by buttons of the same names, the layout file gives other ones.
+    QString botoesDaDescricao() const;
+    void setBotoesDaDescricao(const QString &inicio);
 
     /// Connects the events of the panel. For the constructor of the window.
     void liga(ui::Form &janela, UsoDoPainel uso = {});

@@ -15,20 +15,21 @@ bool semJuros(const QString &juros)
     return juros.isEmpty() || juros == u"0";
 }
 
-/// The value with interest for every instalment after the first. The product is taken in double precision and the sum
-/// rounded to single: another order of rounding would move cents.
-float totalComJuros(const QString &valor, int parcelas, const QString &juros)
+} // namespace
+
+/// The product is taken in double precision and the sum rounded to single: another order of rounding would move cents.
+float ValorComJuros(const QString &valor, int meses, const QString &juros)
 {
-    const float taxa = static_cast<float>(parcelas - 1) * CSng(juros);
+    if (semJuros(juros)) {
+        return CSng(valor);
+    }
+    const float taxa = static_cast<float>(meses) * CSng(juros);
     return CSng(double{CSng(valor)} + CDbl(valor) * double{taxa});
 }
 
-} // namespace
-
 float ValorDaParcela(const QString &valor, int parcelas, const QString &juros)
 {
-    const float total = semJuros(juros) ? CSng(valor) : totalComJuros(valor, parcelas, juros);
-    return total / static_cast<float>(parcelas);
+    return ValorComJuros(valor, parcelas - 1, juros) / static_cast<float>(parcelas);
 }
 
 float DescontoMaximo(const QString &total, const QString &desconto)

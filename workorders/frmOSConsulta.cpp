@@ -3,13 +3,13 @@
 #include "ui_frmOSConsulta.h"
 
 #include "core/banco.h"
-#include "core/config.h"
 #include "core/funcoes.h"
 #include "core/informacoes.h"
 #include "core/lista.h"
 #include "core/modos.h"
 #include "core/modulo.h"
 #include "core/previsualiza.h"
+#include "documents/documento.h"
 #include "documents/itensgravados.h"
 #include "platform/printer/printer.h"
 #include "platform/runtime/runtime.h"
@@ -301,7 +301,7 @@ void frmOSConsulta::habilitaBotoes()
     for (QWidget *botao : {ui_->btnOSAltera, ui_->btnOSPrint, ui_->btnClienteInfo, ui_->btnVeiculoInfo}) {
         ui::enableIf(temOrdem(), botao, semOrdem, ui_->Lista);
     }
-    const bool desenha = layout() == 2 || layout() == 3;
+    const bool desenha = LayoutDeImpressao() == 2 || LayoutDeImpressao() == 3;
     ui::enableIf(temOrdem() && desenha, ui_->btnPrevisualizar,
                  desenha ? semOrdem : u"O layout de impressão em uso não tem pré-visualização"_s, ui_->Lista);
     const QString forma = ui_->lblFormaPg->text();
@@ -383,15 +383,15 @@ void frmOSConsulta::btnOSPrint_Click()
 {
     if (temOrdem() &&
         ui::Confirm(u"Confirma impressão da Ordem de Serviço Nº "_s + ui_->lblCodigo->text(), NomeEmpresa)) {
-        ImprimeOrdem(layout(), ordemMostrada(), printer::printer());
+        ImprimeOrdem(LayoutDeImpressao(), ordemMostrada(), printer::printer());
     }
 }
 
 /// The first layout is plain text for the printer alone.
 void frmOSConsulta::btnPrevisualizar_Click()
 {
-    if (temOrdem() && (layout() == 2 || layout() == 3)) {
-        ImprimeOrdem(layout(), ordemMostrada(), AbrePreVisualizacao());
+    if (temOrdem() && (LayoutDeImpressao() == 2 || LayoutDeImpressao() == 3)) {
+        ImprimeOrdem(LayoutDeImpressao(), ordemMostrada(), AbrePreVisualizacao());
     }
 }
 
@@ -429,11 +429,6 @@ void frmOSConsulta::btnVoltar_Click()
 bool frmOSConsulta::temOrdem() const
 {
     return !ui_->lblCodigo->text().isEmpty();
-}
-
-int frmOSConsulta::layout() const
-{
-    return static_cast<int>(Val(Config(u"LayoutOS"_s)));
 }
 
 } // namespace workorders

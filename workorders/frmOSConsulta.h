@@ -68,7 +68,6 @@ private:
     void mostraCabecalho(const dao::Recordset &ordem);
     void mostraTotais();
     bool temOrdem() const;
-    int layout() const;
 
     std::unique_ptr<Ui::frmOSConsulta> ui_;
 };

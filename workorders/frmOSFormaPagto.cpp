@@ -13,6 +13,7 @@
 #include "core/limites.h"
 #include "core/modos.h"
 #include "core/modulo.h"
+#include "documents/documento.h"
 #include "documents/parcelas.h"
 #include "platform/printer/printer.h"
 #include "platform/runtime/runtime.h"
@@ -533,7 +534,7 @@ void frmOSFormaPagto::ofereceImpressao(int indice) const
         return;
     }
     do {
-        imprime(static_cast<int>(Val(Config(u"LayoutOS"_s))), indice);
+        imprime(LayoutDeImpressao(), indice);
     } while (ui::Confirm(u"Imprimir Outra Via ?"_s, NomeEmpresa));
 }
 
