@@ -1,3 +1,4 @@
+#include "estimates/estimates.h"
 #include "finance/finance.h"
 #include "platform/files/files.h"
 #include "platform/ui/application.h"
@@ -16,6 +17,7 @@ int main(int argc, char **argv)
     workorders::registerForms();
     reports::registerForms();
     stock::registerForms();
+    estimates::registerForms();
     finance::registerForms();
     shell::liga();
     shell::comeca();

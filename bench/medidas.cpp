@@ -3,6 +3,7 @@
 #include "bench/oficina.h"
 #include "bench/relator.h"
 
+#include "estimates/estimates.h"
 #include "finance/finance.h"
 #include "platform/ui/application.h"
 #include "registers/registers.h"
@@ -98,6 +99,7 @@ int main(int argc, char **argv)
     registers::registerForms();
     workorders::registerForms();
     stock::registerForms();
+    estimates::registerForms();
     finance::registerForms();
     reports::registerForms();
 

@@ -1,4 +1,5 @@
 #include "core/devolucao.h"
+#include "estimates/estimates.h"
 #include "finance/finance.h"
 #include "platform/ui/form.h"
 #include "registers/registers.h"
@@ -174,6 +175,7 @@ void TstDevolucoes::initTestCase()
     registers::registerForms();
     workorders::registerForms();
     stock::registerForms();
+    estimates::registerForms();
     finance::registerForms();
     reports::registerForms();
 }

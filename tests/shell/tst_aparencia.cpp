@@ -1,4 +1,5 @@
 #include "core/modulo.h"
+#include "estimates/estimates.h"
 #include "finance/finance.h"
 #include "platform/ui/controls.h"
 #include "platform/ui/form.h"
@@ -454,6 +455,7 @@ void TstAparencia::initTestCase()
     workorders::registerForms();
     reports::registerForms();
     stock::registerForms();
+    estimates::registerForms();
     finance::registerForms();
 }
 

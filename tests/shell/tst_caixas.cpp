@@ -1,4 +1,5 @@
 #include "core/modulo.h"
+#include "estimates/estimates.h"
 #include "finance/finance.h"
 #include "platform/dao/database.h"
 #include "platform/ui/form.h"
@@ -245,6 +246,7 @@ void TstCaixas::initTestCase()
     reports::registerForms();
     shell::registerForms();
     stock::registerForms();
+    estimates::registerForms();
     finance::registerForms();
     workorders::registerForms();
 }

@@ -1,3 +1,4 @@
+#include "estimates/estimates.h"
 #include "finance/finance.h"
 #include "platform/ui/controls.h"
 #include "platform/ui/form.h"
@@ -117,6 +118,7 @@ void TstFiguras::initTestCase()
     reports::registerForms();
     shell::registerForms();
     stock::registerForms();
+    estimates::registerForms();
     finance::registerForms();
     workorders::registerForms();
 }

@@ -1,3 +1,4 @@
+#include "estimates/estimates.h"
 #include "finance/finance.h"
 #include "platform/ui/form.h"
 #include "registers/registers.h"
@@ -99,6 +100,7 @@ void TstMnemonicos::initTestCase()
     shell::registerForms();
     registers::registerForms();
     stock::registerForms();
+    estimates::registerForms();
     finance::registerForms();
     workorders::registerForms();
     reports::registerForms();

@@ -1,4 +1,5 @@
 #include "core/modulo.h"
+#include "estimates/estimates.h"
 #include "finance/finance.h"
 #include "platform/ui/form.h"
 #include "registers/registers.h"
@@ -29,6 +30,7 @@ private slots:
         workorders::registerForms();
         reports::registerForms();
         stock::registerForms();
+        estimates::registerForms();
         finance::registerForms();
     }
 

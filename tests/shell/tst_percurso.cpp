@@ -1,4 +1,5 @@
 #include "core/modulo.h"
+#include "estimates/estimates.h"
 #include "finance/finance.h"
 #include "platform/ui/form.h"
 #include "platform/ui/listview.h"
@@ -229,6 +230,7 @@ void TstPercurso::initTestCase()
     shell::registerForms();
     registers::registerForms();
     stock::registerForms();
+    estimates::registerForms();
     finance::registerForms();
     workorders::registerForms();
     reports::registerForms();

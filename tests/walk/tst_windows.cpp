@@ -2,6 +2,7 @@
 // maximised, taken above a modal window, and with its record deleted by somebody else.
 #include "core/caminhos.h"
 #include "core/modulo.h"
+#include "estimates/estimates.h"
 #include "finance/finance.h"
 #include "platform/dao/database.h"
 #include "platform/ui/form.h"
@@ -131,6 +132,7 @@ void TstWindows::initTestCase()
     workorders::registerForms();
     reports::registerForms();
     stock::registerForms();
+    estimates::registerForms();
     finance::registerForms();
     shell::liga();
 }

@@ -2,6 +2,7 @@
 // standard output; what does not hold is told as "FAULT ...", with an exit code other than 0.
 #include "core/config.h"
 #include "core/modulo.h"
+#include "estimates/estimates.h"
 #include "finance/finance.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
@@ -58,6 +59,7 @@ int main(int argc, char **argv)
     workorders::registerForms();
     reports::registerForms();
     stock::registerForms();
+    estimates::registerForms();
     finance::registerForms();
 
     support::Program program;

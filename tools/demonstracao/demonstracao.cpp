@@ -5,6 +5,7 @@
 // windows and the printed PDFs land in RESULTS. The pictures of the workshop's windows are taken once for every
 // surrounding that users have (a low screen, twice the scale, a larger font, a dark desktop), each in a process of its
 // own: demonstracao --telas FOLDER RESULTS SURROUNDING.
+#include "estimates/estimates.h"
 #include "finance/finance.h"
 #include "platform/printer/printer.h"
 #include "platform/ui/application.h"
@@ -61,6 +62,7 @@ void registerForms()
     workorders::registerForms();
     reports::registerForms();
     stock::registerForms();
+    estimates::registerForms();
     finance::registerForms();
 }
 

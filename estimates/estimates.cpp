@@ -1,0 +1,17 @@
+#include "estimates/estimates.h"
+
+#include "estimates/frmOSOrcaNovo.h"
+
+#include "core/devolucao.h"
+
+namespace estimates
+{
+
+using namespace Qt::StringLiterals;
+
+void registerForms()
+{
+    core::RegistraJanela(u"frmOSOrcaNovo"_s, [] { return new frmOSOrcaNovo; });
+}
+
+} // namespace estimates

@@ -1,0 +1,51 @@
+#include "estimates/orcamento.h"
+
+#include "core/banco.h"
+#include "core/funcoes.h"
+#include "core/modulo.h"
+#include "documents/itensgravados.h"
+#include "platform/runtime/runtime.h"
+
+namespace estimates
+{
+
+using namespace runtime;
+using namespace core;
+using namespace documents;
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+qint32 gravaOrcamento(const Orcamento &orcamento)
+{
+    auto linha = DBDados->OpenRecordset(u"Orcamento"_s);
+    linha.AddNew();
+    const qint32 numero = CLng(linha[u"Codigo"].Value());
+    linha[u"Data"] = Hoje();
+    linha[u"MarcaModelo"] = ValorOuNulo(orcamento.marca);
+    linha[u"Ano"] = ValorOuNulo(orcamento.ano);
+    linha[u"CodCliente"] = ValorOuNulo(orcamento.codCliente);
+    linha[u"NomeCliente"] = ValorOuNulo(orcamento.nome);
+    linha[u"Fone"] = ValorOuNulo(orcamento.fone);
+    linha[u"Observacoes"] = ValorOuNulo(orcamento.observacoes);
+    linha[u"Valor"] = orcamento.valor;
+    linha.Update();
+    linha.Close();
+    return numero;
+}
+
+} // namespace
+
+qint32 IncluiOrcamento(const Orcamento &orcamento)
+{
+    const qint32 numero = gravaOrcamento(orcamento);
+    auto itens = DBDados->OpenRecordset(u"OrcaPecas"_s);
+    for (const LinhaItem &linha : orcamento.itens) {
+        GravaItem(itens, u"CodOrca", numero, linha);
+    }
+    itens.Close();
+    return numero;
+}
+
+} // namespace estimates

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "documents/itens.h"
+
+#include <QtGlobal>
+
+namespace estimates
+{
+
+/// An estimate as a window shows it, texts as they stand in its fields. The vehicle is free text and the customer need
+/// not be in the register.
+struct Orcamento {
+    QString codigo = {}; ///< "0000", "" for one that has never been written
+    QString data = {};   ///< dd/mm/yyyy
+    QString marca = {};
+    QString ano = {};
+    QString codCliente = {};
+    QString nome = {};
+    QString fone = {};
+    QString observacoes = {};
+    QString valor = {}; ///< "###,##0.00"
+    std::vector<documents::LinhaItem> itens = {};
+};
+
+/// Writes a new estimate, dated today, then its items, and gives its number. Nothing else is touched: an estimate is no
+/// debt and reserves no part. No transaction: what was written before a failure stays.
+qint32 IncluiOrcamento(const Orcamento &orcamento);
+
+} // namespace estimates
