@@ -68,6 +68,14 @@ void CabecalhoOrcamento::ofereceClientes(ui::Form &janela, qint16 modoProcura, q
                        .modoInclui = modoInclui});
 }
 
+void CabecalhoOrcamento::poeBotoesDepoisDe(QWidget *ultimo)
+{
+    for (QWidget *botao : {ui_->btnClienteFind, ui_->btnClienteAdd, ui_->btnMarcaAdd, ui_->btnMarcaRemove}) {
+        setTabOrder(ultimo, botao);
+        ultimo = botao;
+    }
+}
+
 void CabecalhoOrcamento::monta() const
 {
     LimitaAosCampos(*this, caixas);

@@ -37,6 +37,9 @@ public:
     /// Connects the events of the fields. For the constructor of the window.
     void liga(ui::Form &janela);
 
+    /// A clerk goes from the last field to the items: the buttons come behind `ultimo`, the last stop of the window.
+    void poeBotoesDepoisDe(QWidget *ultimo);
+
     /// Loads the stored models and limits the boxes to their columns. Once, when the window loads.
     void monta() const;
 

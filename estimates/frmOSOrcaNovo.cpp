@@ -27,6 +27,7 @@ frmOSOrcaNovo::frmOSOrcaNovo() : ui::Form(u"frmOSOrcaNovo"_s), ui_(std::make_uni
     ui_->setupUi(this);
     ui_->cabecalho->liga(*this);
     ui_->cabecalho->ofereceClientes(*this, modoProcuraClienteDoOrcamento, modoIncluiClienteDoOrcamento);
+    ui_->cabecalho->poeBotoesDepoisDe(ui_->btnVoltar);
     ui_->painelItens->liga(*this);
     onClick(ui_->btnIncluir, &frmOSOrcaNovo::btnIncluir_Click);
     onClick(ui_->btnPrint, &frmOSOrcaNovo::btnPrint_Click);
