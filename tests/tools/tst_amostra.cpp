@@ -92,7 +92,9 @@ private slots:
     void everyReferenceHasItsRow();
     void everyStateOfAnOrderIsThere_data();
     void everyStateOfAnOrderIsThere();
-    void ordersAreWorthTheirItems();
+    void documentsAreWorthTheirItems_data();
+    void documentsAreWorthTheirItems();
+    void estimatesAreForCustomersAndOthers();
     void moneyLedgersReplay_data();
     void moneyLedgersReplay();
     void accountsReplayForEachCustomer();
@@ -224,6 +226,8 @@ void TestAmostra::everyReferenceHasItsRow()
     QCOMPARE(count(*program_, u"Veiculos WHERE CodCliente NOT IN (SELECT Codigo FROM Clientes)"_s), 0);
     QCOMPARE(count(*program_, u"OrdemServico WHERE CodVeiculo NOT IN (SELECT Codigo FROM Veiculos)"_s), 0);
     QCOMPARE(count(*program_, u"OSPecas WHERE CodOS NOT IN (SELECT Codigo FROM OrdemServico)"_s), 0);
+    QCOMPARE(count(*program_, u"OrcaPecas WHERE CodOrca NOT IN (SELECT Codigo FROM Orcamento)"_s), 0);
+    QCOMPARE(count(*program_, u"Orcamento WHERE Codigo NOT IN (SELECT CodOrca FROM OrcaPecas)"_s), 0);
     QCOMPARE(count(*program_, u"OSPecas WHERE CodPeca <> 0 AND CodPeca NOT IN (SELECT Codigo FROM Pecas)"_s), 0);
     QCOMPARE(count(*program_, u"OSPecas WHERE CodPeca = 0 AND PSA <> 'A'"_s), 0);
     QCOMPARE(count(*program_, u"OrdemServico WHERE Codigo NOT IN (SELECT CodOS FROM OSPecas)"_s), 0);
@@ -253,20 +257,43 @@ void TestAmostra::everyStateOfAnOrderIsThere()
     QVERIFY(count(*program_, u"OrdemServico WHERE "_s + condition) > 0);
 }
 
-void TestAmostra::ordersAreWorthTheirItems()
+void TestAmostra::documentsAreWorthTheirItems_data()
 {
-    for (const QStringList &order : program_->rows(u"SELECT Codigo, Valor FROM OrdemServico"_s)) {
+    QTest::addColumn<QString>("table");
+    QTest::addColumn<QString>("items");
+    QTest::newRow("orders") << u"OrdemServico"_s << u"OSPecas WHERE CodOS = "_s;
+    QTest::newRow("estimates") << u"Orcamento"_s << u"OrcaPecas WHERE CodOrca = "_s;
+}
+
+void TestAmostra::documentsAreWorthTheirItems()
+{
+    QFETCH(const QString, table);
+    QFETCH(const QString, items);
+    for (const QStringList &document : program_->rows(u"SELECT Codigo FROM "_s + table)) {
         QString total = u"0,00"_s;
-        auto items = core::DBDados->OpenRecordset(u"SELECT * FROM OSPecas WHERE CodOS = "_s + order[0]);
-        for (; !items.Eof(); items.MoveNext()) {
+        auto item = core::DBDados->OpenRecordset(u"SELECT * FROM "_s + items + document[0]);
+        for (; !item.Eof(); item.MoveNext()) {
             const double value =
-                runtime::CDbl(items.value(u"Quantidade")) * runtime::CDbl(runtime::CStr(items.value(u"ValorUnit")));
+                runtime::CDbl(item.value(u"Quantidade")) * runtime::CDbl(runtime::CStr(item.value(u"ValorUnit")));
             total = core::SomaTexto(total, runtime::Format(value, core::mascaraValor));
         }
-        const auto value = program_->value(u"SELECT Valor FROM OrdemServico WHERE Codigo = "_s + order[0]);
+        const auto value = program_->value(u"SELECT Valor FROM %1 WHERE Codigo = %2"_s.arg(table, document[0]));
         QCOMPARE(runtime::Format(value, core::mascaraValor), total);
         QVERIFY(runtime::CSng(value) > 0);
     }
+}
+
+void TestAmostra::estimatesAreForCustomersAndOthers()
+{
+    QCOMPARE(count(*program_, u"Orcamento"_s), resumo_.orcamentos);
+    QCOMPARE(resumo_.orcamentos, 16);
+    const auto named = program_->rows(u"SELECT Orcamento.Codigo FROM Orcamento, Clientes WHERE Clientes.Codigo = "
+                                      "Orcamento.CodCliente AND Clientes.Nome = Orcamento.NomeCliente AND "
+                                      "Clientes.Fone1 = Orcamento.Fone"_s);
+    const int others = count(*program_, u"Orcamento WHERE CodCliente IS NULL AND NomeCliente <> '' AND Fone <> ''"_s);
+    QVERIFY(!named.empty());
+    QVERIFY(others > 0);
+    QCOMPARE(static_cast<int>(named.size()) + others, resumo_.orcamentos);
 }
 
 void TestAmostra::moneyLedgersReplay_data()
@@ -368,6 +395,9 @@ void TestAmostra::datesLieInThePastYearsInOrder()
     }
     QVERIFY(last > today.serial - 30);
     QCOMPARE(count(*program_, u"Caixa WHERE Data >= #05/15/2024#"_s), 0);
+    QCOMPARE(count(*program_, u"Orcamento WHERE Data >= #05/15/2024#"_s), 0);
+    QCOMPARE(program_->rows(u"SELECT Codigo FROM Orcamento ORDER BY Data, Codigo"_s),
+             program_->rows(u"SELECT Codigo FROM Orcamento ORDER BY Codigo"_s));
     QCOMPARE(count(*program_, u"Clientes WHERE DataCadastro >= #05/15/2024#"_s), 0);
     const auto late = program_->rows(u"SELECT OrdemServico.Codigo FROM OrdemServico, Clientes WHERE Clientes.Codigo = "
                                      "OrdemServico.CodCliente AND Clientes.DataCadastro > OrdemServico.DataIn"_s);

@@ -9,6 +9,7 @@
 #include "platform/runtime/runtime.h"
 #include "shell/operadores.h"
 #include "tools/amostra/cadastros.h"
+#include "tools/amostra/orcamentos.h"
 #include "tools/amostra/ordens.h"
 
 #include <QDir>
@@ -74,6 +75,7 @@ Resumo enche(Oficina &oficina, const Progresso &progresso)
     IncluiItens(oficina, resumo);
     IncluiClientes(oficina, resumo, progresso);
     IncluiOrdens(oficina, resumo, progresso);
+    IncluiOrcamentos(oficina, resumo, progresso);
     return resumo;
 }
 

@@ -8,8 +8,8 @@
 #include <optional>
 #include <span>
 
-/// A workshop to show and to measure: customers, vehicles, parts, two years of orders and what their payment left in
-/// the books, written by the same code as the program's windows.
+/// A workshop to show and to measure: customers, vehicles, parts, two years of estimates and orders, and what
+/// their payment left in the books, written by the same code as the program's windows.
 namespace amostra
 {
 
@@ -35,6 +35,7 @@ struct Resumo {
     int servicos = 0;
     int ordens = 0;
     int ordensAbertas = 0;
+    int orcamentos = 0;
 };
 
 /// Tells how far a stage is: its name in Portuguese, and so many of so many.

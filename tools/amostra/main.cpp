@@ -40,14 +40,16 @@ void progresso(const QString &etapa, int feitos, int total)
 
 void mostra(const amostra::Resumo &resumo, const QString &arquivo)
 {
-    diz(u"%1: %2 clientes, %3 veículos, %4 fornecedores, %5 peças, %6 serviços, %7 ordens (%8 abertas)"_s.arg(arquivo)
+    diz(u"%1: %2 clientes, %3 veículos, %4 fornecedores, %5 peças, %6 serviços, %7 ordens (%8 abertas), %9 orçamentos"_s
+            .arg(arquivo)
             .arg(resumo.clientes)
             .arg(resumo.veiculos)
             .arg(resumo.fornecedores)
             .arg(resumo.pecas)
             .arg(resumo.servicos)
             .arg(resumo.ordens)
-            .arg(resumo.ordensAbertas));
+            .arg(resumo.ordensAbertas)
+            .arg(resumo.orcamentos));
 }
 
 void mostraOperadores()

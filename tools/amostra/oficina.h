@@ -18,7 +18,8 @@ enum Assunto : quint64 {
     sobreConteudo,
     sobrePagamento,
     sobreAcertos,
-    sobreDespesas
+    sobreDespesas,
+    sobreOrcamentos
 };
 
 struct Item {

@@ -32,19 +32,6 @@ int quantasAbertas(int ordens)
     return std::clamp(ordens * 4 / 100, 3, 60);
 }
 
-/// The days that the workshop was open, from the first to yesterday.
-std::vector<runtime::Date> diasAbertos(runtime::Date hoje)
-{
-    std::vector<runtime::Date> dias;
-    for (int antes = diasDeOrdens; antes > 0; --antes) {
-        const runtime::Date dia{hoje.serial - antes};
-        if (runtime::toDateTime(dia).date().dayOfWeek() != Qt::Sunday) {
-            dias.push_back(dia);
-        }
-    }
-    return dias;
-}
-
 enum class Fato { Abre, Fecha, Acerta };
 
 /// What happens, and in which minute of the open days.
@@ -64,7 +51,7 @@ class Historia
 {
 public:
     Historia(const Oficina &oficina, int ordens)
-        : oficina_(oficina), dias_(diasAbertos(oficina.hoje)), planejadas_(static_cast<std::size_t>(ordens)),
+        : oficina_(oficina), dias_(DiasAbertos(oficina.hoje)), planejadas_(static_cast<std::size_t>(ordens)),
           quando_(oficina.tamanho.semente, sobreOrdens), conteudo_(oficina.tamanho.semente, sobreConteudo),
           pagamento_(oficina.tamanho.semente, sobrePagamento), acertos_(oficina, ordens)
     {
@@ -179,6 +166,18 @@ void Historia::conta(const Progresso &progresso)
 }
 
 } // namespace
+
+std::vector<runtime::Date> DiasAbertos(runtime::Date hoje)
+{
+    std::vector<runtime::Date> dias;
+    for (int antes = diasDeOrdens; antes > 0; --antes) {
+        const runtime::Date dia{hoje.serial - antes};
+        if (runtime::toDateTime(dia).date().dayOfWeek() != Qt::Sunday) {
+            dias.push_back(dia);
+        }
+    }
+    return dias;
+}
 
 int QuantasOrdens(int clientes)
 {
