@@ -170,6 +170,15 @@ bool PodeSerCodigo(const QString &texto)
     return runtime::IsNumeric(texto) && std::abs(runtime::CDbl(texto)) <= std::numeric_limits<qint32>::max();
 }
 
+std::optional<qint32> CodigoDoTexto(const QString &texto)
+{
+    if (!PodeSerCodigo(texto)) {
+        return std::nullopt;
+    }
+    const double numero = runtime::CDbl(texto);
+    return numero == std::floor(numero) ? std::optional(static_cast<qint32>(numero)) : std::nullopt;
+}
+
 void MostraOrdem(const QString &codigo)
 {
     if (!PodeSerCodigo(codigo)) {

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace core
 {
 
@@ -12,6 +14,9 @@ void MostraInformacoes(TipoInformacao tipo, const QString &codigo);
 
 /// Whether a piece of a text can be the code of a record.
 bool PodeSerCodigo(const QString &texto);
+
+/// The code that a text typed by the user names: a whole number, however it is written. Nothing for any other text.
+std::optional<qint32> CodigoDoTexto(const QString &texto);
 
 /// Opens the query of orders on one order, its code as a text that may hold none.
 void MostraOrdem(const QString &codigo);

@@ -29,6 +29,8 @@ private slots:
     void showsNothingWithoutARecord();
     void tellsWhatCanBeACode_data();
     void tellsWhatCanBeACode();
+    void readsTheCodeOfATypedText_data();
+    void readsTheCodeOfATypedText();
 
 private:
     void cliente();
@@ -197,6 +199,27 @@ void TestInformacoes::tellsWhatCanBeACode()
 {
     QFETCH(QString, texto);
     QTEST(core::PodeSerCodigo(texto), "pode");
+}
+
+void TestInformacoes::readsTheCodeOfATypedText_data()
+{
+    QTest::addColumn<QString>("texto");
+    QTest::addColumn<QString>("codigo");
+    QTest::newRow("code") << u"0012"_s << u"12"_s;
+    QTest::newRow("power") << u"1e3"_s << u"1000"_s;
+    QTest::newRow("thousands") << u"1.000"_s << u"1000"_s;
+    QTest::newRow("the greatest") << u"2147483647"_s << u"2147483647"_s;
+    QTest::newRow("fraction") << u"1,5"_s << QString();
+    QTest::newRow("nothing") << QString() << QString();
+    QTest::newRow("letters") << u"GOL"_s << QString();
+    QTest::newRow("more than a code holds") << u"9999999999"_s << QString();
+}
+
+void TestInformacoes::readsTheCodeOfATypedText()
+{
+    QFETCH(QString, texto);
+    const auto codigo = core::CodigoDoTexto(texto);
+    QTEST(codigo ? QString::number(*codigo) : QString(), "codigo");
 }
 
 TARVELO_TEST_MAIN(TestInformacoes)
