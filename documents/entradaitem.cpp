@@ -5,6 +5,7 @@
 #include "core/caixacodigo.h"
 #include "core/caixalista.h"
 #include "core/funcoes.h"
+#include "core/informacoes.h"
 #include "core/janelas.h"
 #include "core/modos.h"
 #include "platform/runtime/runtime.h"
@@ -51,6 +52,17 @@ void pede(const QString &pergunta, QString &valor, Aceita aceita)
 QString seNumero(const QString &resposta)
 {
     return IsNumeric(resposta) ? resposta : QString();
+}
+
+/// What no item may hold is no answer: it would end the program where it is written.
+QString seCodigo(const QString &resposta)
+{
+    return PodeSerCodigo(resposta) ? Format(resposta, mascaraCodigo) : QString();
+}
+
+QString seDescricao(const QString &resposta)
+{
+    return resposta.size() <= maiorDescricao ? UCase(resposta) : QString();
 }
 
 QString seTipo(const QString &resposta)
@@ -194,10 +206,10 @@ void EntradaItem::esvazia() const
 
 LinhaItem PedeLinha(LinhaItem linha)
 {
-    pede(u"Código"_s, linha.codigo, numeroComo(mascaraCodigo));
+    pede(u"Código"_s, linha.codigo, seCodigo);
     pede(u"Tipo:\nP - Peça\nS - Serviços\nA - Avulso"_s, linha.tipo, seTipo);
     pede(u"Quantidade"_s, linha.quantidade, seNumero);
-    pede(u"Descrição"_s, linha.descricao, UCase);
+    pede(u"Descrição"_s, linha.descricao, seDescricao);
     pede(u"Valor Unitário"_s, linha.valorUnit, numeroComo(mascaraValor));
     linha.valorTotal = ValorDaLinha(linha.quantidade, linha.valorUnit);
     return linha;

@@ -623,6 +623,8 @@ void TstItens::anUnusableAnswerKeepsTheColumn_data()
     QTest::newRow("cancelled") << QStringList();
     QTest::newRow("empty") << QStringList(5, QString());
     QTest::newRow("unusable") << QStringList{u"ABC"_s, u"X"_s, u"DOIS"_s, QString(), u"1,,0"_s};
+    QTest::newRow("more than an item holds")
+        << QStringList{u"9999999999"_s, QString(), QString(), QString(201, u'A'), QString()};
     QTest::newRow("two letters of type") << QStringList{QString(), u"PS"_s, QString(), QString(), QString()};
 }
 
