@@ -46,16 +46,21 @@ std::vector<ItemGravado> LeItens(const QString &consulta)
     return itens;
 }
 
+void GravaColunas(dao::Recordset &item, const LinhaItem &linha)
+{
+    item[u"CodPeca"] = linha.codigo;
+    item[u"Quantidade"] = linha.quantidade;
+    item[u"Descricao"] = ValorOuNulo(linha.descricao);
+    item[u"ValorUnit"] = linha.valorUnit;
+    item[u"PSA"] = ValorOuNulo(linha.tipo);
+}
+
 QString GravaItem(dao::Recordset &itens, QStringView coluna, qint32 numero, const LinhaItem &linha)
 {
     itens.AddNew();
     QString chave = CStr(itens[u"Codigo"].Value());
     itens[coluna] = numero;
-    itens[u"CodPeca"] = linha.codigo;
-    itens[u"Quantidade"] = linha.quantidade;
-    itens[u"Descricao"] = ValorOuNulo(linha.descricao);
-    itens[u"ValorUnit"] = linha.valorUnit;
-    itens[u"PSA"] = ValorOuNulo(linha.tipo);
+    GravaColunas(itens, linha);
     itens.Update();
     return chave;
 }

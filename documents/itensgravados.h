@@ -23,6 +23,9 @@ struct ItemGravado {
 /// What was never written counts as 0.
 std::vector<ItemGravado> LeItens(const QString &consulta);
 
+/// Writes code, quantity, description, unit value and PSA code of an item into the row that is open for it.
+void GravaColunas(dao::Recordset &item, const LinhaItem &linha);
+
 /// Adds one item to `itens`, an open table of items, under the number of its document in the column `coluna`, and gives
 /// its key. `tipo` is the PSA code that goes to the table.
 QString GravaItem(dao::Recordset &itens, QStringView coluna, qint32 numero, const LinhaItem &linha);

@@ -56,6 +56,7 @@ PainelItens::PainelItens(QWidget *parent)
     // proxy would take it over, and a click would no longer reach it.
     setFocusPolicy(Qt::TabFocus);
     setFocusProxy(ui_->txtCodPeca);
+    ofereceTrabalhos(false);
 }
 
 PainelItens::~PainelItens() = default;
@@ -87,6 +88,7 @@ void PainelItens::liga(ui::Form &janela, UsoDoPainel uso)
         janela.onKey(&listas().lista(aba), Qt::Key_Delete, this, &PainelItens::btnItemRemove_Click);
         janela.onKey(&listas().lista(aba), Qt::Key_Insert, this, &PainelItens::Lista_Insert);
     }
+    ui_->btnLimpa->setVisible(uso_.limpaLista);
     habilitaBotoes();
 }
 

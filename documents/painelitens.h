@@ -23,6 +23,7 @@ namespace documents
 struct UsoDoPainel {
     std::vector<Aba> abasComTeclas{abaPecas}; ///< where Delete removes and Insert edits the selected row
     bool removeMaterial = false;
+    bool limpaLista = true; ///< btnLimpa empties a list and deletes nothing, so it is not for items that are written
     std::function<void(const PosicaoItem &)> acrescentado;
     std::function<void(const QString &chave)> removido;
     std::function<void(const PosicaoItem &)> editado;
@@ -50,7 +51,7 @@ public:
     /// The columns, the lists that are shown and the stored descriptions. Once, when the window loads.
     void monta(FormaListas forma);
 
-    /// Shows or hides the button that asks for the job values.
+    /// Shows or hides the button that asks for the job values; hidden unless a window offers it.
     void ofereceTrabalhos(bool sim);
 
     /// Nothing can be added or removed for that reason, as the buttons tell; an empty one lets all go on.

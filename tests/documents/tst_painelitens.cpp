@@ -1,4 +1,4 @@
-#include "documents/painelitens.h"
+#include "documents/usoimediato.h"
 
 #include "core/banco.h"
 #include "core/modulo.h"
@@ -31,18 +31,17 @@ using Rows = std::vector<QStringList>;
 struct Kind {
     QString name;
     FormaListas lists;
-    QString items;
-    QString column;
-    QString document;
+    DocumentoGravado tables;
     std::vector<Aba> keys;
 };
 
-const Kind estimate{
-    u"frmOrcamentoDeTeste"_s, FormaListas::UmaLista, u"OrcaPecas"_s, u"CodOrca"_s, u"Orcamento"_s, {abaPecas}};
-const Kind order{u"frmOrdemDeTeste"_s, FormaListas::Completa, u"OSPecas"_s,
-                 u"CodOS"_s,           u"OrdemServico"_s,     {abaPecas, abaServicos, abaTercerizados}};
+const Kind estimate{u"frmOrcamentoDeTeste"_s, FormaListas::UmaLista, orcamentoGravado, {abaPecas}};
+const Kind order{u"frmOrdemDeTeste"_s, FormaListas::Completa, ordemGravada, {abaPecas, abaServicos, abaTercerizados}};
 
-/// Alters document 1: the panel and what follows a change are all that it is made of.
+const QString documentGone = u"Documento não localizado"_s;
+const QString itemGone = u"Código do Item Não Localizado."_s;
+
+/// Alters document 1: the panel and how it is used are all that it is made of.
 class Altering : public ui::Form
 {
 public:
@@ -51,62 +50,23 @@ public:
         auto *page = new QVBoxLayout(this);
         page->addWidget(panel_);
         resize(900, 500);
-        panel_->liga(*this, {.abasComTeclas = kind.keys,
-                             .removeMaterial = true,
-                             .acrescentado = [this](const PosicaoItem &place) { added(place); },
-                             .removido = [this](const QString &row) { removed(row); },
-                             .editado = [this](const PosicaoItem &place) { edited(place); }});
+        panel_->liga(*this, UsoDe(*panel_, {.documento = kind.tables,
+                                            .numero = [] { return 1; },
+                                            .semDocumento = documentGone,
+                                            .abasComTeclas = kind.keys}));
     }
 
     void Form_Load() override
     {
         panel_->monta(kind_.lists);
-        panel_->listas().mostra(LeItens(u"SELECT * FROM %1 WHERE %2 = 1"_s.arg(kind_.items, kind_.column)));
+        panel_->listas().mostra(
+            LeItens(u"SELECT * FROM %1 WHERE %2 = 1"_s.arg(kind_.tables.itens, kind_.tables.coluna)));
         panel_->recalcula();
     }
 
     PainelItens &panel() { return *panel_; }
 
 private:
-    LinhaItem stored(const PosicaoItem &place) const
-    {
-        const ListasItens &lists = panel_->listas();
-        return ParaGravar(lists.linha(place), place.aba, lists.compacto());
-    }
-
-    void added(const PosicaoItem &place)
-    {
-        auto items = core::DBDados->OpenRecordset(kind_.items);
-        panel_->listas().setChave(place, GravaItem(items, kind_.column, 1, stored(place)));
-        writeTotal();
-    }
-
-    void removed(const QString &row)
-    {
-        core::DBDados->Execute(u"DELETE * FROM %1 WHERE Codigo = %2"_s.arg(kind_.items, row));
-        writeTotal();
-    }
-
-    void edited(const PosicaoItem &place)
-    {
-        auto item = core::DBDados->OpenRecordset(
-            u"SELECT * FROM %1 WHERE Codigo = %2"_s.arg(kind_.items, panel_->listas().chave(place)));
-        item.Edit();
-        item[u"Descricao"] = stored(place).descricao;
-        item[u"ValorUnit"] = stored(place).valorUnit;
-        item[u"PSA"] = stored(place).tipo;
-        item.Update();
-        writeTotal();
-    }
-
-    void writeTotal()
-    {
-        auto document = core::DBDados->OpenRecordset(u"SELECT * FROM %1 WHERE Codigo = 1"_s.arg(kind_.document));
-        document.Edit();
-        document[u"Valor"] = panel_->total();
-        document.Update();
-    }
-
     Kind kind_;
     PainelItens *panel_;
 };
@@ -132,19 +92,25 @@ private slots:
     void theKeysActWhereTheWindowSaysSo();
     void aPageOfTheWindowsOwnTakesNoItem();
     void aLockedPanelSaysWhyAndChangesNothing();
+    void nothingEmptiesAListWithoutDeleting();
+    void noItemIsLeftAloneWhereTheDocumentIsGone_data();
+    void noItemIsLeftAloneWhereTheDocumentIsGone();
+    void aRowWhoseItemIsGoneLeavesTheList();
+    void anItemIsRemovedTwice();
 
 private:
     void open(const Kind &kind);
     void add(const QString &description, const QString &value) const;
+    void edit(const QString &value) const;
     ui::ListView &list(Aba aba) const { return window_->panel().listas().lista(aba); }
     Rows stored(const Kind &kind) const
     {
         return program_->rows(u"SELECT Codigo, %1, CodPeca, Quantidade, Descricao, ValorUnit, PSA FROM %2"_s.arg(
-            kind.column, kind.items));
+            kind.tables.coluna, kind.tables.itens));
     }
     QString total(const Kind &kind) const
     {
-        return program_->rows(u"SELECT Valor FROM %1 WHERE Codigo = 1"_s.arg(kind.document)).front().front();
+        return program_->rows(u"SELECT Valor FROM %1 WHERE Codigo = 1"_s.arg(kind.tables.tabela)).front().front();
     }
 
     std::unique_ptr<support::Program> program_;
@@ -184,6 +150,16 @@ void TstPainelItens::add(const QString &description, const QString &value) const
     type(window_, u"txtDescricao"_s, description);
     type(window_, u"txtValor"_s, value);
     click(window_, u"btnItemAdd"_s);
+}
+
+void TstPainelItens::edit(const QString &value) const
+{
+    list(abaPecas).selectRow(0);
+    boxes_->inputCancel(u"Código"_s)
+        .inputCancel(u"Tipo:\nP - Peça\nS - Serviços\nA - Avulso"_s)
+        .inputCancel(u"Quantidade"_s)
+        .inputCancel(u"Descrição"_s)
+        .input(u"Valor Unitário"_s, value);
 }
 
 void TstPainelItens::anEstimateShowsOneListAlone()
@@ -352,6 +328,74 @@ void TstPainelItens::aLockedPanelSaysWhyAndChangesNothing()
     QVERIFY(support::controlOf(window_, u"btnItemAdd"_s)->isEnabled());
     click(window_, u"btnItemRemove"_s);
     QCOMPARE(stored(order), Rows());
+}
+
+void TstPainelItens::nothingEmptiesAListWithoutDeleting()
+{
+    open(order);
+    QVERIFY(!support::controlOf(window_, u"btnLimpa"_s)->isVisible());
+    QVERIFY(!support::controlOf(window_, u"btnAdicionar"_s)->isVisible());
+}
+
+void TstPainelItens::noItemIsLeftAloneWhereTheDocumentIsGone_data()
+{
+    QTest::addColumn<bool>("isOrder");
+    QTest::newRow("estimate") << false;
+    QTest::newRow("order") << true;
+}
+
+void TstPainelItens::noItemIsLeftAloneWhereTheDocumentIsGone()
+{
+    QFETCH(bool, isOrder);
+    const Kind &kind = isOrder ? order : estimate;
+    open(kind);
+    add(u"SOLDA"_s, u"10"_s);
+    add(u"PINTURA"_s, u"30"_s);
+    program_->sql(u"DELETE * FROM %1"_s.arg(kind.tables.tabela));
+
+    boxes_->title(u"Tarvelo"_s).exclamation(documentGone);
+    add(u"LAVAGEM"_s, u"20"_s);
+    QCOMPARE(list(abaPecas).count(), 2);
+    QCOMPARE(support::text(window_, u"lblTotal"_s), u"80,00"_s);
+    QCOMPARE(stored(kind).size(), 2U);
+
+    edit(u"15"_s);
+    boxes_->exclamation(documentGone);
+    key(window_, u"Lista"_s, Qt::Key_Insert);
+    QCOMPARE(list(abaPecas).count(), 1);
+    QCOMPARE(stored(kind).front().at(5), u"10"_s);
+
+    list(abaPecas).selectRow(0);
+    boxes_->exclamation(documentGone);
+    click(window_, u"btnItemRemove"_s);
+    QCOMPARE(list(abaPecas).count(), 0);
+    QCOMPARE(stored(kind), (Rows{{u"1"_s, u"1"_s, u"0"_s, u"2"_s, u"SOLDA"_s, u"10"_s, u"A"_s}}));
+}
+
+void TstPainelItens::aRowWhoseItemIsGoneLeavesTheList()
+{
+    open(order);
+    add(u"SOLDA"_s, u"10"_s);
+    add(u"PINTURA"_s, u"30"_s);
+    program_->sql(u"DELETE * FROM OSPecas WHERE Codigo = 1"_s);
+    edit(u"15"_s);
+    boxes_->title(u"Tarvelo"_s).exclamation(itemGone);
+    key(window_, u"Lista"_s, Qt::Key_Insert);
+    QCOMPARE(list(abaPecas).count(), 1);
+    QCOMPARE(support::text(window_, u"lblTotal"_s), u"60,00"_s);
+    QCOMPARE(total(order), u"80"_s);
+}
+
+void TstPainelItens::anItemIsRemovedTwice()
+{
+    open(order);
+    add(u"SOLDA"_s, u"10"_s);
+    add(u"PINTURA"_s, u"30"_s);
+    program_->sql(u"DELETE * FROM OSPecas WHERE Codigo = 1"_s);
+    list(abaPecas).selectRow(0);
+    key(window_, u"Lista"_s, Qt::Key_Delete);
+    QCOMPARE(stored(order).size(), 1U);
+    QCOMPARE(total(order), u"60"_s);
 }
 
 TARVELO_TEST_MAIN(TstPainelItens)
