@@ -6,6 +6,7 @@
 #include "core/caixacodigo.h"
 #include "core/caixalista.h"
 #include "core/funcoes.h"
+#include "core/informacoes.h"
 #include "core/janelas.h"
 #include "core/limites.h"
 #include "core/modos.h"
@@ -96,9 +97,8 @@ void CabecalhoOrcamento::txtCodCliente_LostFocus()
     if (texto.isEmpty()) {
         return;
     }
-    bool codigo = false;
-    texto.toInt(&codigo);
-    if (codigo && mostraCliente(texto)) {
+    const auto codigo = CodigoDoTexto(texto);
+    if (codigo && mostraCliente(*codigo)) {
         return;
     }
     ui::MsgBox(u"Código do Cliente não localizado"_s, ui::Icon::Exclamation, NomeEmpresa);
@@ -107,9 +107,10 @@ void CabecalhoOrcamento::txtCodCliente_LostFocus()
     }
 }
 
-bool CabecalhoOrcamento::mostraCliente(const QString &codigo)
+bool CabecalhoOrcamento::mostraCliente(qint32 codigo)
 {
-    const auto cliente = DBDados->OpenRecordset(u"SELECT Codigo, Nome, Fone1 FROM Clientes WHERE Codigo = "_s + codigo);
+    const auto cliente =
+        DBDados->OpenRecordset(u"SELECT Codigo, Nome, Fone1 FROM Clientes WHERE Codigo = "_s + QString::number(codigo));
     if (cliente.Eof()) {
         return false;
     }

@@ -58,7 +58,7 @@ public:
 private:
     void txtCodCliente_GotFocus();
     void txtCodCliente_LostFocus();
-    bool mostraCliente(const QString &codigo);
+    bool mostraCliente(qint32 codigo);
 
     std::unique_ptr<Ui::CabecalhoOrcamento> ui_;
     core::CaixaDeLista *marca_ = nullptr;

@@ -51,6 +51,11 @@ constexpr auto commands = std::to_array<Command>({
     {u"itmRelaLivroCaixa", u"frmMoviCaixa", u"btnBack"},
     {u"itmOSAbrir", u"frmOSAbre", u"btnVoltar"},
     {u"itmOSConsultar", u"frmOSConsulta", u"btnVoltar"},
+    {u"itmOSAltera", u"frmOSAltera", u"btnVoltar"},
+    {u"itmOSImprimirNota", u"frmNota", u"btnVoltar"},
+    {u"itmOSOrcaNovo", u"frmOSOrcaNovo", u"btnVoltar"},
+    {u"itmOSOrcaConsulta", u"frmOSOrcaConsulta", u"btnVoltar"},
+    {u"itmOSOrcaAltera", u"frmOSOrcaAltera", u"btnVoltar"},
     {u"itmOSFecha", u"frmOSConsulta", u"btnVoltar"},
     {u"itmInfoSobre", u"frmInfo", u"cmdOK"},
 });
@@ -142,6 +147,7 @@ void TstWindows::init()
     program_ = std::make_unique<support::Program>();
     boxes_ = std::make_unique<support::Boxes>();
     program_->config(u"PreencheCadastroAutomatico"_s, u"S"_s);
+    program_->config(u"Personalizacao"_s, u"2-2"_s); // the notes are for this workshop alone
     program_->sql(u"INSERT INTO Clientes (Nome, Endereco, Numero, Estado) VALUES ('MARIA', 'RUA A', 1, 'SP')"_s);
     program_->sql(u"INSERT INTO Fornecedores (Nome, Endereco, Numero, Estado) VALUES ('CASA', 'RUA B', 2, 'SP')"_s);
     program_->vehicle(1, u"ABC1234"_s);

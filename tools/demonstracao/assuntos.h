@@ -18,6 +18,7 @@ Assunto ordens();                       ///< orders and each way of paying them
 Assunto escolhas();                     ///< records picked and added on the way to an order and to its payment
 Assunto estoque();                      ///< the stock ledger
 Assunto financas();                     ///< books, accounts, cheques and pending orders that the orders left
+Assunto orcamentos();                   ///< estimates, an order made of one, an order altered, a note
 Assunto reabertura();                   ///< the program ended and started again
 Assunto oficina(const QString &folder); ///< a workshop of 300 customers
 Assunto telas(const QString &folder);   ///< pictures of all windows over that workshop

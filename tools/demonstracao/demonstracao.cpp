@@ -97,6 +97,7 @@ bool workAll(const QString &installation, const QString &workshop)
     subjects.push_back(demonstracao::escolhas());
     subjects.push_back(demonstracao::estoque());
     subjects.push_back(demonstracao::financas());
+    subjects.push_back(demonstracao::orcamentos());
     subjects.push_back(demonstracao::reabertura());
     subjects.push_back(demonstracao::oficina(workshop));
     return work(subjects);

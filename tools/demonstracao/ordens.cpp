@@ -24,8 +24,6 @@ namespace demonstracao
 namespace
 {
 
-const QString plate = u"ABC1D23"_s;
-
 /// One of the six ways to pay, and what is told when it went well.
 struct Forma {
     QString step;

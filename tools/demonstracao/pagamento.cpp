@@ -58,9 +58,9 @@ void pay(Boxes &boxes, const QString &code, const Pagamento &payment)
 
 } // namespace
 
-void addItem(const QString &quantity, const QString &description, const QString &value)
+void addItem(const QString &quantity, const QString &description, const QString &value, const QString &name)
 {
-    auto *window = form(u"frmOSAbre"_s);
+    auto *window = form(name);
     type(window, u"txtQuantidade"_s, quantity);
     type(window, u"txtDescricao"_s, description);
     type(window, u"txtValor"_s, value);
@@ -75,10 +75,10 @@ QString includeOrder(Boxes &boxes)
     return runtime::Format(order.value(u"Codigo"), u"0000");
 }
 
-QString openOrder(Boxes &boxes, const QString &plate)
+QString openOrder(Boxes &boxes, const QString &vehicle)
 {
     auto *window = choose(u"itmOSAbrir"_s, u"frmOSAbre"_s);
-    type(window, u"txtCodVeiculo"_s, plate);
+    type(window, u"txtCodVeiculo"_s, vehicle);
     addItem(u"1"_s, u"revisão"_s, u"300"_s);
     addItem(u"4"_s, u"vela de ignição"_s, u"25"_s);
     return includeOrder(boxes);

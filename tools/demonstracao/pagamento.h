@@ -12,14 +12,18 @@ class QWidget;
 namespace demonstracao
 {
 
-/// Adds an item by hand to the order that is being opened.
-void addItem(const QString &quantity, const QString &description, const QString &value);
+/// The vehicle that the orders are for; it is registered on the way to the first of them.
+inline const QString plate = QStringLiteral("ABC1D23");
+
+/// Adds an item by hand to the order that is being opened, or in another window with items.
+void addItem(const QString &quantity, const QString &description, const QString &value,
+             const QString &window = QStringLiteral("frmOSAbre"));
 
 /// Writes the order on the screen and gives its number, four digits.
 QString includeOrder(support::Boxes &boxes);
 
 /// An order of R$ 400,00 for the vehicle of that plate.
-QString openOrder(support::Boxes &boxes, const QString &plate);
+QString openOrder(support::Boxes &boxes, const QString &vehicle);
 
 /// Chooses an order in the list of the query window.
 void showOrder(const QString &code);

@@ -1,6 +1,7 @@
 #include "core/config.h"
 #include "core/modos.h"
 #include "core/modulo.h"
+#include "estimates/orcamento.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/form.h"
@@ -74,6 +75,9 @@ private slots:
     void cadastroRapido();
     void consulta();
     void pagamento();
+    void alteracao();
+    void orcamentos();
+    void nota();
     void preVisualizacao();
     void sobre();
     void operadores();
@@ -84,6 +88,7 @@ private:
     static void settling();
     static void show(ui::Form *window, const Fields &fields);
     static void newOrder();
+    static QString newEstimate();
     static ui::Form *newestOrder(qint16 mode);
     static void payments();
 
@@ -376,6 +381,94 @@ void Telas::pagamento()
     support::whenShown(u"frmOSFormaPagto"_s, [] { payments(); });
     click(window, u"btnFechar"_s);
     support::failNotShown();
+    close(window);
+}
+
+/// An open order in both layouts, the calculator, and a closed one.
+void Telas::alteracao()
+{
+    for (const QString &layout : {u"1"_s, u"3"_s}) {
+        core::GravaINI(u"Config"_s, u"LayoutOS"_s, layout, true);
+        auto *window = choose(u"itmOSAltera"_s, u"frmOSAltera"_s);
+        picture(u"frmOSAltera_vazio_"_s + layout);
+        type(window, u"txtCodOS"_s, order_);
+        auto *tabs = support::control<QTabWidget>(window, u"tabItems"_s);
+        for (int tab = 0; tab < tabs->count(); ++tab) {
+            if (tabs->isTabVisible(tab)) {
+                tabs->setCurrentIndex(tab);
+                picture(u"frmOSAltera_%1_%2"_s.arg(layout).arg(tab));
+            }
+        }
+        click(window, u"btnCalcular"_s);
+        picture(u"frmOSAltera_calculo_"_s + layout);
+        close(window);
+    }
+    auto *window = choose(u"itmOSAltera"_s, u"frmOSAltera"_s);
+    const auto closed = value(u"SELECT Codigo FROM OrdemServico WHERE EmAberto = False ORDER BY Codigo DESC"_s);
+    type(window, u"txtCodOS"_s, runtime::CStr(closed));
+    picture(u"frmOSAltera_fechada"_s);
+    close(window);
+}
+
+/// An estimate of the longest customer.
+QString Telas::newEstimate()
+{
+    const QString dear = u"51.440,33"_s;
+    estimates::Orcamento estimate{.marca = u"VOLKSWAGEN SPACEFOX HIGHLINE 1.6 TOTAL FLEX I-MOTION"_s,
+                                  .ano = u"2018/2018"_s,
+                                  .codCliente = u"0001"_s,
+                                  .nome = u"MARIA APARECIDA DE OLIVEIRA CAVALCANTI ALBUQUERQUE E SILVA"_s,
+                                  .fone = u"(17) 3232-8888"_s,
+                                  .observacoes = u"BARULHO NA RODA DIANTEIRA AO PASSAR EM LOMBADA"_s,
+                                  .valor = u"1.234.567,89"_s};
+    for (const QString &kind : {u"P"_s, u"S"_s, u"A"_s}) {
+        estimate.itens.push_back({u"1"_s, kind, u"12"_s, u"KIT EMBREAGEM COMPLETO COM ROLAMENTO"_s, dear, {}});
+        estimate.itens.push_back({u"0"_s, kind, u"0,5"_s, u"BELA VISTA"_s, u"8,88"_s, {}});
+    }
+    return runtime::Format(estimates::IncluiOrcamento(estimate), u"0000");
+}
+
+void Telas::orcamentos()
+{
+    const QString code = newEstimate();
+    const Fields header{{u"txtCodCliente"_s, u"0001"_s},
+                        {u"txtNome"_s, u"MARIA APARECIDA DE OLIVEIRA CAVALCANTI ALBUQUERQUE E SILVA"_s},
+                        {u"txtFone1"_s, u"(17) 3232-8888"_s},
+                        {u"cboMarca"_s, u"VOLKSWAGEN SPACEFOX HIGHLINE 1.6 TOTAL FLEX"_s},
+                        {u"cboAno"_s, u"2018/2018"_s},
+                        {u"txtObs"_s, u"BARULHO NA RODA DIANTEIRA AO PASSAR EM LOMBADA"_s}};
+    auto *novo = choose(u"itmOSOrcaNovo"_s, u"frmOSOrcaNovo"_s);
+    picture(u"frmOSOrcaNovo_vazio"_s);
+    show(novo, header);
+    cadastro::fill(novo, {{u"txtQuantidade"_s, u"12"_s},
+                          {u"txtDescricao"_s, u"kit embreagem completo com rolamento"_s},
+                          {u"txtValor"_s, u"51440,33"_s}});
+    click(novo, u"btnItemAdd"_s);
+    picture(u"frmOSOrcaNovo"_s);
+    close(novo);
+
+    auto *query = choose(u"itmOSOrcaConsulta"_s, u"frmOSOrcaConsulta"_s);
+    picture(u"frmOSOrcaConsulta_vazio"_s);
+    type(query, u"txtTexto"_s, code);
+    click(query, u"btnPesquisar"_s);
+    cadastro::clickRow(query, 0);
+    picture(u"frmOSOrcaConsulta"_s);
+    close(query);
+
+    auto *altera = choose(u"itmOSOrcaAltera"_s, u"frmOSOrcaAltera"_s);
+    picture(u"frmOSOrcaAltera_vazio"_s);
+    type(altera, u"txtCodOrcamento"_s, code);
+    picture(u"frmOSOrcaAltera"_s);
+    close(altera);
+}
+
+void Telas::nota()
+{
+    auto *window = ui::Forms::instance().Show(u"frmNota"_s);
+    picture(u"frmNota_vazio"_s);
+    type(window, u"txtOS"_s, order_);
+    click(window, u"btnItemAdd"_s);
+    picture(u"frmNota"_s);
     close(window);
 }
 
