@@ -66,6 +66,7 @@ constexpr std::array uses{
     Use{"frmCadaFast"},
     Use{"frmOSAbre"},
     Use{"frmOSAbre", 0, "3"},
+    Use{"frmOSOrcaNovo"},
     Use{"frmOSConsulta"},
     Use{"frmOSConsulta", 0, "3"},
     Use{"frmOSConsulta", 9, "3"},

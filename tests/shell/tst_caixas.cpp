@@ -122,6 +122,17 @@ constexpr std::array rows{
     Row{u"frmOSAbre", u"txtDescricao", u"OSPecas", u"Descricao", listLength}, // refused above 200
     Row{u"frmOSAbre", u"txtValor", u"OSPecas", u"ValorUnit"},
 
+    Row{u"frmOSOrcaNovo", u"txtCodCliente", u"Orcamento", u"CodCliente"},
+    Row{u"frmOSOrcaNovo", u"txtNome", u"Orcamento", u"NomeCliente"},
+    Row{u"frmOSOrcaNovo", u"txtFone1", u"Orcamento", u"Fone"},
+    Row{u"frmOSOrcaNovo", u"cboMarca", u"Orcamento", u"MarcaModelo"},
+    Row{u"frmOSOrcaNovo", u"cboAno", u"Orcamento", u"Ano"},
+    Row{u"frmOSOrcaNovo", u"txtObs", u"Orcamento", u"Observacoes"},
+    Row{u"frmOSOrcaNovo", u"txtCodPeca"}, // a code or an external code, and only the code found is written
+    Row{u"frmOSOrcaNovo", u"txtQuantidade", u"OrcaPecas", u"Quantidade"},
+    Row{u"frmOSOrcaNovo", u"txtDescricao", u"OrcaPecas", u"Descricao", listLength}, // refused above 200
+    Row{u"frmOSOrcaNovo", u"txtValor", u"OrcaPecas", u"ValorUnit"},
+
     Row{u"frmOSConsulta", u"txtTexto"},
 
     Row{u"frmOSFormaPagto", u"txtDesconto", u"Caixa", u"Saida"},

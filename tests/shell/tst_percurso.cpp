@@ -58,6 +58,8 @@ constexpr State states[] = {
     {"account of a customer", "frmMoviFiadosConta"},
     {"customers with an account", "frmMoviFiadosConta", 11},
     {"preview", "frmRelaPreVisualiza"},
+    {"estimate", "frmOSOrcaNovo"},
+    {"estimate, job values", "frmOSOrcaNovo", 0, "1", "1-1"},
     {"order, compact", "frmOSAbre"},
     {"order, compact, material", "frmOSAbre", 0, "1", "0-0", "tabItems", 3},
     {"order, job values", "frmOSAbre", 0, "1", "1-1"},
