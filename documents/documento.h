@@ -51,6 +51,9 @@ struct Documento {
 /// The layout that the settings name (`LayoutOS`).
 int LayoutDeImpressao();
 
+/// The first layout is plain text for the printer alone.
+bool TemPreVisualizacao(int layout);
+
 /// Prints a document with layout 1 (plain text), 2 (logo and frame, at most 45 items a sheet) or 3 (logo and frame, a
 /// section for each list); any other number prints nothing.
 void ImprimeDocumento(int layout, const Documento &documento, printer::Surface &saida);

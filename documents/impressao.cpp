@@ -128,6 +128,11 @@ int LayoutDeImpressao()
     return static_cast<int>(runtime::Val(Config(u"LayoutOS"_s)));
 }
 
+bool TemPreVisualizacao(int layout)
+{
+    return layout == 2 || layout == 3;
+}
+
 void ImprimeDocumento(int layout, const Documento &documento, printer::Surface &saida)
 {
     switch (layout) {

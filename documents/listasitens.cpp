@@ -2,6 +2,7 @@
 
 #include "core/lista.h"
 #include "documents/documento.h"
+#include "platform/ui/forms.h"
 #include "platform/ui/listview.h"
 
 #include <QTabBar>
@@ -204,6 +205,13 @@ void ListasItens::limpa()
     for (const Aba aba : abas) {
         lista(aba).clear();
     }
+}
+
+ListasItens &ListasDe(const QString &janela)
+{
+    auto *listas = qobject_cast<ListasItens *>(ui::Forms::instance().control(janela, u"tabItems"_s));
+    Q_ASSERT_X(listas != nullptr, "documents::ListasDe", qPrintable(janela));
+    return *listas;
 }
 
 } // namespace documents

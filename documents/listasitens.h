@@ -82,4 +82,7 @@ private:
     std::array<ui::ListView *, abas.size()> listas_;
 };
 
+/// The item lists of another window, which is known by its name alone. A window that is not open is opened.
+ListasItens &ListasDe(const QString &janela);
+
 } // namespace documents

@@ -301,7 +301,7 @@ void frmOSConsulta::habilitaBotoes()
     for (QWidget *botao : {ui_->btnOSAltera, ui_->btnOSPrint, ui_->btnClienteInfo, ui_->btnVeiculoInfo}) {
         ui::enableIf(temOrdem(), botao, semOrdem, ui_->Lista);
     }
-    const bool desenha = LayoutDeImpressao() == 2 || LayoutDeImpressao() == 3;
+    const bool desenha = TemPreVisualizacao(LayoutDeImpressao());
     ui::enableIf(temOrdem() && desenha, ui_->btnPrevisualizar,
                  desenha ? semOrdem : u"O layout de impressão em uso não tem pré-visualização"_s, ui_->Lista);
     const QString forma = ui_->lblFormaPg->text();
@@ -387,10 +387,9 @@ void frmOSConsulta::btnOSPrint_Click()
     }
 }
 
-/// The first layout is plain text for the printer alone.
 void frmOSConsulta::btnPrevisualizar_Click()
 {
-    if (temOrdem() && (LayoutDeImpressao() == 2 || LayoutDeImpressao() == 3)) {
+    if (temOrdem() && TemPreVisualizacao(LayoutDeImpressao())) {
         ImprimeOrdem(LayoutDeImpressao(), ordemMostrada(), AbrePreVisualizacao());
     }
 }

@@ -97,6 +97,7 @@ private slots:
     void noItemIsLeftAloneWhereTheDocumentIsGone();
     void aRowWhoseItemIsGoneLeavesTheList();
     void anItemIsRemovedTwice();
+    void theListsOfAWindowAreReachedByItsName();
 
 private:
     void open(const Kind &kind);
@@ -396,6 +397,16 @@ void TstPainelItens::anItemIsRemovedTwice()
     key(window_, u"Lista"_s, Qt::Key_Delete);
     QCOMPARE(stored(order).size(), 1U);
     QCOMPARE(total(order), u"60"_s);
+}
+
+void TstPainelItens::theListsOfAWindowAreReachedByItsName()
+{
+    open(order);
+    QCOMPARE(&ListasDe(order.name), &window_->panel().listas());
+    // A window that is not open is opened, as by a hand-back.
+    ui::Forms::instance().Unload(order.name);
+    const ListasItens &lists = ListasDe(order.name);
+    QVERIFY(ui::Forms::instance().find(order.name)->isAncestorOf(&lists));
 }
 
 TARVELO_TEST_MAIN(TstPainelItens)
