@@ -48,4 +48,25 @@ qint32 IncluiOrcamento(const Orcamento &orcamento)
     return numero;
 }
 
+std::optional<Orcamento> LeOrcamento(const QString &codigo)
+{
+    const auto linha = DBDados->OpenRecordset(u"SELECT * FROM Orcamento WHERE Codigo = "_s + codigo);
+    if (linha.Eof()) {
+        return std::nullopt;
+    }
+    const auto texto = [&linha](QStringView campo) { return NuloParaVazio(linha.value(campo)); };
+    const auto formato = [&linha](QStringView campo, QStringView mascara) {
+        return Format(linha.value(campo), mascara);
+    };
+    return Orcamento{.codigo = formato(u"Codigo", mascaraCodigo),
+                     .data = formato(u"Data", mascaraData),
+                     .marca = texto(u"MarcaModelo"),
+                     .ano = texto(u"Ano"),
+                     .codCliente = formato(u"CodCliente", mascaraCodigo),
+                     .nome = texto(u"NomeCliente"),
+                     .fone = texto(u"Fone"),
+                     .observacoes = texto(u"Observacoes"),
+                     .valor = formato(u"Valor", mascaraValor)};
+}
+
 } // namespace estimates

@@ -4,6 +4,8 @@
 
 #include <QtGlobal>
 
+#include <optional>
+
 namespace estimates
 {
 
@@ -25,5 +27,8 @@ struct Orcamento {
 /// Writes a new estimate, dated today, then its items, and gives its number. Nothing else is touched: an estimate is no
 /// debt and reserves no part. No transaction: what was written before a failure stays.
 qint32 IncluiOrcamento(const Orcamento &orcamento);
+
+/// A stored estimate but for its items, or nothing where there is none of this code. A Null is empty.
+std::optional<Orcamento> LeOrcamento(const QString &codigo);
 
 } // namespace estimates
