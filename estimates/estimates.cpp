@@ -1,5 +1,6 @@
 #include "estimates/estimates.h"
 
+#include "estimates/frmOSOrcaConsulta.h"
 #include "estimates/frmOSOrcaNovo.h"
 
 #include "core/devolucao.h"
@@ -12,6 +13,8 @@ using namespace Qt::StringLiterals;
 void registerForms()
 {
     core::RegistraJanela(u"frmOSOrcaNovo"_s, [] { return new frmOSOrcaNovo; });
+    core::RegistraJanela(
+        u"frmOSOrcaConsulta"_s, [] { return new frmOSOrcaConsulta; }, frmOSOrcaConsulta::devolucoes());
 }
 
 } // namespace estimates
