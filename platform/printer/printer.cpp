@@ -11,6 +11,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <utility>
 
 namespace printer
 {
@@ -181,9 +182,9 @@ QString Printer::DeviceName() const
     return name.isEmpty() ? devicePdf.toString() : name;
 }
 
-void Printer::setDevice(const QString &name)
+QString Printer::setDevice(const QString &name)
 {
-    device_ = name;
+    return std::exchange(device_, name);
 }
 
 void Printer::setOutputFolder(const QDir &folder)

@@ -22,8 +22,9 @@ class Printer : public PagedSurface
 public:
     QString DeviceName() const;
 
-    /// The printer to use from here on: a name of `devices()`, or "" for the system's default.
-    void setDevice(const QString &name);
+    /// The printer to use from here on: a name of `devices()`, or "" for the system's default. Gives what was set
+    /// before, for whoever prints one document elsewhere.
+    QString setDevice(const QString &name);
 
     void EndDoc() override;
 

@@ -120,9 +120,9 @@ void tst_Printer::theStandInIsAlwaysAmongTheDevices()
 void tst_Printer::aDeviceIsChosenByName()
 {
     Printer device;
-    device.setDevice(u"PDF"_s);
+    QCOMPARE(device.setDevice(u"PDF"_s), QString());
     QCOMPARE(device.DeviceName(), u"PDF"_s);
-    device.setDevice({});
+    QCOMPARE(device.setDevice({}), u"PDF"_s);
     QVERIFY(devices().contains(device.DeviceName()));
 }
 
