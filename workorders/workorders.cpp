@@ -1,5 +1,6 @@
 #include "workorders/workorders.h"
 
+#include "workorders/frmNota.h"
 #include "workorders/frmOSAbre.h"
 #include "workorders/frmOSConsulta.h"
 #include "workorders/frmOSFormaPagto.h"
@@ -19,6 +20,7 @@ void registerForms()
         u"frmOSConsulta"_s, [] { return new frmOSConsulta; }, frmOSConsulta::devolucoes());
     core::RegistraJanela(
         u"frmOSFormaPagto"_s, [] { return new frmOSFormaPagto; }, frmOSFormaPagto::devolucoes());
+    core::RegistraJanela(u"frmNota"_s, [] { return new frmNota; });
 }
 
 } // namespace workorders
