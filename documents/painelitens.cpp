@@ -122,7 +122,9 @@ void PainelItens::habilitaBotoes()
 {
     const bool fica = material() && !uso_.removeMaterial;
     const QString semRemocao = fica ? u"O material lançado não pode ser removido"_s : u"Escolha um item na lista"_s;
-    ui::enableIf(travado_.isEmpty(), ui_->btnItemAdd, travado_, ui_->txtCodPeca);
+    const QString semLista = u"Escolha uma lista de itens"_s;
+    ui::enableIf(travado_.isEmpty() && listas().ativa(), ui_->btnItemAdd, travado_.isEmpty() ? semLista : travado_,
+                 ui_->txtCodPeca);
     ui::enableIf(travado_.isEmpty() && listas().selecionado() && !fica, ui_->btnItemRemove,
                  travado_.isEmpty() ? semRemocao : travado_, ui_->txtCodPeca);
 }
@@ -234,6 +236,11 @@ void PainelItens::mostraTotais(const Totais &totais)
     ui_->lblTotalP->setText(totais.pecas);
     ui_->lblTotalS->setText(totais.servicos);
     ui_->lblTotalT->setText(totais.terceiros);
+}
+
+void PainelItens::mostraTotal(const QString &total)
+{
+    ui_->lblTotal->setText(total);
 }
 
 QString PainelItens::total() const

@@ -60,6 +60,9 @@ public:
     /// `RecalculaTotais`: all four totals from the lists.
     void recalcula();
 
+    /// The total of a document as it is stored, until a change adds up.
+    void mostraTotal(const QString &total);
+
     /// Empties all lists, the totals with them.
     void limpa();
 

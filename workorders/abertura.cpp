@@ -46,17 +46,7 @@ std::optional<VeiculoOS> abreVeiculo(const QString &condicao)
     if (veiculo.Eof()) {
         return std::nullopt;
     }
-    const auto texto = [&](QStringView campo) { return NuloParaVazio(veiculo[campo].Value()); };
-    return VeiculoOS{.codigo = Format(veiculo[u"Veiculos.Codigo"].Value(), mascaraCodigo),
-                     .marca = texto(u"MarcaModelo"),
-                     .placas = texto(u"Placas"),
-                     .combustivel = texto(u"Combustivel"),
-                     .cor = texto(u"Cor"),
-                     .ano = texto(u"Ano"),
-                     .codCliente = NuloParaVazio(veiculo[u"Clientes.Codigo"].Value()),
-                     .nome = texto(u"Nome"),
-                     .fone1 = texto(u"Fone1"),
-                     .celular = texto(u"Celular")};
+    return VeiculoDe(veiculo);
 }
 
 } // namespace
@@ -70,6 +60,21 @@ qint32 AbreOrdem(const NovaOrdem &ordem)
     }
     itens.Close();
     return numero;
+}
+
+VeiculoOS VeiculoDe(const dao::Recordset &linha)
+{
+    const auto texto = [&linha](QStringView campo) { return NuloParaVazio(linha.value(campo)); };
+    return {.codigo = Format(linha.value(u"Veiculos.Codigo"), mascaraCodigo),
+            .marca = texto(u"MarcaModelo"),
+            .placas = texto(u"Placas"),
+            .combustivel = texto(u"Combustivel"),
+            .cor = texto(u"Cor"),
+            .ano = texto(u"Ano"),
+            .codCliente = texto(u"Clientes.Codigo"),
+            .nome = texto(u"Nome"),
+            .fone1 = texto(u"Fone1"),
+            .celular = texto(u"Celular")};
 }
 
 std::optional<VeiculoOS> ProcuraVeiculo(const QString &texto)

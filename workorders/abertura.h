@@ -6,6 +6,11 @@
 
 #include <optional>
 
+namespace dao
+{
+class Recordset;
+}
+
 namespace workorders
 {
 
@@ -37,6 +42,9 @@ struct VeiculoOS {
     QString fone1;
     QString celular;
 };
+
+/// The same of a row that brings the columns of both.
+VeiculoOS VeiculoDe(const dao::Recordset &linha);
 
 /// The vehicle of a text: a number is a code, any other text a plate, and what is neither is tried as a chassis number.
 /// A plate of digits only is therefore never found. An apostrophe in the text is error 3075.

@@ -3,16 +3,12 @@
 #include "ui_frmOSAbre.h"
 
 #include "core/caixacodigo.h"
-#include "core/caixalista.h"
 #include "core/config.h"
-#include "core/informacoes.h"
 #include "core/janelas.h"
-#include "core/limites.h"
 #include "core/modos.h"
 #include "core/modulo.h"
 #include "platform/runtime/numbers.h"
 #include "platform/ui/boxes.h"
-#include "platform/ui/reasons.h"
 
 #include <array>
 
@@ -29,13 +25,6 @@ namespace
 constexpr std::array aAlteracao{Devolucao{modoAbreOSParaAlterar, u"frmOSAltera", u"txtCodOS"}};
 constexpr std::array aoCadastroRapido{Devolucao{modoNormal, u"frmCadaFast", u"txtPlaca", u"txtCodVeiculo"}};
 
-constexpr std::array caixas{
-    CaixaDeTexto{u"txtKm", u"OrdemServico", u"KM"},
-    CaixaDeTexto{u"txtObs", u"OrdemServico", u"Observacao"},
-    CaixaDeTexto{u"txtServicos", u"OrdemServico", u"Descricao"},
-    CaixaDeTexto{u"txtMecanico", u"OrdemServico", u"Mecanico"},
-};
-
 } // namespace
 
 frmOSAbre::frmOSAbre() : ui::Form(u"frmOSAbre"_s), ui_(std::make_unique<Ui::frmOSAbre>())
@@ -50,15 +39,10 @@ frmOSAbre::frmOSAbre() : ui::Form(u"frmOSAbre"_s), ui_(std::make_unique<Ui::frmO
                        .modoProcura = modoProcuraVeiculo,
                        .inclui = ui_->btnVeiculoAdd,
                        .modoInclui = modoIncluiVeiculo});
-    mecanico_ = new CaixaDeLista(*this, ui_->txtMecanico, ListaCombo::Mecanicos, ui_->btnMecAdd, ui_->btnMecRemove);
-    onClick(ui_->btnInfoVeiculo, &frmOSAbre::btnInfoVeiculo_Click);
-    onClick(ui_->btnInfoCliente, &frmOSAbre::btnInfoCliente_Click);
     onClick(ui_->btnIncluir, &frmOSAbre::btnIncluir_Click);
     onClick(ui_->btnCancelar, &frmOSAbre::btnCancelar_Click);
     onClick(ui_->btnVoltar, &frmOSAbre::btnVoltar_Click);
-    onChange(ui_->lblCodVeiculo, &frmOSAbre::habilitaInformacoes);
-    onChange(ui_->lblCodCliente, &frmOSAbre::habilitaInformacoes);
-    habilitaInformacoes();
+    ui_->cabecalho->liga(*this);
     ui_->painelItens->liga(*this);
 }
 
@@ -76,8 +60,7 @@ void frmOSAbre::Form_Load()
     ui::setTagOf(this, QString::number(ModoChamada));
     ui_->painelItens->monta(FormaDoLayout());
     ui_->painelItens->ofereceTrabalhos(Config(u"Personalizacao"_s) == u"1-1");
-    LimitaAosCampos(*this, caixas);
-    mecanico_->carrega();
+    ui_->cabecalho->monta();
 }
 
 void frmOSAbre::txtCodVeiculo_GotFocus()
@@ -92,34 +75,13 @@ void frmOSAbre::txtCodVeiculo_LostFocus()
         return;
     }
     if (const auto veiculo = ProcuraVeiculo(texto)) {
-        mostraVeiculo(*veiculo);
+        ui_->txtCodVeiculo->setText(veiculo->codigo);
+        ui_->cabecalho->mostra(*veiculo);
     } else {
         veiculoDesconhecido();
     }
     // The windows that were opened meanwhile have left their own mode behind.
     ModoChamada = runtime::CInt(ui::tagOf(this));
-}
-
-void frmOSAbre::mostraVeiculo(const VeiculoOS &veiculo)
-{
-    ui_->txtCodVeiculo->setText(veiculo.codigo);
-    ui_->lblCodVeiculo->setText(veiculo.codigo);
-    ui_->lblMarca->setText(veiculo.marca);
-    ui_->lblPlacas->setText(veiculo.placas);
-    ui_->lblCombustivel->setText(veiculo.combustivel);
-    ui_->lblCor->setText(veiculo.cor);
-    ui_->lblAno->setText(veiculo.ano);
-    ui_->lblCodCliente->setText(veiculo.codCliente);
-    ui_->lblNome->setText(veiculo.nome);
-    ui_->lblFone1->setText(veiculo.fone1);
-    ui_->lblCelular->setText(veiculo.celular);
-}
-
-void frmOSAbre::habilitaInformacoes()
-{
-    const QString semVeiculo = u"Nenhum veículo foi informado"_s;
-    ui::enableIf(!ui_->lblCodVeiculo->text().isEmpty(), ui_->btnInfoVeiculo, semVeiculo, ui_->txtCodVeiculo);
-    ui::enableIf(!ui_->lblCodCliente->text().isEmpty(), ui_->btnInfoCliente, semVeiculo, ui_->txtCodVeiculo);
 }
 
 void frmOSAbre::veiculoDesconhecido()
@@ -129,7 +91,7 @@ void frmOSAbre::veiculoDesconhecido()
         return;
     }
     SelecionaTexto(ui_->txtCodVeiculo);
-    limpaVeiculo();
+    ui_->cabecalho->esqueceVeiculo();
 }
 
 void frmOSAbre::cadastraVeiculo() const
@@ -141,26 +103,6 @@ void frmOSAbre::cadastraVeiculo() const
     janelas.ShowModal(cadastro);
 }
 
-void frmOSAbre::limpaVeiculo()
-{
-    for (ui::Label *rotulo : {ui_->lblMarca, ui_->lblPlacas, ui_->lblCombustivel, ui_->lblCor, ui_->lblAno,
-                              ui_->lblNome, ui_->lblFone1, ui_->lblCelular}) {
-        rotulo->setText({});
-    }
-    ui_->txtKm->clear();
-    ui_->txtObs->clear();
-}
-
-void frmOSAbre::btnInfoVeiculo_Click()
-{
-    MostraInformacoes(TipoInformacao::Veiculo, ui_->lblCodVeiculo->text());
-}
-
-void frmOSAbre::btnInfoCliente_Click()
-{
-    MostraInformacoes(TipoInformacao::Cliente, ui_->lblCodCliente->text());
-}
-
 void frmOSAbre::btnIncluir_Click()
 {
     if (confere() && ui::Confirm(u"Confirma Inclusão"_s, NomeEmpresa)) {
@@ -170,11 +112,11 @@ void frmOSAbre::btnIncluir_Click()
 
 bool frmOSAbre::confere()
 {
-    if (ui_->lblMarca->text().isEmpty() || ui_->txtCodVeiculo->text().isEmpty()) {
+    if (ui_->cabecalho->marca().isEmpty() || ui_->txtCodVeiculo->text().isEmpty()) {
         Recusa(u"Código de Veículo Inválido"_s, ui_->txtCodVeiculo);
         return false;
     }
-    if (ui_->lblCodCliente->text().isEmpty()) {
+    if (ui_->cabecalho->codCliente().isEmpty()) {
         Recusa(u"Código do Cliente Inválido"_s, ui_->txtCodVeiculo);
         return false;
     }
@@ -184,13 +126,14 @@ bool frmOSAbre::confere()
 NovaOrdem frmOSAbre::ordem() const
 {
     const ListasItens &listas = ui_->painelItens->listas();
-    return {.codCliente = ui_->lblCodCliente->text(),
+    const TextosOS textos = ui_->cabecalho->textos();
+    return {.codCliente = ui_->cabecalho->codCliente(),
             .codVeiculo = ui_->txtCodVeiculo->text(),
-            .km = ui_->txtKm->text(),
-            .observacao = ui_->txtObs->text(),
+            .km = textos.km,
+            .observacao = textos.observacao,
             .valor = ui_->painelItens->total(),
-            .servicos = ui_->txtServicos->toPlainText(),
-            .mecanico = ui_->txtMecanico->currentText(),
+            .servicos = textos.servicos,
+            .mecanico = textos.mecanico,
             .itens = ParaGravar(listas.itens(), listas.compacto())};
 }
 

@@ -7,11 +7,6 @@
 #include <memory>
 #include <vector>
 
-namespace core
-{
-class CaixaDeLista;
-}
-
 namespace Ui
 {
 class frmOSAbre;
@@ -38,23 +33,17 @@ public:
 private:
     void txtCodVeiculo_GotFocus();
     void txtCodVeiculo_LostFocus();
-    void habilitaInformacoes();
-    void btnInfoVeiculo_Click();
-    void btnInfoCliente_Click();
     void btnIncluir_Click();
     void btnCancelar_Click();
     void btnVoltar_Click();
 
-    void mostraVeiculo(const VeiculoOS &veiculo);
     void veiculoDesconhecido();
     void cadastraVeiculo() const;
-    void limpaVeiculo();
     bool confere();
     NovaOrdem ordem() const;
     void depoisDeGravar(qint32 numero);
 
     std::unique_ptr<Ui::frmOSAbre> ui_;
-    core::CaixaDeLista *mecanico_ = nullptr;
 };
 
 } // namespace workorders

@@ -9,6 +9,14 @@
 namespace workorders
 {
 
+/// What is told about the job of an order.
+struct TextosOS {
+    QString km;
+    QString observacao;
+    QString servicos;
+    QString mecanico;
+};
+
 /// An order as the query shows it. What is printed is what stands there, not what the tables hold.
 struct OrdemMostrada {
     QString codigo;

@@ -2,6 +2,7 @@
 
 #include "workorders/frmNota.h"
 #include "workorders/frmOSAbre.h"
+#include "workorders/frmOSAltera.h"
 #include "workorders/frmOSConsulta.h"
 #include "workorders/frmOSFormaPagto.h"
 
@@ -16,6 +17,7 @@ void registerForms()
 {
     core::RegistraJanela(
         u"frmOSAbre"_s, [] { return new frmOSAbre; }, frmOSAbre::devolucoes());
+    core::RegistraJanela(u"frmOSAltera"_s, [] { return new frmOSAltera; });
     core::RegistraJanela(
         u"frmOSConsulta"_s, [] { return new frmOSConsulta; }, frmOSConsulta::devolucoes());
     core::RegistraJanela(

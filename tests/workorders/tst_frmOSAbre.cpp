@@ -50,7 +50,7 @@ class TstFrmOSAbre : public OrderWindowTest
     Q_OBJECT
 
 private slots:
-    void initTestCase() { registerWindows(); }
+    void initTestCase();
     void init() { start(); }
     void cleanup()
     {
@@ -107,6 +107,14 @@ private:
     Rows orders() const { return program_->rows(u"SELECT * FROM OrdemServico"_s); }
     Rows items() const;
 };
+
+/// The window alone: those that it knows by name are made known by the cases that want them.
+void TstFrmOSAbre::initTestCase()
+{
+    registers::registerForms();
+    core::RegistraJanela(
+        u"frmOSAbre"_s, [] { return new workorders::frmOSAbre; }, workorders::frmOSAbre::devolucoes());
+}
 
 /// The second of everything, so that no code is right by accident.
 void TstFrmOSAbre::newVehicle()
