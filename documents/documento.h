@@ -13,6 +13,9 @@ using LinhaCabecalho = core::Cabecalho::value_type;
 LinhaCabecalho UmCampo(const QString &rotulo, const QString &valor);
 LinhaCabecalho DoisCampos(const QString &rotulo1, const QString &valor1, const QString &rotulo2, const QString &valor2);
 
+/// A field over as many lines as its value needs; none for an empty one.
+core::Cabecalho CabecalhoEmLinhas(const QString &rotulo, const QString &valor);
+
 /// The field "OBSERVAÇÕES" over as many lines as the text needs; none for an empty text.
 core::Cabecalho CabecalhoDaObservacao(const QString &observacao);
 

@@ -43,18 +43,21 @@ LinhaCabecalho DoisCampos(const QString &rotulo1, const QString &valor1, const Q
     return {{rotulo1, AlinhaEsquerda(valor1, larguraPrimeiro)}, {rotulo2, runtime::Left(valor2, larguraSegundo)}};
 }
 
-Cabecalho CabecalhoDaObservacao(const QString &observacao)
+Cabecalho CabecalhoEmLinhas(const QString &rotulo, const QString &valor)
 {
     Cabecalho linhas;
-    if (observacao.isEmpty()) {
+    if (valor.isEmpty()) {
         return linhas;
     }
-    QString rotulo = u"OBSERVAÇÕES.........: "_s;
-    for (const QString &linha : EmLinhas(observacao, larguraValor)) {
-        linhas << LinhaCabecalho{{rotulo, linha}};
-        rotulo = QString(larguraRotulo, u' ');
+    for (const QString &linha : EmLinhas(valor, larguraValor)) {
+        linhas << LinhaCabecalho{{linhas.isEmpty() ? rotulo : QString(larguraRotulo, u' '), linha}};
     }
     return linhas;
+}
+
+Cabecalho CabecalhoDaObservacao(const QString &observacao)
+{
+    return CabecalhoEmLinhas(u"OBSERVAÇÕES.........: "_s, observacao);
 }
 
 Bloco BlocoDe(const QStringList &linhas, double tamanho)
