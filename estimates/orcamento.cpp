@@ -17,11 +17,9 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-qint32 gravaOrcamento(const Orcamento &orcamento)
+/// Whoever writes an estimate dates it.
+void gravaColunas(dao::Recordset &linha, const Orcamento &orcamento)
 {
-    auto linha = DBDados->OpenRecordset(u"Orcamento"_s);
-    linha.AddNew();
-    const qint32 numero = CLng(linha[u"Codigo"].Value());
     linha[u"Data"] = Hoje();
     linha[u"MarcaModelo"] = ValorOuNulo(orcamento.marca);
     linha[u"Ano"] = ValorOuNulo(orcamento.ano);
@@ -30,6 +28,14 @@ qint32 gravaOrcamento(const Orcamento &orcamento)
     linha[u"Fone"] = ValorOuNulo(orcamento.fone);
     linha[u"Observacoes"] = ValorOuNulo(orcamento.observacoes);
     linha[u"Valor"] = orcamento.valor;
+}
+
+qint32 gravaOrcamento(const Orcamento &orcamento)
+{
+    auto linha = DBDados->OpenRecordset(u"Orcamento"_s);
+    linha.AddNew();
+    const qint32 numero = CLng(linha[u"Codigo"].Value());
+    gravaColunas(linha, orcamento);
     linha.Update();
     linha.Close();
     return numero;
@@ -67,6 +73,18 @@ std::optional<Orcamento> LeOrcamento(const QString &codigo)
                      .fone = texto(u"Fone"),
                      .observacoes = texto(u"Observacoes"),
                      .valor = formato(u"Valor", mascaraValor)};
+}
+
+bool AlteraOrcamento(qint32 numero, const Orcamento &orcamento)
+{
+    auto linha = DBDados->OpenRecordset(u"SELECT * FROM Orcamento WHERE Codigo = "_s + QString::number(numero));
+    if (linha.Eof()) {
+        return false;
+    }
+    linha.Edit();
+    gravaColunas(linha, orcamento);
+    linha.Update();
+    return true;
 }
 
 } // namespace estimates

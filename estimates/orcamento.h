@@ -31,4 +31,8 @@ qint32 IncluiOrcamento(const Orcamento &orcamento);
 /// A stored estimate but for its items, or nothing where there is none of this code. A Null is empty.
 std::optional<Orcamento> LeOrcamento(const QString &codigo);
 
+/// Writes an estimate but for its items over the stored one, which is dated today by that. False where somebody has
+/// deleted it meanwhile: nothing is written.
+bool AlteraOrcamento(qint32 numero, const Orcamento &orcamento);
+
 } // namespace estimates

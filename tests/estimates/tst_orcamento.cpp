@@ -2,6 +2,7 @@
 
 #include "core/modulo.h"
 #include "platform/dao/database.h"
+#include "platform/runtime/runtime.h"
 #include "support/program.h"
 
 #include <memory>
@@ -43,6 +44,11 @@ private slots:
     void whatIsEmptyIsStoredAsNull();
     void numbersFollowEachOther();
     void nothingElseIsTouched();
+    void readsWhatWasWritten();
+    void nullsAreReadAsEmpty();
+    void altersTheColumnsOfOneEstimate();
+    void anAlteredTextThatIsEmptyIsStoredAsNull();
+    void altersNothingWhereTheEstimateIsGone();
 
 private:
     std::unique_ptr<support::Program> program_;
@@ -96,6 +102,66 @@ void TstOrcamento::nothingElseIsTouched()
         after << count(table);
     }
     QCOMPARE(after, before);
+}
+
+void TstOrcamento::readsWhatWasWritten()
+{
+    IncluiOrcamento({.marca = u"UNO"_s, .valor = u"0,00"_s});
+    IncluiOrcamento(estimate());
+    const auto read = LeOrcamento(u"2"_s);
+    QVERIFY(read.has_value());
+    const QStringList texts{read->codigo, read->data, read->marca,       read->ano,  read->codCliente,
+                            read->nome,   read->fone, read->observacoes, read->valor};
+    QCOMPARE(texts, (QStringList{u"0002"_s, u"15/05/2024"_s, u"GOL 1.0"_s, u"2001/2002"_s, u"0001"_s, u"MARIA"_s,
+                                 u"(11) 5555-0001"_s, u"RETORNA SEXTA"_s, u"1.110,50"_s}));
+    QVERIFY(!LeOrcamento(u"3"_s));
+}
+
+void TstOrcamento::nullsAreReadAsEmpty()
+{
+    program_->sql(u"INSERT INTO Orcamento (Observacoes) VALUES ('X')"_s);
+    const auto read = LeOrcamento(u"1"_s);
+    QVERIFY(read.has_value());
+    const QStringList texts{read->data, read->marca, read->ano, read->codCliente, read->nome, read->fone, read->valor};
+    QCOMPARE(texts, QStringList(7, QString()));
+}
+
+void TstOrcamento::altersTheColumnsOfOneEstimate()
+{
+    IncluiOrcamento(estimate());
+    IncluiOrcamento(estimate());
+    const Rows items = program_->rows(u"SELECT * FROM OrcaPecas"_s);
+    runtime::setClock(runtime::CDate(u"29/02/2028 23:59:59"_s));
+    QVERIFY(AlteraOrcamento(2, {.marca = u"UNO"_s,
+                                .ano = u"2010"_s,
+                                .codCliente = u"0007"_s,
+                                .nome = u"JOSÉ"_s,
+                                .fone = u"1"_s,
+                                .observacoes = u"NADA"_s,
+                                .valor = u"0,10"_s}));
+    QCOMPARE(program_->rows(u"SELECT * FROM Orcamento"_s),
+             (Rows{{u"1"_s, u"15/05/2024 00:00:00"_s, u"GOL 1.0"_s, u"2001/2002"_s, u"1"_s, u"MARIA"_s,
+                    u"(11) 5555-0001"_s, u"RETORNA SEXTA"_s, u"1110.5"_s},
+                   {u"2"_s, u"29/02/2028 00:00:00"_s, u"UNO"_s, u"2010"_s, u"7"_s, u"JOSÉ"_s, u"1"_s, u"NADA"_s,
+                    u"0.1"_s}}));
+    QCOMPARE(program_->rows(u"SELECT * FROM OrcaPecas"_s), items);
+}
+
+void TstOrcamento::anAlteredTextThatIsEmptyIsStoredAsNull()
+{
+    IncluiOrcamento(estimate());
+    QVERIFY(AlteraOrcamento(1, {.marca = u"GOL"_s, .valor = u"0,00"_s}));
+    const QString null = u"<Null>"_s;
+    QCOMPARE(program_->rows(u"SELECT * FROM Orcamento"_s),
+             (Rows{{u"1"_s, u"15/05/2024 00:00:00"_s, u"GOL"_s, null, null, null, null, null, u"0"_s}}));
+}
+
+void TstOrcamento::altersNothingWhereTheEstimateIsGone()
+{
+    IncluiOrcamento(estimate());
+    const Rows before = program_->rows(u"SELECT * FROM Orcamento"_s);
+    QVERIFY(!AlteraOrcamento(2, {.marca = u"UNO"_s, .valor = u"0,00"_s}));
+    QCOMPARE(program_->rows(u"SELECT * FROM Orcamento"_s), before);
 }
 
 TARVELO_TEST_MAIN(TstOrcamento)
