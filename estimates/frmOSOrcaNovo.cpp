@@ -9,6 +9,7 @@
 #include "core/modulo.h"
 #include "documents/documento.h"
 #include "estimates/orcamentoimpresso.h"
+#include "estimates/paineis.h"
 #include "platform/printer/printer.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/boxes.h"
@@ -48,11 +49,8 @@ void frmOSOrcaNovo::Form_Load()
 
 Orcamento frmOSOrcaNovo::orcamento() const
 {
-    const ListasItens &listas = ui_->painelItens->listas();
-    Orcamento orcamento = ui_->cabecalho->campos();
+    Orcamento orcamento = OrcamentoDosPaineis(*ui_->cabecalho, *ui_->painelItens);
     orcamento.data = Hoje();
-    orcamento.valor = ui_->painelItens->total();
-    orcamento.itens = ParaGravar(listas.itens(), listas.compacto());
     return orcamento;
 }
 
@@ -72,7 +70,8 @@ void frmOSOrcaNovo::ofereceImpressao(qint32 numero)
     ModoChamada = modoOrcamentoGravado;
     CodigoConsulta = numero;
     const QString codigo = Format(numero, mascaraCodigo);
-    if (ui::Confirm(u"Imprimir Orçamento Nº "_s + codigo, NomeEmpresa) && conferePapel()) {
+    if (ui::Confirm(u"Imprimir Orçamento Nº "_s + codigo, NomeEmpresa) &&
+        PodeImprimir(*ui_->cabecalho, *ui_->painelItens)) {
         imprime(codigo);
     }
     ModoChamada = modoNormal;
@@ -83,7 +82,8 @@ void frmOSOrcaNovo::ofereceImpressao(qint32 numero)
 /// register that adds a customer leaves the same one behind.
 void frmOSOrcaNovo::btnPrint_Click()
 {
-    if (conferePapel() && ui::Confirm(u"Confirma impressão do orçamento"_s, NomeEmpresa)) {
+    if (PodeImprimir(*ui_->cabecalho, *ui_->painelItens) &&
+        ui::Confirm(u"Confirma impressão do orçamento"_s, NomeEmpresa)) {
         imprime({});
     }
 }
@@ -93,19 +93,6 @@ void frmOSOrcaNovo::imprime(const QString &codigo) const
     Orcamento impresso = orcamento();
     impresso.codigo = codigo;
     ImprimeOrcamento(LayoutDeImpressao(), impresso, printer::printer());
-}
-
-bool frmOSOrcaNovo::conferePapel() const
-{
-    if (!ui_->cabecalho->confereMarca(u"Marca Inválida"_s)) {
-        return false;
-    }
-    if (ui_->painelItens->listas().itens().at(abaPecas).empty()) {
-        ui::MsgBox(u"Lista de Peças/Serviços Vazia"_s, ui::Icon::Exclamation, NomeEmpresa);
-        ui_->cabecalho->focaCliente();
-        return false;
-    }
-    return true;
 }
 
 void frmOSOrcaNovo::btnCancelar_Click()

@@ -33,7 +33,6 @@ private:
 
     Orcamento orcamento() const;
     void ofereceImpressao(qint32 numero);
-    bool conferePapel() const;
     void imprime(const QString &codigo) const;
 
     std::unique_ptr<Ui::frmOSOrcaNovo> ui_;
