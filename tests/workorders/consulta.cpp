@@ -78,6 +78,11 @@ void Case::prepare()
 {
     workorders::registerForms();
     reports::registerForms();
+    start();
+}
+
+void Case::start()
+{
     program_ = std::make_unique<support::Program>();
     customer_ = program_->customer(u"MARIA DA SILVA"_s);
     vehicle_ = program_->vehicle(customer_, u"ABC1D23"_s);

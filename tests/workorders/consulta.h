@@ -37,6 +37,7 @@ class Case : public QObject
 
 protected:
     void prepare();
+    void start(); ///< the same, windows being known already
     void finish();
 
     ui::Form *open(qint16 mode = 0);

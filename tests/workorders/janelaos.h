@@ -13,8 +13,8 @@
 
 #include <memory>
 
-/// What the cases on the window that opens an order have in common: a program of their own, its boxes, the window and
-/// the hands of a clerk on it.
+/// What the cases on the windows that open and alter an order have in common: a program of their own, its boxes, the
+/// window and the hands of a clerk on it.
 class OrderWindowTest : public QObject
 {
 protected:
@@ -41,11 +41,11 @@ protected:
         program_.reset();
     }
 
-    void open(const QString &layout = compact, qint16 mode = 0)
+    void open(const QString &layout = compact, qint16 mode = 0, const QString &window = QStringLiteral("frmOSAbre"))
     {
         program_->config(QStringLiteral("LayoutOS"), layout);
         core::ModoChamada = mode;
-        form_ = support::show(QStringLiteral("frmOSAbre"));
+        form_ = support::show(window);
     }
 
     QWidget *at(const QString &name) const { return support::controlOf(form_, name); }

@@ -39,7 +39,6 @@ private slots:
     void init() { prepare(); }
     void cleanup() { finish(); }
 
-    void buttonsOfWindowsThatDoNotExistAreDisabled();
     void theModes_data();
     void theModes();
     void oneOrderIsLoadedDirectly();
@@ -77,15 +76,6 @@ private:
     bool isOffered(const QString &button) const { return control<QWidget>(window_, button)->isEnabled(); }
     QString tip(const QString &button) const { return control<QWidget>(window_, button)->toolTip(); }
 };
-
-void tst_frmOSConsulta_usos::buttonsOfWindowsThatDoNotExistAreDisabled()
-{
-    open();
-    QVERIFY(!ui::Forms::instance().exists(u"frmOSAltera"_s));
-    QVERIFY(!control<QWidget>(window_, u"btnOSAltera"_s)->isEnabled());
-    QVERIFY(!control<QWidget>(window_, u"btnPagtoInfo"_s)->isEnabled());
-    QVERIFY(control<QWidget>(window_, u"btnOSAdd"_s)->isEnabled());
-}
 
 // --- the five uses
 
