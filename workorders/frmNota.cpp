@@ -4,6 +4,7 @@
 
 #include "core/caixacodigo.h"
 #include "core/funcoes.h"
+#include "core/informacoes.h"
 #include "core/janelas.h"
 #include "core/lista.h"
 #include "core/modos.h"
@@ -36,18 +37,18 @@ constexpr std::array colunasDasOrdens{
 
 constexpr std::array colunasDasPecas{
     ColunaLista{u"Código", 800},
-    ColunaLista{u"Descrição", 4000},
-    ColunaLista{u"Class. Fiscal", 1400},
+    ColunaLista{u"Descrição", 2600},
+    ColunaLista{u"Class. Fiscal", 1300},
     ColunaLista{u"Sit. Trib.", 900},
     ColunaLista{u"Unidade", 1100},
-    ColunaLista{.titulo = u"Quantidade", .largura = 1100, .alinhamento = Qt::AlignRight},
-    ColunaLista{.titulo = u"V. Unit.", .largura = 1200, .alinhamento = Qt::AlignRight},
-    ColunaLista{.titulo = u"V. Total", .largura = 1200, .alinhamento = Qt::AlignRight},
-    ColunaLista{.titulo = u"Alíquota ICMS", .largura = 1300, .alinhamento = Qt::AlignRight},
+    ColunaLista{.titulo = u"Quantidade", .largura = 1250, .alinhamento = Qt::AlignRight},
+    ColunaLista{.titulo = u"V. Unit.", .largura = 1100, .alinhamento = Qt::AlignRight},
+    ColunaLista{.titulo = u"V. Total", .largura = 1100, .alinhamento = Qt::AlignRight},
+    ColunaLista{.titulo = u"Alíquota ICMS", .largura = 1400, .alinhamento = Qt::AlignRight},
 };
 
 constexpr std::array colunasDosServicos{
-    ColunaLista{.titulo = u"Quantidade", .largura = 1100, .alinhamento = Qt::AlignRight},
+    ColunaLista{.titulo = u"Quantidade", .largura = 1300, .alinhamento = Qt::AlignRight},
     ColunaLista{u"Unidade", 1100},
     ColunaLista{u"Especificação", 6500},
     ColunaLista{.titulo = u"V. Unit.", .largura = 1200, .alinhamento = Qt::AlignRight},
@@ -166,7 +167,7 @@ void frmNota::btnItemAdd_Click()
 /// Adds the order of the box with its items; why not, where it is refused. A refused order changes nothing.
 QString frmNota::acrescenta()
 {
-    const auto numero = NumeroDaOrdem(ui_->txtOS->text());
+    const auto numero = CodigoDoTexto(ui_->txtOS->text());
     if (numero && adicionada(runtime::Format(*numero, mascaraCodigo))) {
         return u"O.S. Já adicionada"_s;
     }

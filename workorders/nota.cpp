@@ -47,13 +47,6 @@ ItemDaNota itemDe(const LinhaItem &linha)
 
 } // namespace
 
-std::optional<qint32> NumeroDaOrdem(const QString &texto)
-{
-    bool inteiro = false;
-    const int numero = texto.trimmed().toInt(&inteiro);
-    return inteiro ? std::optional<qint32>(numero) : std::nullopt;
-}
-
 std::optional<OrdemDaNota> ProcuraOrdemDaNota(qint32 numero)
 {
     const auto ordem = DBDados->OpenRecordset(

@@ -57,9 +57,6 @@ struct ItensDaNota {
     std::vector<ItemDaNota> servicos;
 };
 
-/// The number of an order in a text; nothing for what is no whole number.
-std::optional<qint32> NumeroDaOrdem(const QString &texto);
-
 std::optional<OrdemDaNota> ProcuraOrdemDaNota(qint32 numero);
 std::optional<ClienteDaNota> ProcuraClienteDaNota(const QString &codigo);
 ItensDaNota LeItensDaNota(qint32 numero);

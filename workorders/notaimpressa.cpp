@@ -132,24 +132,32 @@ void imprimeTitulos(printer::Surface &saida, const Modelo &modelo)
 }
 
 /// A header of very many orders leaves less room: what does not fit goes on a further sheet.
-void viraSeCheia(Folhas &folhas, const Modelo &modelo)
+void viraSeCheia(Folhas &folhas, const Modelo &modelo, int linhas)
 {
-    if (!folhas.cabe()) {
+    if (!folhas.cabe(linhas)) {
         folhas.vira();
         imprimeTitulos(folhas.saida(), modelo);
     }
+}
+
+void imprimeTotal(Folhas &folhas, const Modelo &modelo, const QString &total)
+{
+    viraSeCheia(folhas, modelo, 2);
+    const QString texto = linha(modelo.colunas, {.descricao = modelo.total.toString(), .valorTotal = total});
+    DefineFonte(folhas.saida(), modelo.tamanho, false, true);
+    folhas.saida().Print(QString(texto.size(), u' '));
+    DefineFonte(folhas.saida(), modelo.tamanho, true);
+    folhas.saida().Print(texto);
 }
 
 void imprimeItens(Folhas &folhas, const Modelo &modelo, const NotaImpressa &nota)
 {
     imprimeTitulos(folhas.saida(), modelo);
     for (const ItemDaNota &item : nota.itens) {
-        viraSeCheia(folhas, modelo);
+        viraSeCheia(folhas, modelo, 1);
         folhas.saida().Print(linha(modelo.colunas, item));
     }
-    viraSeCheia(folhas, modelo);
-    DefineFonte(folhas.saida(), modelo.tamanho, true);
-    folhas.saida().Print(linha(modelo.colunas, {.descricao = modelo.total.toString(), .valorTotal = nota.total}));
+    imprimeTotal(folhas, modelo, nota.total);
 }
 
 } // namespace

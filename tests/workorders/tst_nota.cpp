@@ -74,8 +74,6 @@ private slots:
     void init();
     void cleanup() { program_.reset(); }
 
-    void anOrdersNumberIsAWholeNumber_data();
-    void anOrdersNumberIsAWholeNumber();
     void anOrderBringsItsCustomerAndPlate();
     void anOrderWithoutVehicleHasNoPlate();
     void theCustomersDataAreRead();
@@ -115,26 +113,6 @@ void TstNota::init()
 }
 
 // --- what goes on a note
-
-void TstNota::anOrdersNumberIsAWholeNumber_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("number"); // -1 for none
-    QTest::newRow("code") << u"0012"_s << 12;
-    QTest::newRow("blanks") << u" 12 "_s << 12;
-    QTest::newRow("empty") << QString() << -1;
-    QTest::newRow("letters") << u"ABC"_s << -1;
-    QTest::newRow("fraction") << u"1,5"_s << -1;
-    QTest::newRow("exponent") << u"1e3"_s << -1;
-    QTest::newRow("more than a code holds") << u"9999999999"_s << -1;
-    QTest::newRow("apostrophe") << u"1'"_s << -1;
-}
-
-void TstNota::anOrdersNumberIsAWholeNumber()
-{
-    QFETCH(QString, text);
-    QTEST(NumeroDaOrdem(text).value_or(-1), "number");
-}
 
 void TstNota::anOrderBringsItsCustomerAndPlate()
 {
@@ -326,6 +304,7 @@ void TstNota::theNoteOfParts()
         u""_s,
         u"CÓDIGO DESCRIÇÃO                            CLASS. FISCAL        S.T. UNIDADE QUANTIDADE     V. UNIT.     V. TOTAL  ICMS"_s,
         u"0001   AMORTECEDOR DIANTEIRO ESQUERDO PRESS 8708.80.00                UNIDADE         02     1.250,00     2.500,00    18"_s,
+        QString(120, u'_'),
         u"       VALOR TOTAL DAS PEÇAS                                                                              2.500,00"_s,
     };
     QCOMPARE(body.join(u'\n'), expected.join(u'\n'));
@@ -360,6 +339,7 @@ void TstNota::theNoteOfServices()
         u""_s,
         u"QUANTIDADE UNIDADE ESPECIFICAÇÃO                                           V. UNIT.     V. TOTAL"_s,
         u"        01 UNIDADE ALINHAMENTO                                                80,00        80,00"_s,
+        QString(96, u'_'),
         u"                   VALOR TOTAL DOS SERVIÇOS                                                80,00"_s,
     };
     QCOMPARE(lines.mid(1, lines.size() - 3).join(u'\n'), expected.join(u'\n'));
