@@ -71,6 +71,7 @@ constexpr std::array uses{
     Use{"frmOSConsulta", 0, "3"},
     Use{"frmOSConsulta", 9, "3"},
     Use{"frmOSConsulta", 10, "3"},
+    Use{"frmNota"},
     Use{"frmMoviCheques"},
     Use{"frmMoviEstoque"},
     Use{"frmMoviCaixa"},

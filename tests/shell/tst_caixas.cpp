@@ -135,6 +135,8 @@ constexpr std::array rows{
 
     Row{u"frmOSConsulta", u"txtTexto"},
 
+    Row{u"frmNota", u"txtOS"}, // a code that is looked up
+
     Row{u"frmOSFormaPagto", u"txtDesconto", u"Caixa", u"Saida"},
     Row{u"frmOSFormaPagto", u"txtValor_0", u"Caixa", u"Entrada"},
     Row{u"frmOSFormaPagto", u"txtBanco_1", u"Cheques", u"Banco"},

@@ -76,6 +76,7 @@ constexpr State states[] = {
     {"query for the altering window", "frmOSConsulta", 7},
     {"query for the note", "frmOSConsulta", 40},
     {"query of one order", "frmOSConsulta", 10},
+    {"notes", "frmNota"},
     {"payment, cash", "frmOSFormaPagto", 0, "1", "0-0", "tabPagto", 0},
     {"payment, cheque", "frmOSFormaPagto", 0, "1", "0-0", "tabPagto", 1},
     {"payment, payment book", "frmOSFormaPagto", 0, "1", "0-0", "tabPagto", 2},
