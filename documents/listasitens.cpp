@@ -1,7 +1,8 @@
 #include "documents/listasitens.h"
 
+#include "core/config.h"
 #include "core/lista.h"
-#include "documents/documento.h"
+#include "platform/runtime/numbers.h"
 #include "platform/ui/forms.h"
 #include "platform/ui/listview.h"
 
@@ -65,7 +66,7 @@ QStringList textosDe(Aba aba, const LinhaItem &linha)
 
 FormaListas FormaDoLayout()
 {
-    return LayoutDeImpressao() <= 2 ? FormaListas::Compacta : FormaListas::Completa;
+    return runtime::Val(Config(u"LayoutOS"_s)) <= 2 ? FormaListas::Compacta : FormaListas::Completa;
 }
 
 ListasItens::ListasItens(QWidget *parent)

@@ -3,6 +3,7 @@
 #include "ui_frmOSOrcaConsulta.h"
 
 #include "core/banco.h"
+#include "core/informacoes.h"
 #include "core/lista.h"
 #include "core/modos.h"
 #include "core/modulo.h"
@@ -47,12 +48,14 @@ constexpr std::array pesquisas{
     Pesquisa{u"Fone", u"Fone Like '*", Comparacao::Contem},
 };
 
-/// A number that stands in a statement: "1,5" and "1e3" are numbers, but no codes, and would break it.
-bool codigoInteiro(const QString &texto)
+/// The condition of a search; "" where no estimate can have such a code. A text like "1,5" would break the statement.
+QString condicao(const Pesquisa &pesquisa, const QString &texto)
 {
-    bool inteiro = false;
-    texto.toInt(&inteiro);
-    return inteiro;
+    if (pesquisa.comparacao != Comparacao::Igual) {
+        return Condicao(pesquisa, texto);
+    }
+    const auto codigo = CodigoDoTexto(texto);
+    return codigo ? Condicao(pesquisa, QString::number(*codigo)) : QString();
 }
 
 } // namespace
@@ -108,11 +111,11 @@ void frmOSOrcaConsulta::btnPesquisar_Click()
         return;
     }
     const Pesquisa &escolhida = pesquisas.at(static_cast<std::size_t>(ui_->cboPesquisa->currentIndex()));
-    if (escolhida.comparacao == Comparacao::Igual && !codigoInteiro(texto)) {
-        ui_->Lista->clear(); // no estimate has such a code
-        return;
+    if (const QString onde = condicao(escolhida, texto); !onde.isEmpty()) {
+        enche(u"SELECT * FROM Orcamento WHERE "_s + onde);
+    } else {
+        ui_->Lista->clear();
     }
-    enche(u"SELECT * FROM Orcamento WHERE "_s + Condicao(escolhida, texto));
 }
 
 void frmOSOrcaConsulta::btnTodos_Click()

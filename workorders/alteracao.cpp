@@ -46,8 +46,8 @@ std::optional<OrdemLida> LeOrdem(qint32 numero)
     }
     const Value valor = ordem[u"Valor"].Value();
     return OrdemLida{.veiculo = VeiculoDe(ordem),
-                        .cabecalho = cabecalhoDe(ordem),
-                        .valor = Format(IsNull(valor) ? Value(0.0F) : valor, mascaraValor)};
+                     .cabecalho = cabecalhoDe(ordem),
+                     .valor = Format(IsNull(valor) ? Value(0.0F) : valor, mascaraValor)};
 }
 
 bool AlteraOrdem(qint32 numero, const CabecalhoAlterado &cabecalho)

@@ -2,14 +2,11 @@
 
 #include "ui_paginacalculo.h"
 
-#include "core/funcoes.h"
 #include "core/janelas.h"
 #include "documents/listasitens.h"
 #include "platform/ui/form.h"
 #include "platform/ui/listview.h"
 #include "workorders/calculo.h"
-
-#include <array>
 
 namespace workorders
 {
@@ -29,9 +26,6 @@ PaginaCalculo::~PaginaCalculo() = default;
 void PaginaCalculo::liga(ui::Form &janela)
 {
     janela.onClick(ui_->btnCalcular, this, &PaginaCalculo::btnCalcular_Click);
-    for (auto *caixa : findChildren<QLineEdit *>()) {
-        janela.filterKeys(caixa, SoDecimais);
-    }
 }
 
 void PaginaCalculo::monta()
