@@ -1,12 +1,18 @@
-// Opens and closes orders without end on the program folder given as argument, settles what their closing left and
-// recalculates the ledgers, each operation as one unit. Begins with the form of payment that the second argument tells.
-// Tells each finished one on its standard output: "ABERTA code", "FECHADA code form", a word and a code for what was
-// settled, "RECALCULADO ledger" with the code of its newest row. The crash test kills it while it works.
+// Opens and closes orders without end on the program folder given as argument, settles what their closing left,
+// recalculates the ledgers, alters orders item by item, and turns estimates into orders, each operation as one unit.
+// Begins with the form of payment that the second argument tells. Tells each finished one on its standard output:
+// "ABERTA code", "FECHADA code form", a word and a code for what was settled, "RECALCULADO ledger" with the code of its
+// newest row, "ALTERADA code step", "ORCADO estimate", "CONVERTIDA order estimate". The crash test kills it while it
+// works.
+#include "documents/itensgravados.h"
+#include "documents/itensimediatos.h"
+#include "estimates/orcamento.h"
 #include "finance/compensacao.h"
 #include "finance/pagamentoconta.h"
 #include "finance/pendencia.h"
 #include "finance/recebimento.h"
 #include "workorders/abertura.h"
+#include "workorders/alteracao.h"
 #include "workorders/fechamento.h"
 
 #include "core/config.h"
@@ -23,6 +29,7 @@
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
+using namespace documents;
 using namespace workorders;
 
 namespace
@@ -203,6 +210,104 @@ void settle(qint32 order, int form, int turn)
     }
 }
 
+// --- altering and converting
+
+void tellStep(qint32 order, int step)
+{
+    tell(u"ALTERADA %1 %2"_s.arg(order).arg(step));
+}
+
+/// An order that is altered from its opening on: the word of its mechanic tells it from the others.
+qint32 openToAlter()
+{
+    const dao::Unit unit;
+    NovaOrdem order = newOrder();
+    order.mecanico = u"ALTERADA"_s;
+    return AbreOrdem(order);
+}
+
+void changeHeader(qint32 order)
+{
+    const dao::Unit unit;
+    CabecalhoAlterado header = LeOrdem(order)->cabecalho;
+    header.textos.km = u"2500"_s;
+    AlteraOrdem(order, header);
+}
+
+/// An item is added, one changed, the header too, one removed, and every other order deleted: what the altering window
+/// writes, each with the total that it shows then.
+void alter(int turn)
+{
+    const qint32 order = openToAlter();
+    tellStep(order, 0);
+    const auto stored = LeItens(u"SELECT OSPecas.* FROM OSPecas WHERE OSPecas.CodOS = %1"_s.arg(order));
+    {
+        const dao::Unit unit;
+        AcrescentaItem(ordemGravada, order, {u"0000"_s, u"A"_s, u"01"_s, u"COLA"_s, u"25,00"_s, {}}, u"125,00"_s);
+    }
+    tellStep(order, 1);
+    {
+        const dao::Unit unit;
+        AlteraItem(ordemGravada, order, stored.at(0).chave, {u"0001"_s, u"P"_s, u"03"_s, u"FILTRO"_s, u"30,00"_s, {}},
+                   u"155,00"_s);
+    }
+    tellStep(order, 2);
+    changeHeader(order);
+    tellStep(order, 3);
+    {
+        const dao::Unit unit;
+        RemoveItem(ordemGravada, order, stored.at(1).chave, u"125,00"_s);
+    }
+    tellStep(order, 4);
+    if (turn % 2 == 0) {
+        {
+            const dao::Unit unit;
+            ExcluiDocumento(ordemGravada, order);
+        }
+        tellStep(order, 5);
+    }
+}
+
+/// The items of an estimate as they go into the order that is opened with them.
+NovaOrdem orderOf(qint32 estimate)
+{
+    NovaOrdem order = newOrder();
+    order.itens.clear();
+    for (const ItemGravado &item : LeItens(u"SELECT * FROM OrcaPecas WHERE CodOrca = %1"_s.arg(estimate))) {
+        order.itens.push_back(item.linha);
+        order.itens.back().tipo = item.psa;
+    }
+    return order;
+}
+
+void convert()
+{
+    qint32 estimate = 0;
+    {
+        const dao::Unit unit;
+        estimate = estimates::IncluiOrcamento(
+            {.codCliente = u"1"_s, .nome = u"MARIA"_s, .valor = u"100,00"_s, .itens = newOrder().itens});
+    }
+    tell(u"ORCADO %1"_s.arg(estimate));
+    const NovaOrdem order = orderOf(estimate);
+    qint32 code = 0;
+    {
+        const dao::Unit unit;
+        code = AbreOrdem(order);
+    }
+    tell(u"CONVERTIDA %1 %2"_s.arg(code).arg(estimate));
+}
+
+void serve(int turn)
+{
+    const auto code = open();
+    tell(u"ABERTA %1"_s.arg(code));
+    const int form = turn % allForms;
+    close(code, static_cast<FormaPagamento>(form));
+    tell(u"FECHADA %1 %2"_s.arg(code).arg(form));
+    settle(code, form, turn);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -217,11 +322,8 @@ int main(int argc, char **argv)
     tell(u"PRONTO"_s);
 
     for (int turn = QCoreApplication::arguments().value(2).toInt();; ++turn) {
-        const auto code = open();
-        tell(u"ABERTA %1"_s.arg(code));
-        const int form = turn % allForms;
-        close(code, static_cast<FormaPagamento>(form));
-        tell(u"FECHADA %1 %2"_s.arg(code).arg(form));
-        settle(code, form, turn);
+        serve(turn);
+        alter(turn);
+        convert();
     }
 }
