@@ -14,10 +14,14 @@ namespace
 
 constexpr int brancosAntesDoRodape = 3;
 
+double pontaDaFolha(const printer::Surface &saida)
+{
+    return (saida.Height() - 2 * printer::margin) / printer::twipsPerCentimetre;
+}
+
 bool cabe(const printer::Surface &saida, qsizetype linhas)
 {
-    const double pontaDaFolha = (saida.Height() - 2 * printer::margin) / printer::twipsPerCentimetre;
-    return CabeAcima(saida, pontaDaFolha, linhas);
+    return CabeAcima(saida, pontaDaFolha(saida), linhas);
 }
 
 void imprimeTitulo(const QString &titulo, printer::Surface &saida)
@@ -46,6 +50,9 @@ void imprimeItens(const Secao &secao, printer::Surface &saida)
 void imprimeBlocos(const QList<Bloco> &blocos, printer::Surface &saida)
 {
     for (const Bloco &bloco : blocos) {
+        if (!CabeAcima(saida, pontaDaFolha(saida), bloco)) {
+            saida.NewPage();
+        }
         for (const LinhaFinal &linha : bloco) {
             DefineFonte(saida, linha.tamanho);
             saida.Print(linha.texto);

@@ -61,6 +61,7 @@ private slots:
     void linesHaveTheirSize_data();
     void linesHaveTheirSize();
     void aBlockStaysOnOneSheet();
+    void aBlockOfPlainTextStaysOnOneSheet();
     void aBlockLongerThanASheetGoesOn();
     void theThirdLayoutPrintsTheSectionsThatItIsGiven();
     void theLastFootIsLeftOutWhereToldSo();
@@ -143,6 +144,24 @@ void TstDocumento::aBlockStaysOnOneSheet()
             QVERIFY2(holds(last, line), qPrintable(u"%1 rows: %2"_s.arg(rows).arg(line)));
         }
         turned = turned || sheets.document.size() == 2;
+    }
+    QVERIFY(turned);
+}
+
+/// The foot may follow on a sheet of its own.
+void TstDocumento::aBlockOfPlainTextStaysOnOneSheet()
+{
+    bool turned = false;
+    for (int rows = 30; rows <= 60; ++rows) {
+        Sheets sheets;
+        ImprimeDocumento(1, estimate(rows), sheets);
+        const auto sheet = std::ranges::find_if(
+            sheets.document, [](const printer::Page &page) { return holds(page, u"FORMAS DE PAGAMENTO"_s); });
+        QVERIFY(sheet != sheets.document.end());
+        for (const QString &line : conditions) {
+            QVERIFY2(holds(*sheet, line), qPrintable(u"%1 rows: %2"_s.arg(rows).arg(line)));
+        }
+        turned = turned || sheet != sheets.document.begin();
     }
     QVERIFY(turned);
 }
