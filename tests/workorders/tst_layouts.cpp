@@ -12,8 +12,13 @@
 using namespace Qt::StringLiterals;
 using namespace documents;
 using namespace workorders;
+using support::bottom;
+using support::centimetres;
+using support::checkSheet;
+using support::isRule;
 using support::Sheets;
 using support::textsOf;
+using support::top;
 
 namespace
 {
@@ -133,26 +138,6 @@ printer::TextMark textStarting(const printer::Page &page, const QString &beginni
     return {};
 }
 
-double centimetres(double twips)
-{
-    return twips / printer::twipsPerCentimetre;
-}
-
-double top(const printer::TextMark &mark)
-{
-    return centimetres(mark.position.y());
-}
-
-double bottom(const printer::TextMark &mark)
-{
-    return centimetres(mark.position.y() + printer::lineHeight(mark.font));
-}
-
-bool isRule(const printer::TextMark &mark)
-{
-    return mark.font.underline && mark.text.trimmed().isEmpty();
-}
-
 bool isRow(const printer::TextMark &mark)
 {
     return mark.text.endsWith(u"246,90"_s);
@@ -161,27 +146,6 @@ bool isRow(const printer::TextMark &mark)
 bool isHeading(const printer::TextMark &mark)
 {
     return mark.font.size == 12 && mark.font.bold && mark.font.underline && !mark.text.startsWith(u"TOTAL O.S."_s);
-}
-
-/// Everything stands on the paper, above the foot and inside the edges, and no text covers another.
-void checkSheet(const printer::Page &page)
-{
-    const std::vector<printer::TextMark> marks = textsOf(page);
-    const bool foot = std::any_of(marks.begin(), marks.end(), isRule);
-    bool belowRule = false;
-    for (const printer::TextMark &mark : marks) {
-        const double right =
-            mark.position.x() + static_cast<double>(mark.text.size()) * printer::characterWidth(mark.font);
-        QVERIFY2(right <= page.printableSize().width(), qPrintable(mark.text));
-        QVERIFY2(bottom(mark) <= centimetres(page.printableSize().height()), qPrintable(mark.text));
-        belowRule = belowRule || isRule(mark);
-        QVERIFY2(belowRule || !foot || bottom(mark) <= 26.0001, qPrintable(mark.text));
-    }
-    for (std::size_t next = 1; next < marks.size(); ++next) {
-        const bool sameLine = marks.at(next).position.y() == marks.at(next - 1).position.y();
-        QVERIFY2(sameLine || top(marks.at(next)) >= bottom(marks.at(next - 1)) - 0.0001,
-                 qPrintable(marks.at(next).text));
-    }
 }
 
 /// The rules by position of the third layout; gives the rows of the sheet.
