@@ -24,6 +24,7 @@ bool ligado(const QString &chave)
     return ConfigOrcamento(chave) == u"0"_s;
 }
 
+/// What is worked out is a single, whose text has seven digits.
 QString emDinheiro(float valor)
 {
     return Format(valor, mascaraValor);
@@ -31,14 +32,20 @@ QString emDinheiro(float valor)
 
 QString aVista(const QString &valor)
 {
-    const float desconto = ligado(u"P1"_s) ? DescontoMaximo(valor, Config(u"Desconto"_s)) : 0.0F;
-    return u"À VISTA...........: R$ "_s + emDinheiro(CSng(valor) - desconto);
+    const QString rotulo = u"À VISTA...........: R$ "_s;
+    if (!ligado(u"P1"_s)) {
+        return rotulo + Format(valor, mascaraValor);
+    }
+    return rotulo + emDinheiro(CSng(valor) - DescontoMaximo(valor, Config(u"Desconto"_s)));
 }
 
 QString em30Dias(const QString &valor)
 {
-    const QString juros = ligado(u"P3"_s) ? Config(u"Juros"_s) : QString();
-    return u"30 DIAS...........: R$ "_s + emDinheiro(ValorComJuros(valor, 1, juros));
+    const QString rotulo = u"30 DIAS...........: R$ "_s;
+    if (!ligado(u"P3"_s)) {
+        return rotulo + Format(valor, mascaraValor);
+    }
+    return rotulo + emDinheiro(ValorComJuros(valor, 1, Config(u"Juros"_s)));
 }
 
 /// A first payment and so many more.
