@@ -53,6 +53,7 @@ private slots:
 
     void aClickShowsTheEstimate();
     void theItemsStandAsTheyWereWritten();
+    void whatBelongsToADeletedPartStaysAsItWasWritten();
     void anotherEstimateReplacesTheOneShown();
     void whatWasNeverWrittenIsEmpty();
     void anEstimateThatWasDeletedIsShownNoMore();
@@ -266,6 +267,19 @@ void tst_frmOSOrcaConsulta::theItemsStandAsTheyWereWritten()
                                             {u"0003"_s, u"P"_s, u"3,500"_s, u"OLEO"_s, u"20,00"_s, u"70,00"_s}}));
         window_->Unload();
     }
+}
+
+/// Only the unit of its quantity is gone, which then counts in pieces.
+void tst_frmOSOrcaConsulta::whatBelongsToADeletedPartStaysAsItWasWritten()
+{
+    program_->sql(u"UPDATE OrcaPecas SET Quantidade = 4 WHERE Descricao = 'OLEO'"_s);
+    open();
+    show(u"0001"_s);
+    QCOMPARE(rows(u"lstPecas"_s).back(),
+             (QStringList{u"0003"_s, u"P"_s, u"4,000"_s, u"OLEO"_s, u"20,00"_s, u"80,00"_s}));
+    program_->sql(u"DELETE * FROM Pecas"_s);
+    show(u"0001"_s);
+    QCOMPARE(rows(u"lstPecas"_s).back(), (QStringList{u"0003"_s, u"P"_s, u"04"_s, u"OLEO"_s, u"20,00"_s, u"80,00"_s}));
 }
 
 void tst_frmOSOrcaConsulta::anotherEstimateReplacesTheOneShown()
