@@ -67,6 +67,7 @@ constexpr std::array uses{
     Use{"frmOSAbre"},
     Use{"frmOSAbre", 0, "3"},
     Use{"frmOSOrcaNovo"},
+    Use{"frmOSOrcaConsulta"},
     Use{"frmOSConsulta"},
     Use{"frmOSConsulta", 0, "3"},
     Use{"frmOSConsulta", 9, "3"},

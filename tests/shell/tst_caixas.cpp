@@ -134,6 +134,7 @@ constexpr std::array rows{
     Row{u"frmOSOrcaNovo", u"txtValor", u"OrcaPecas", u"ValorUnit"},
 
     Row{u"frmOSConsulta", u"txtTexto"},
+    Row{u"frmOSOrcaConsulta", u"txtTexto"},
 
     Row{u"frmNota", u"txtOS"}, // a code that is looked up
 
