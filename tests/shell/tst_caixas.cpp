@@ -132,6 +132,23 @@ constexpr std::array rows{
     Row{u"frmOSOrcaNovo", u"txtQuantidade", u"OrcaPecas", u"Quantidade"},
     Row{u"frmOSOrcaNovo", u"txtDescricao", u"OrcaPecas", u"Descricao", listLength}, // refused above 200
     Row{u"frmOSOrcaNovo", u"txtValor", u"OrcaPecas", u"ValorUnit"},
+    Row{u"frmOSAltera", u"txtCodOS"}, // a code, and only the one that is found is altered
+    Row{u"frmOSAltera", u"txtDataPg", u"OrdemServico", u"DataPagto"},
+    Row{u"frmOSAltera", u"txtFormaPg", u"OrdemServico", u"FormaPagto"},
+    Row{u"frmOSAltera", u"txtKm", u"OrdemServico", u"KM"},
+    Row{u"frmOSAltera", u"txtObs", u"OrdemServico", u"Observacao"},
+    Row{u"frmOSAltera", u"txtServicos", u"OrdemServico", u"Descricao"},
+    Row{u"frmOSAltera", u"txtMecanico", u"OrdemServico", u"Mecanico"},
+    Row{u"frmOSAltera", u"txtCodPeca"},
+    Row{u"frmOSAltera", u"txtQuantidade", u"OSPecas", u"Quantidade"},
+    Row{u"frmOSAltera", u"txtDescricao", u"OSPecas", u"Descricao", listLength}, // refused above 200
+    Row{u"frmOSAltera", u"txtValor", u"OSPecas", u"ValorUnit"},
+    Row{u"frmOSAltera", u"txtHorasTrabalhadas"}, // the calculator writes nothing
+    Row{u"frmOSAltera", u"txtCustoPecas"},
+    Row{u"frmOSAltera", u"txtPDespesa"},
+    Row{u"frmOSAltera", u"txtPTaxaLucro"},
+    Row{u"frmOSAltera", u"txtPISS"},
+    Row{u"frmOSAltera", u"txtPSimples"},
 
     Row{u"frmOSConsulta", u"txtTexto"},
     Row{u"frmOSOrcaConsulta", u"txtTexto"},
