@@ -3,9 +3,13 @@
 #include "platform/dao/collation.h"
 #include "platform/dao/like.h"
 
+#include <QDate>
+
 #include <sqlite3.h>
 
 #include <stdexcept>
+
+using namespace Qt::StringLiterals;
 
 namespace medidas
 {
@@ -146,6 +150,17 @@ QString Instrucao::text(int column) const
     const auto *bytes = sqlite3_column_text(statement_.get(), column);
     return QString::fromUtf8(static_cast<const char *>(static_cast<const void *>(bytes)),
                              sqlite3_column_bytes(statement_.get(), column));
+}
+
+QString codeOf(const Instrucao &row, int column)
+{
+    return u"%1"_s.arg(row.integer(column), 4, 10, QChar(u'0'));
+}
+
+QString dateOf(const Instrucao &row, int column)
+{
+    static const QDate dayZero(1899, 12, 30);
+    return row.null(column) ? QString() : dayZero.addDays(row.integer(column)).toString(u"dd/MM/yyyy"_s);
 }
 
 } // namespace medidas

@@ -51,4 +51,8 @@ private:
     std::unique_ptr<sqlite3_stmt, Finalizer> statement_;
 };
 
+/// What a list shows of a column: a code of four digits, a date, "" for none.
+QString codeOf(const Instrucao &row, int column);
+QString dateOf(const Instrucao &row, int column);
+
 } // namespace medidas

@@ -1,4 +1,5 @@
 #include "bench/banco_cru.h"
+#include "bench/janela.h"
 #include "bench/oficina.h"
 #include "bench/relator.h"
 
@@ -6,16 +7,13 @@
 #include "core/modulo.h"
 #include "core/razao.h"
 #include "platform/dao/unit.h"
-#include "platform/ui/form.h"
 #include "platform/ui/forms.h"
-#include "platform/ui/listview.h"
 #include "platform/ui/textorder.h"
 #include "registers/pecas.h"
 #include "tools/amostra/amostra.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPixmap>
@@ -56,17 +54,6 @@ ui::Form *openRegister(const QString &fill)
     return showRegister(fill);
 }
 
-ui::ListView *listOf(const ui::Form *form)
-{
-    return form->findChild<ui::ListView *>(u"Lista"_s);
-}
-
-void close(ui::Form *form)
-{
-    form->Unload();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
-
 // --- opening
 
 void openFullRegister(benchmark::State &state)
@@ -86,7 +73,7 @@ void openFullRegister(benchmark::State &state)
 QStringList textsOf(const Instrucao &row)
 {
     constexpr int columns = 11;
-    QStringList texts{u"%1"_s.arg(row.integer(0), 4, 10, QChar(u'0'))};
+    QStringList texts{codeOf(row, 0)};
     for (int column = 1; column < columns; ++column) {
         texts.append(row.text(column));
     }

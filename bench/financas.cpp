@@ -1,4 +1,5 @@
 #include "bench/banco_cru.h"
+#include "bench/janela.h"
 #include "bench/oficina.h"
 #include "bench/relator.h"
 
@@ -7,12 +8,9 @@
 #include "platform/dao/unit.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/controls.h"
-#include "platform/ui/form.h"
 #include "platform/ui/forms.h"
-#include "platform/ui/listview.h"
 
 #include <QAbstractButton>
-#include <QCoreApplication>
 #include <QLineEdit>
 #include <QLocale>
 #include <QPixmap>
@@ -103,11 +101,6 @@ void press(const ui::Form *form, const QString &button)
     form->findChild<QAbstractButton *>(button)->click();
 }
 
-ui::ListView *listOf(const ui::Form *form, const QString &name)
-{
-    return form->findChild<ui::ListView *>(name);
-}
-
 /// A window on a period of its own, not filled yet.
 ui::Form *open(const QString &window, int from, int to)
 {
@@ -118,12 +111,6 @@ ui::Form *open(const QString &window, int from, int to)
         form->findChild<ui::DTPicker *>(picker)->setDate(runtime::toDateTime(runtime::Date{double(day)}).date());
     }
     return form;
-}
-
-void close(ui::Form *form)
-{
-    form->Unload();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 /// Fills the list of the later half and paints it.
@@ -162,21 +149,10 @@ void changeARow(benchmark::State &state)
 
 // --- the bare library
 
-QString date(const Instrucao &row, int column)
-{
-    static const QDate dayZero(1899, 12, 30);
-    return row.null(column) ? QString() : dayZero.addDays(row.integer(column)).toString(u"dd/MM/yyyy"_s);
-}
-
 QString money(const Instrucao &row, int column)
 {
     static const QLocale brazil(QLocale::Portuguese, QLocale::Brazil);
     return row.null(column) ? u" "_s : brazil.toString(row.number(column), 'f', 2);
-}
-
-QString code(const Instrucao &row, int column)
-{
-    return u"%1"_s.arg(row.integer(column), 4, 10, QChar(u'0'));
 }
 
 void bindPeriod(Instrucao &select)
@@ -194,8 +170,8 @@ void readMovementsBare(benchmark::State &state)
         bindPeriod(row);
         std::vector<QStringList> rows;
         while (row.step()) {
-            rows.push_back(
-                {code(row, 0), date(row, 1), row.text(2), money(row, 3), money(row, 4), money(row, 5), row.text(6)});
+            rows.push_back({codeOf(row, 0), dateOf(row, 1), row.text(2), money(row, 3), money(row, 4), money(row, 5),
+                            row.text(6)});
         }
         benchmark::DoNotOptimize(rows.data());
     }
@@ -232,8 +208,8 @@ void readAccountsBare(benchmark::State &state)
             const bool isPaid = row.integer(5) != 0;
             all += value;
             (isPaid ? paid : open) += value;
-            rows.push_back({code(row, 0), date(row, 1), row.text(2), money(row, 3), date(row, 4),
-                            isPaid ? u"Sim"_s : u"Não"_s, date(row, 6)});
+            rows.push_back({codeOf(row, 0), dateOf(row, 1), row.text(2), money(row, 3), dateOf(row, 4),
+                            isPaid ? u"Sim"_s : u"Não"_s, dateOf(row, 6)});
         }
         benchmark::DoNotOptimize(rows.data());
         benchmark::DoNotOptimize(all + paid + open);

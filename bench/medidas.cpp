@@ -77,6 +77,7 @@ int measureAll(int argc, char **argv)
     medidas::medeBanco();
     medidas::medeLista();
     medidas::medeOrdens();
+    medidas::medeOrcamentos();
     medidas::medeCadastros();
     medidas::medeFinancas();
     medidas::medePrevia();

@@ -39,6 +39,7 @@ constexpr int linhasPequenas = 200;
 
 void medeBanco();
 void medeOrdens();
+void medeOrcamentos();
 void medeLista();
 void medeCadastros();
 void medeFinancas();
