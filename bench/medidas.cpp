@@ -78,6 +78,7 @@ int measureAll(int argc, char **argv)
     medidas::medeLista();
     medidas::medeOrdens();
     medidas::medeOrcamentos();
+    medidas::medeAlteracao();
     medidas::medeCadastros();
     medidas::medeFinancas();
     medidas::medePrevia();

@@ -40,6 +40,7 @@ constexpr int linhasPequenas = 200;
 void medeBanco();
 void medeOrdens();
 void medeOrcamentos();
+void medeAlteracao();
 void medeLista();
 void medeCadastros();
 void medeFinancas();
