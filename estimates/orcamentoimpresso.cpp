@@ -33,6 +33,12 @@ Cabecalho cabecalho(const Orcamento &orcamento)
     };
 }
 
+/// A value that was never written counts as 0.
+QString valor(const Orcamento &orcamento)
+{
+    return orcamento.valor.isEmpty() ? u"0,00"_s : orcamento.valor;
+}
+
 } // namespace
 
 void ImprimeOrcamento(int layout, const Orcamento &orcamento, printer::Surface &saida)
@@ -41,7 +47,7 @@ void ImprimeOrcamento(int layout, const Orcamento &orcamento, printer::Surface &
         .titulo = titulo(orcamento),
         .cabecalho = cabecalho(orcamento),
         .secoes = {{.linhas = orcamento.itens, .rotuloTotal = u" VALOR TOTAL.....:"_s, .total = orcamento.valor}},
-        .blocos = {BlocoDaObservacao(orcamento.observacoes), CondicoesDePagamento(orcamento.valor)}};
+        .blocos = {BlocoDaObservacao(orcamento.observacoes), CondicoesDePagamento(valor(orcamento))}};
     ImprimeDocumento(layout == emSecoes ? comFolhas : layout, documento, saida);
 }
 

@@ -36,14 +36,14 @@ constexpr std::array colunasDasOrdens{
 };
 
 constexpr std::array colunasDasPecas{
-    ColunaLista{u"Código", 800},
+    ColunaLista{u"Código", 750},
     ColunaLista{u"Descrição", 2600},
     ColunaLista{u"Class. Fiscal", 1300},
-    ColunaLista{u"Sit. Trib.", 900},
-    ColunaLista{u"Unidade", 1100},
+    ColunaLista{u"Sit. Trib.", 850},
+    ColunaLista{u"Unidade", 1000},
     ColunaLista{.titulo = u"Quantidade", .largura = 1250, .alinhamento = Qt::AlignRight},
-    ColunaLista{.titulo = u"V. Unit.", .largura = 1100, .alinhamento = Qt::AlignRight},
-    ColunaLista{.titulo = u"V. Total", .largura = 1100, .alinhamento = Qt::AlignRight},
+    ColunaLista{.titulo = u"V. Unit.", .largura = 1250, .alinhamento = Qt::AlignRight},
+    ColunaLista{.titulo = u"V. Total", .largura = 1250, .alinhamento = Qt::AlignRight},
     ColunaLista{.titulo = u"Alíquota ICMS", .largura = 1400, .alinhamento = Qt::AlignRight},
 };
 

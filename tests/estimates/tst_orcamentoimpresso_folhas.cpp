@@ -24,6 +24,7 @@ private slots:
     void theTitleTellsTheNumberWhereThereIsOne_data();
     void theTitleTellsTheNumberWhereThereIsOne();
     void whatIsUnknownIsLeftEmpty();
+    void aValueNeverWrittenCountsAsNothing();
     void theObservation_data() { layouts(); }
     void theObservation();
     void rowsBySheet_data();
@@ -72,6 +73,12 @@ void tst_orcamentoimpresso_folhas::whatIsUnknownIsLeftEmpty()
 }
 
 /// Between the total and the conditions, over as many lines as it needs: eleven words of seven letters a line.
+void tst_orcamentoimpresso_folhas::aValueNeverWrittenCountsAsNothing()
+{
+    apply({.yes = {true, true, true, true, true}, .percent = 3});
+    compare(paymentOf(printed(1, estimate({}))), conditions(0, {.yes = {true, true, true, true, true}, .percent = 3}));
+}
+
 void tst_orcamentoimpresso_folhas::theObservation()
 {
     QFETCH(int, layout);
