@@ -51,7 +51,7 @@ void pede(const QString &pergunta, QString &valor, Aceita aceita)
 
 QString seNumero(const QString &resposta)
 {
-    return IsNumeric(resposta) ? resposta : QString();
+    return ServeDeValor(resposta) ? resposta : QString();
 }
 
 /// What no item may hold is no answer: it would end the program where it is written.
@@ -71,10 +71,18 @@ QString seTipo(const QString &resposta)
     return tipo == u"P" || tipo == u"S" || tipo == u"A" ? tipo : QString();
 }
 
-/// Format of a number text by `mascara`, nothing for what is no number.
-auto numeroComo(QStringView mascara)
+QString seValor(const QString &resposta)
 {
-    return [mascara](const QString &resposta) { return IsNumeric(resposta) ? Format(resposta, mascara) : QString(); };
+    return ServeDeValor(resposta) ? Format(resposta, mascaraValor) : QString();
+}
+
+bool confereNumero(QLineEdit *caixa, const QString &mensagem)
+{
+    if (ServeDeValor(caixa->text())) {
+        return true;
+    }
+    Recusa(mensagem, caixa);
+    return false;
 }
 
 } // namespace
@@ -158,8 +166,8 @@ void EntradaItem::txtValor_LostFocus()
 
 bool EntradaItem::confere() const
 {
-    if (!ValidaCampo(c_.txtQuantidade, u"Quantidade Inválida"_s, TipoCampo::Numerico) ||
-        !ValidaCampo(c_.txtValor, u"Valor Unitário Inválido"_s, TipoCampo::Numerico)) {
+    if (!confereNumero(c_.txtQuantidade, u"Quantidade Inválida"_s) ||
+        !confereNumero(c_.txtValor, u"Valor Unitário Inválido"_s)) {
         return false;
     }
     const QString descricao = c_.txtDescricao->currentText();
@@ -210,7 +218,7 @@ LinhaItem PedeLinha(LinhaItem linha)
     pede(u"Tipo:\nP - Peça\nS - Serviços\nA - Avulso"_s, linha.tipo, seTipo);
     pede(u"Quantidade"_s, linha.quantidade, seNumero);
     pede(u"Descrição"_s, linha.descricao, seDescricao);
-    pede(u"Valor Unitário"_s, linha.valorUnit, numeroComo(mascaraValor));
+    pede(u"Valor Unitário"_s, linha.valorUnit, seValor);
     linha.valorTotal = ValorDaLinha(linha.quantidade, linha.valorUnit);
     return linha;
 }

@@ -3,6 +3,8 @@
 #include "core/funcoes.h"
 #include "platform/runtime/runtime.h"
 
+#include <cmath>
+
 namespace documents
 {
 
@@ -12,6 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+
+constexpr double maiorValor = 1e15; // the digits that a number is shown with
 
 /// The subtotal that a charged row counts in; a type without one counts in the total alone.
 QString *subtotal(Totais &totais, Aba aba, const QString &tipo, bool compacto)
@@ -30,6 +34,11 @@ QString *subtotal(Totais &totais, Aba aba, const QString &tipo, bool compacto)
 }
 
 } // namespace
+
+bool ServeDeValor(const QString &texto)
+{
+    return IsNumeric(texto) && std::abs(CDbl(texto)) <= maiorValor;
+}
 
 QString ValorDaLinha(const QString &quantidade, const QString &valorUnit)
 {

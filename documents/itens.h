@@ -25,6 +25,10 @@ struct LinhaItem {
 /// The rows of the four lists, by their tab.
 using ItensPorAba = std::array<std::vector<LinhaItem>, abas.size()>;
 
+/// Whether a text is a number that a quantity or an amount can be. A longer one is a number too, and would end the
+/// program where it is written or multiplied.
+bool ServeDeValor(const QString &texto);
+
 /// Format(quantity x unit value, "###,##0.00"), the product in double precision. Error 13 for what is no number.
 QString ValorDaLinha(const QString &quantidade, const QString &valorUnit);
 

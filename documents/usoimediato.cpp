@@ -3,6 +3,8 @@
 #include "core/modulo.h"
 #include "platform/ui/boxes.h"
 
+#include <utility>
+
 namespace documents
 {
 
@@ -16,7 +18,7 @@ namespace
 class Escrita
 {
 public:
-    Escrita(PainelItens &painel, const UsoImediato &uso) : painel_(&painel), uso_(uso) {}
+    Escrita(PainelItens &painel, UsoImediato uso) : painel_(&painel), uso_(std::move(uso)) {}
 
     void acrescenta(const PosicaoItem &posicao) const
     {

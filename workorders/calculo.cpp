@@ -50,11 +50,16 @@ QString parte(const QString &total, const QString &taxa)
 
 } // namespace
 
+bool ServeDeTaxa(const QString &texto)
+{
+    return ServeDeValor(texto) && CDbl(texto) >= 0;
+}
+
 Calculo Calcula(const DadosDoCalculo &dados, const std::vector<LinhaItem> &lista)
 {
     Calculo c;
     c.totalMO = produto(dados.horas, dados.valorHora);
-    c.custoPecas = IsNumeric(dados.custoPecas) ? dados.custoPecas : custoDasPecas(lista);
+    c.custoPecas = ServeDeValor(dados.custoPecas) ? dados.custoPecas : custoDasPecas(lista);
     c.custoTotal = soma(c.custoPecas, CSng(c.totalMO));
     c.despesas = parte(c.custoTotal, dados.despesas);
     c.custoTotal = soma(c.custoTotal, CSng(c.despesas));

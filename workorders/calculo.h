@@ -27,6 +27,9 @@ struct Calculo {
     QString custoTotal;
 };
 
+/// Whether a text is a rate that can be taken of a value; one below zero has no digits to act by.
+bool ServeDeTaxa(const QString &texto);
+
 /// Works the price of a job out. Each percentage is taken on the running total; every step is a text again, its sums in
 /// single precision, its products in double. The rates, the hours and their value have to be numbers.
 Calculo Calcula(const DadosDoCalculo &dados, const std::vector<documents::LinhaItem> &lista);

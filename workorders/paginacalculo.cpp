@@ -63,13 +63,18 @@ void PaginaCalculo::btnCalcular_Click()
 
 bool PaginaCalculo::confere()
 {
-    const auto numero = [](QLineEdit *caixa, const QString &mensagem) {
-        return ValidaCampo(caixa, mensagem, TipoCampo::Numerico);
+    const auto confereCaixa = [](QLineEdit *caixa, bool (*serve)(const QString &texto), const QString &mensagem) {
+        if (serve(caixa->text())) {
+            return true;
+        }
+        Recusa(mensagem, caixa);
+        return false;
     };
-    return numero(ui_->txtPDespesa, u"Taxa de Despesas Administrativas Inválida"_s) &&
-           numero(ui_->txtPTaxaLucro, u"Taxa de Lucro Inválida"_s) && numero(ui_->txtPISS, u"Taxa de ISS Inválida"_s) &&
-           numero(ui_->txtPSimples, u"Taxa de Simples Inválida"_s) &&
-           numero(ui_->txtHorasTrabalhadas, u"Horas Trabalhadas Inválida"_s);
+    return confereCaixa(ui_->txtPDespesa, ServeDeTaxa, u"Taxa de Despesas Administrativas Inválida"_s) &&
+           confereCaixa(ui_->txtPTaxaLucro, ServeDeTaxa, u"Taxa de Lucro Inválida"_s) &&
+           confereCaixa(ui_->txtPISS, ServeDeTaxa, u"Taxa de ISS Inválida"_s) &&
+           confereCaixa(ui_->txtPSimples, ServeDeTaxa, u"Taxa de Simples Inválida"_s) &&
+           confereCaixa(ui_->txtHorasTrabalhadas, ServeDeValor, u"Horas Trabalhadas Inválida"_s);
 }
 
 } // namespace workorders

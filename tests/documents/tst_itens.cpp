@@ -326,6 +326,8 @@ void TstItens::refusesAnItem_data()
     QTest::newRow("bad quantity") << u"1,,2"_s << u"1,00"_s << u"X"_s << quantity << u"txtQuantidade"_s;
     QTest::newRow("no value") << u"01"_s << QString() << u"X"_s << value << u"txtValor"_s;
     QTest::newRow("bad value") << u"01"_s << u",,"_s << u"X"_s << value << u"txtValor"_s;
+    QTest::newRow("more than a quantity") << QString(60, u'9') << u"1,00"_s << u"X"_s << quantity << u"txtQuantidade"_s;
+    QTest::newRow("more than a value") << u"01"_s << QString(60, u'9') << u"X"_s << value << u"txtValor"_s;
     QTest::newRow("no description") << u"01"_s << u"1,00"_s << QString() << description << u"txtDescricao"_s;
     QTest::newRow("201 characters") << u"01"_s << u"1,00"_s << QString(201, u'X') << description << u"txtDescricao"_s;
     QTest::newRow("quantity first") << QString() << QString() << QString() << quantity << u"txtQuantidade"_s;
@@ -624,7 +626,7 @@ void TstItens::anUnusableAnswerKeepsTheColumn_data()
     QTest::newRow("empty") << QStringList(5, QString());
     QTest::newRow("unusable") << QStringList{u"ABC"_s, u"X"_s, u"DOIS"_s, QString(), u"1,,0"_s};
     QTest::newRow("more than an item holds")
-        << QStringList{u"9999999999"_s, QString(), QString(), QString(201, u'A'), QString()};
+        << QStringList{u"9999999999"_s, QString(), u"1e60"_s, QString(201, u'A'), u"1e60"_s};
     QTest::newRow("two letters of type") << QStringList{QString(), u"PS"_s, QString(), QString(), QString()};
 }
 

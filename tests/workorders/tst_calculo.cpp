@@ -154,6 +154,7 @@ void TstCalculo::partsCountByTheirCost_data()
     QTest::addColumn<QString>("written");
     QTest::newRow("empty") << QString();
     QTest::newRow("no number") << u",,"_s;
+    QTest::newRow("more than an amount") << u"1e60"_s;
 }
 
 void TstCalculo::partsCountByTheirCost()

@@ -53,6 +53,8 @@ private slots:
     void theCalculatorPricesTheOrder();
     void theCalculatorRefuses_data();
     void theCalculatorRefuses();
+    void theCalculatorRefusesWhatItCannotTake_data();
+    void theCalculatorRefusesWhatItCannotTake();
     void theCalculatorWritesNothing();
     void itemsHaveNoPlaceInTheCalculator();
 
@@ -365,6 +367,30 @@ void TstFrmOSAlteraItens::theCalculatorRefuses()
     goTo(4);
     for (const QString &unusable : {QString(), u"1,,5"_s}) {
         type(form_, field, unusable);
+        boxes_->title(u"Tarvelo"_s).exclamation(message);
+        click(form_, u"btnCalcular"_s);
+        QTRY_VERIFY(at(field)->hasFocus());
+        QCOMPARE(shown(u"lblTotalMO"_s), u"0,00"_s);
+    }
+}
+
+void TstFrmOSAlteraItens::theCalculatorRefusesWhatItCannotTake_data()
+{
+    theCalculatorRefuses_data();
+}
+
+void TstFrmOSAlteraItens::theCalculatorRefusesWhatItCannotTake()
+{
+    QFETCH(QString, field);
+    QFETCH(QString, message);
+    openOrder();
+    goTo(4);
+    QStringList tooMuch{u"ABC"_s, u"1e60"_s};
+    if (field != u"txtHorasTrabalhadas") {
+        tooMuch << u"-5"_s;
+    }
+    for (const QString &text : tooMuch) {
+        control<QLineEdit>(form_, field)->setText(text);
         boxes_->title(u"Tarvelo"_s).exclamation(message);
         click(form_, u"btnCalcular"_s);
         QTRY_VERIFY(at(field)->hasFocus());
