@@ -74,7 +74,7 @@ ClienteOS LeCliente(qint32 codigo)
     auto cliente = DBDados->OpenRecordset(u"SELECT Nome, Fone1, Celular FROM Clientes WHERE Codigo = "_s +
                                           QString::number(codigo));
     if (cliente.Eof()) {
-        return {.codigo = QString::number(codigo), .nome = {}, .fone1 = {}, .celular = {}};
+        return {};
     }
     return {.codigo = QString::number(codigo),
             .nome = NuloParaVazio(cliente[u"Nome"].Value()),

@@ -38,7 +38,7 @@ struct ClienteOS {
     QString celular;
 };
 
-/// The customer of a code; a code alone where he does not exist.
+/// The customer of a code; empty where he does not exist.
 ClienteOS LeCliente(qint32 codigo);
 
 /// Gives the order to another customer, who need not exist. False where the order is gone.

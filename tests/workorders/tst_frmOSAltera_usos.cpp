@@ -212,8 +212,11 @@ void TstFrmOSAlteraUsos::aCustomerWhoDoesNotExistIsStored()
     boxes_->input(newCustomer, u"77"_s);
     doubleClickName();
     QCOMPARE(stored(u"CodCliente"_s), u"77"_s);
-    QCOMPARE(shown(u"lblNome"_s), QString());
-    QCOMPARE(shown(u"lblFone1"_s), QString());
+    for (const QString &name : {u"lblCodCliente"_s, u"lblNome"_s, u"lblFone1"_s, u"lblCelular"_s}) {
+        QCOMPARE(shown(name), QString());
+    }
+    QVERIFY(!isOffered(u"btnInfoCliente"_s));
+    QCOMPARE(shown(u"lblMarca"_s), u"GOL 1.6"_s);
     boxes_->exclamation(notFound);
     type(form_, u"txtCodOS"_s, u"2"_s);
 }
