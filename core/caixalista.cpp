@@ -1,6 +1,7 @@
 #include "core/caixalista.h"
 
 #include "core/janelas.h"
+#include "core/textolongo.h"
 #include "platform/ui/form.h"
 
 #include <QAbstractButton>
@@ -30,7 +31,7 @@ void CaixaDeLista::carrega()
 void CaixaDeLista::escreve(const QString &texto)
 {
     escrevendo_ = true;
-    combo_->setEditText(texto);
+    EscreveTexto(combo_, texto);
     escrevendo_ = false;
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/limites.h"
 #include "core/modulo.h"
+#include "core/textolongo.h"
 #include "platform/dao/database.h"
 #include "platform/ui/controls.h"
 #include "platform/ui/form.h"
@@ -46,14 +47,6 @@ void poeOpcao(QRadioButton &opcao, bool ligada)
         if (irma != &opcao) {
             irma->setChecked(true);
         }
-    }
-}
-
-/// A text that is longer than its box shows its beginning.
-void mostraInicio(QWidget *alvo)
-{
-    if (auto *caixa = qobject_cast<QLineEdit *>(alvo)) {
-        caixa->setCursorPosition(0);
     }
 }
 
@@ -277,8 +270,7 @@ void Campos::poeTexto(QStringView nome, const QString &texto)
     } else if (auto *lista = qobject_cast<QComboBox *>(alvo); semDigitar(lista)) {
         lista->setCurrentIndex(texto.toInt());
     } else {
-        ui::setTextOf(alvo, texto);
-        mostraInicio(alvo);
+        EscreveTexto(alvo, texto);
     }
 }
 

@@ -11,6 +11,7 @@
 #include "core/limites.h"
 #include "core/modos.h"
 #include "core/modulo.h"
+#include "core/textolongo.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/boxes.h"
@@ -115,7 +116,7 @@ bool CabecalhoOrcamento::mostraCliente(qint32 codigo)
         return false;
     }
     ui_->txtCodCliente->setText(Format(cliente.value(u"Codigo"), mascaraCodigo));
-    ui_->txtNome->setText(NuloParaVazio(cliente.value(u"Nome")));
+    EscreveTexto(ui_->txtNome, NuloParaVazio(cliente.value(u"Nome")));
     ui_->txtFone1->setText(NuloParaVazio(cliente.value(u"Fone1")));
     return true;
 }
@@ -135,9 +136,9 @@ void CabecalhoOrcamento::mostra(const Orcamento &orcamento)
     marca_->escreve(orcamento.marca);
     ano_->escreve(orcamento.ano);
     ui_->txtCodCliente->setText(orcamento.codCliente);
-    ui_->txtNome->setText(orcamento.nome);
+    EscreveTexto(ui_->txtNome, orcamento.nome);
     ui_->txtFone1->setText(orcamento.fone);
-    ui_->txtObs->setText(orcamento.observacoes);
+    EscreveTexto(ui_->txtObs, orcamento.observacoes);
 }
 
 bool CabecalhoOrcamento::confereMarca(const QString &mensagem) const

@@ -5,6 +5,7 @@
 #include "core/caixalista.h"
 #include "core/informacoes.h"
 #include "core/limites.h"
+#include "core/textolongo.h"
 #include "platform/ui/form.h"
 #include "platform/ui/reasons.h"
 
@@ -76,7 +77,7 @@ void CabecalhoOS::mostraCliente(const ClienteOS &cliente)
 void CabecalhoOS::mostraTextos(const TextosOS &textos)
 {
     ui_->txtKm->setText(textos.km);
-    ui_->txtObs->setText(textos.observacao);
+    EscreveTexto(ui_->txtObs, textos.observacao);
     ui_->txtServicos->setPlainText(textos.servicos);
     mecanico_->escreve(textos.mecanico);
 }

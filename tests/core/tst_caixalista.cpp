@@ -72,6 +72,7 @@ private slots:
     void loadsTheEntriesOfItsOwnList();
     void completesWhatIsTyped();
     void showsAsItIsWhatTheProgramWrites();
+    void aWrittenTextShowsItsBeginning();
     void aLetterTakenFromAWrittenTextStaysAway();
     void itsButtonsKeepTheList();
     void itsButtonsNeedAText();
@@ -123,6 +124,12 @@ void TstCaixaLista::showsAsItIsWhatTheProgramWrites()
     form_->box->escreve(u"BRA"_s);
     QCoreApplication::processEvents();
     QCOMPARE(text(form_, u"txtBanco"_s), u"BRA"_s);
+}
+
+void TstCaixaLista::aWrittenTextShowsItsBeginning()
+{
+    form_->box->escreve(QString(100, u'W'));
+    QCOMPARE(control<QComboBox>(form_, u"txtBanco"_s)->lineEdit()->cursorPosition(), 0);
 }
 
 void TstCaixaLista::aLetterTakenFromAWrittenTextStaysAway()

@@ -3,6 +3,7 @@
 #include "platform/runtime/runtime.h"
 #include "support/otherprogram.h"
 
+#include <QComboBox>
 #include <QLineEdit>
 
 using namespace Qt::StringLiterals;
@@ -38,6 +39,7 @@ private slots:
 
     void showsTheEstimate_data();
     void showsTheEstimate();
+    void aLongTextShowsItsBeginning();
     void showsTheStoredTotal();
     void showsNullsAsEmpty();
     void anEmptyCodeAsksNothing();
@@ -140,6 +142,18 @@ void TstFrmOSOrcaAltera::showsTheEstimate()
                                             {u"0000"_s, u"A"_s, u"01"_s, u"SOLDA"_s, u"15,50"_s, u"15,50"_s}}));
     QVERIFY(!itemsLocked());
     QCOMPARE(cadastro::focusOf(form_), u"txtCodCliente"_s);
+}
+
+void TstFrmOSOrcaAltera::aLongTextShowsItsBeginning()
+{
+    program_->sql(
+        u"UPDATE Orcamento SET Observacoes = '%1', NomeCliente = '%1', MarcaModelo = '%1' WHERE Codigo = 2"_s.arg(
+            QString(150, u'W')));
+    openLoaded();
+    for (const QString &field : {u"txtObs"_s, u"txtNome"_s}) {
+        QCOMPARE(control<QLineEdit>(form_, field)->cursorPosition(), 0);
+    }
+    QCOMPARE(control<QComboBox>(form_, u"cboMarca"_s)->lineEdit()->cursorPosition(), 0);
 }
 
 /// What the items add up to is another thing until one of them changes.
