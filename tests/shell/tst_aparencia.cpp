@@ -70,6 +70,7 @@ constexpr std::array uses{
     Use{"frmOSOrcaConsulta"},
     Use{"frmOSAltera"},
     Use{"frmOSAltera", 0, "3"},
+    Use{"frmOSOrcaAltera"},
     Use{"frmOSConsulta"},
     Use{"frmOSConsulta", 0, "3"},
     Use{"frmOSConsulta", 9, "3"},

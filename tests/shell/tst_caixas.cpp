@@ -150,6 +150,18 @@ constexpr std::array rows{
     Row{u"frmOSAltera", u"txtPISS"},
     Row{u"frmOSAltera", u"txtPSimples"},
 
+    Row{u"frmOSOrcaAltera", u"txtCodOrcamento"}, // looked up, never written
+    Row{u"frmOSOrcaAltera", u"txtCodCliente", u"Orcamento", u"CodCliente"},
+    Row{u"frmOSOrcaAltera", u"txtNome", u"Orcamento", u"NomeCliente"},
+    Row{u"frmOSOrcaAltera", u"txtFone1", u"Orcamento", u"Fone"},
+    Row{u"frmOSOrcaAltera", u"cboMarca", u"Orcamento", u"MarcaModelo"},
+    Row{u"frmOSOrcaAltera", u"cboAno", u"Orcamento", u"Ano"},
+    Row{u"frmOSOrcaAltera", u"txtObs", u"Orcamento", u"Observacoes"},
+    Row{u"frmOSOrcaAltera", u"txtCodPeca"}, // a code or an external code, and only the code found is written
+    Row{u"frmOSOrcaAltera", u"txtQuantidade", u"OrcaPecas", u"Quantidade"},
+    Row{u"frmOSOrcaAltera", u"txtDescricao", u"OrcaPecas", u"Descricao", listLength}, // refused above 200
+    Row{u"frmOSOrcaAltera", u"txtValor", u"OrcaPecas", u"ValorUnit"},
+
     Row{u"frmOSConsulta", u"txtTexto"},
     Row{u"frmOSOrcaConsulta", u"txtTexto"},
 

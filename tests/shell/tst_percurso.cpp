@@ -62,6 +62,7 @@ constexpr State states[] = {
     {"estimate, job values", "frmOSOrcaNovo", 0, "1", "1-1"},
     {"query of estimates", "frmOSOrcaConsulta"},
     {"query of estimates, picking", "frmOSOrcaConsulta", 14, "2"},
+    {"estimate altered", "frmOSOrcaAltera"},
     {"order, compact", "frmOSAbre"},
     {"order, compact, material", "frmOSAbre", 0, "1", "0-0", "tabItems", 3},
     {"order, job values", "frmOSAbre", 0, "1", "1-1"},
