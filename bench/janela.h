@@ -14,11 +14,12 @@ inline ui::ListView *listOf(const ui::Form *form, const QString &name = QStringL
     return form->findChild<ui::ListView *>(name);
 }
 
-/// Closes a window and has it deleted at once: nothing of it goes into the next turn.
+/// Closes a window and has it deleted at once. What it has left to be done would delay the next turn.
 inline void close(ui::Form *form)
 {
     form->Unload();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
 }
 
 } // namespace medidas

@@ -1,3 +1,4 @@
+#include "bench/janela.h"
 #include "bench/oficina.h"
 #include "bench/relator.h"
 
@@ -6,12 +7,9 @@
 #include "core/razao.h"
 #include "platform/dao/unit.h"
 #include "platform/runtime/runtime.h"
-#include "platform/ui/form.h"
 #include "platform/ui/forms.h"
-#include "platform/ui/listview.h"
 
 #include <QAbstractButton>
-#include <QCoreApplication>
 #include <QPixmap>
 
 #include <cstdio>
@@ -49,7 +47,7 @@ ui::Form *openReport(int rows)
 {
     core::ModoChamada = core::modoRelaCaixa;
     auto *form = ui::Forms::instance().Show(u"frmMoviCaixa"_s);
-    const int shown = form->findChild<ui::ListView *>(u"Lista"_s)->count();
+    const int shown = listOf(form)->count();
     if (shown != rows) {
         qFatal("The cash book shows %d rows", shown);
     }
@@ -60,13 +58,6 @@ ui::Form *openPreview(const ui::Form *report)
 {
     report->findChild<QAbstractButton *>(u"btnPrevisualizar"_s)->click();
     return ui::Forms::instance().find(u"frmRelaPreVisualiza"_s);
-}
-
-void close(ui::Form *form)
-{
-    form->Unload();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents(); // or what one preview has left to be done would delay the next
 }
 
 void preview(benchmark::State &state, int rows)
