@@ -39,6 +39,7 @@ frmOSOrcaAltera::frmOSOrcaAltera() : ui::Form(u"frmOSOrcaAltera"_s), ui_(std::ma
         *this, ui_->txtCodOrcamento,
         {.cadastro = u"frmOSOrcaConsulta", .procura = ui_->btnOrcaFind, .modoProcura = modoProcuraOrcamento});
     ui_->cabecalho->liga(*this);
+    ui_->cabecalho->poeBotoesDepoisDe(ui_->btnVoltar);
     ui_->painelItens->liga(*this, UsoDe(*ui_->painelItens, {.documento = orcamentoGravado,
                                                             .numero = [this] { return numero(); },
                                                             .semDocumento = naoLocalizado}));

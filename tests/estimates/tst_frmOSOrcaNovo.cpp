@@ -162,6 +162,8 @@ void TstFrmOSOrcaNovo::opensReadyForACustomer()
 void TstFrmOSOrcaNovo::tabGoesAsAClerkTypes()
 {
     open();
+    fill(); // every button is a stop then
+    cadastro::focus(form_, u"txtCodCliente"_s);
     QStringList way;
     for (int step = 0; step < 11; ++step) {
         way << cadastro::focusOf(form_);
