@@ -50,9 +50,9 @@ constexpr std::array colunasDasPecas{
 constexpr std::array colunasDosServicos{
     ColunaLista{.titulo = u"Quantidade", .largura = 1300, .alinhamento = Qt::AlignRight},
     ColunaLista{u"Unidade", 1100},
-    ColunaLista{u"Especificação", 6500},
-    ColunaLista{.titulo = u"V. Unit.", .largura = 1200, .alinhamento = Qt::AlignRight},
-    ColunaLista{.titulo = u"V. Total", .largura = 1200, .alinhamento = Qt::AlignRight},
+    ColunaLista{u"Especificação", 5900},
+    ColunaLista{.titulo = u"V. Unit.", .largura = 1400, .alinhamento = Qt::AlignRight},
+    ColunaLista{.titulo = u"V. Total", .largura = 1500, .alinhamento = Qt::AlignRight},
 };
 
 /// What of an item stands in the columns.
