@@ -1,6 +1,6 @@
 #pragma once
 
-#include "documents/itensimediatos.h"
+#include "documents/documentogravado.h"
 #include "documents/painelitens.h"
 
 namespace documents

@@ -3,7 +3,7 @@
 #include "core/banco.h"
 #include "core/funcoes.h"
 #include "core/modulo.h"
-#include "documents/itensgravados.h"
+#include "documents/documentogravado.h"
 #include "platform/runtime/runtime.h"
 
 namespace estimates
@@ -46,11 +46,7 @@ qint32 gravaOrcamento(const Orcamento &orcamento)
 qint32 IncluiOrcamento(const Orcamento &orcamento)
 {
     const qint32 numero = gravaOrcamento(orcamento);
-    auto itens = DBDados->OpenRecordset(u"OrcaPecas"_s);
-    for (const LinhaItem &linha : orcamento.itens) {
-        GravaItem(itens, u"CodOrca", numero, linha);
-    }
-    itens.Close();
+    GravaItens(orcamentoGravado, numero, orcamento.itens);
     return numero;
 }
 

@@ -3,7 +3,7 @@
 #include "core/banco.h"
 #include "core/funcoes.h"
 #include "core/modulo.h"
-#include "documents/itensgravados.h"
+#include "documents/documentogravado.h"
 #include "platform/runtime/runtime.h"
 
 namespace workorders
@@ -54,11 +54,7 @@ std::optional<VeiculoOS> abreVeiculo(const QString &condicao)
 qint32 AbreOrdem(const NovaOrdem &ordem)
 {
     const qint32 numero = gravaOrdem(ordem);
-    auto itens = DBDados->OpenRecordset(u"OSPecas"_s);
-    for (const LinhaItem &linha : ordem.itens) {
-        GravaItem(itens, u"CodOS", numero, linha);
-    }
-    itens.Close();
+    GravaItens(ordemGravada, numero, ordem.itens);
     return numero;
 }
 

@@ -5,7 +5,7 @@
 // newest row, "ALTERADA code step", "ORCADO estimate", "CONVERTIDA order estimate". The crash test kills it while it
 // works.
 #include "documents/itensgravados.h"
-#include "documents/itensimediatos.h"
+#include "documents/documentogravado.h"
 #include "estimates/orcamento.h"
 #include "finance/compensacao.h"
 #include "finance/pagamentoconta.h"

@@ -1,4 +1,4 @@
-#include "documents/itensimediatos.h"
+#include "documents/documentogravado.h"
 
 #include "core/modulo.h"
 #include "platform/dao/database.h"
@@ -33,7 +33,7 @@ void documentRows()
 } // namespace
 
 /// Items that are written one by one, without a window.
-class TstItensImediatos : public QObject
+class TstDocumentoGravado : public QObject
 {
     Q_OBJECT
 
@@ -75,7 +75,7 @@ private:
 };
 
 /// Documents 1 and 2 of each kind, so that nothing is right by accident.
-void TstItensImediatos::init()
+void TstDocumentoGravado::init()
 {
     program_ = std::make_unique<support::Program>();
     for (const DocumentoGravado *kind : {&ordemGravada, &orcamentoGravado}) {
@@ -85,14 +85,14 @@ void TstItensImediatos::init()
     }
 }
 
-void TstItensImediatos::tellsWhetherADocumentExists()
+void TstDocumentoGravado::tellsWhetherADocumentExists()
 {
     QFETCH(const DocumentoGravado *, kind);
     QVERIFY(ExisteDocumento(*kind, 2));
     QVERIFY(!ExisteDocumento(*kind, 3));
 }
 
-void TstItensImediatos::addsAnItemAndItsTotal()
+void TstDocumentoGravado::addsAnItemAndItsTotal()
 {
     QFETCH(const DocumentoGravado *, kind);
     QCOMPARE(AcrescentaItem(*kind, 1, wash, u"0,10"_s), u"1"_s);
@@ -103,7 +103,7 @@ void TstItensImediatos::addsAnItemAndItsTotal()
     QCOMPARE(totals(*kind), (Rows{{u"1"_s, u"0.1"_s}, {u"2"_s, u"3086.25"_s}}));
 }
 
-void TstItensImediatos::addsNothingToADocumentThatIsGone()
+void TstDocumentoGravado::addsNothingToADocumentThatIsGone()
 {
     QFETCH(const DocumentoGravado *, kind);
     const quint32 before = support::writesOf(core::DBDados->path());
@@ -112,7 +112,7 @@ void TstItensImediatos::addsNothingToADocumentThatIsGone()
     QCOMPARE(support::writesOf(core::DBDados->path()), before);
 }
 
-void TstItensImediatos::removesOneItem()
+void TstDocumentoGravado::removesOneItem()
 {
     QFETCH(const DocumentoGravado *, kind);
     AcrescentaItem(*kind, 1, wash, u"0,10"_s);
@@ -124,7 +124,7 @@ void TstItensImediatos::removesOneItem()
     QVERIFY(RemoveItem(*kind, 2, u"2"_s, u"0,00"_s));
 }
 
-void TstItensImediatos::removingTellsOfADocumentThatIsGone()
+void TstDocumentoGravado::removingTellsOfADocumentThatIsGone()
 {
     QFETCH(const DocumentoGravado *, kind);
     AcrescentaItem(*kind, 1, wash, u"0,10"_s);
@@ -134,7 +134,7 @@ void TstItensImediatos::removingTellsOfADocumentThatIsGone()
     QCOMPARE(totals(*kind), (Rows{{u"2"_s, u"7"_s}}));
 }
 
-void TstItensImediatos::changesEveryColumnOfAnItem()
+void TstDocumentoGravado::changesEveryColumnOfAnItem()
 {
     QFETCH(const DocumentoGravado *, kind);
     AcrescentaItem(*kind, 1, wash, u"0,10"_s);
@@ -146,7 +146,7 @@ void TstItensImediatos::changesEveryColumnOfAnItem()
     QCOMPARE(totals(*kind), (Rows{{u"1"_s, u"3086.35"_s}, {u"2"_s, u"7"_s}}));
 }
 
-void TstItensImediatos::changesNothingWhereTheItemIsGone()
+void TstDocumentoGravado::changesNothingWhereTheItemIsGone()
 {
     QFETCH(const DocumentoGravado *, kind);
     QCOMPARE(AlteraItem(*kind, 1, u"5"_s, oil, u"3.086,35"_s), Mudanca::SemItem);
@@ -154,7 +154,7 @@ void TstItensImediatos::changesNothingWhereTheItemIsGone()
     QCOMPARE(totals(*kind), (Rows{{u"1"_s, u"7"_s}, {u"2"_s, u"7"_s}}));
 }
 
-void TstItensImediatos::changesNothingWhereTheDocumentIsGone()
+void TstDocumentoGravado::changesNothingWhereTheDocumentIsGone()
 {
     QFETCH(const DocumentoGravado *, kind);
     AcrescentaItem(*kind, 1, wash, u"0,10"_s);
@@ -164,7 +164,7 @@ void TstItensImediatos::changesNothingWhereTheDocumentIsGone()
     QCOMPARE(items(*kind), before);
 }
 
-void TstItensImediatos::deletesADocumentWithItsItems()
+void TstDocumentoGravado::deletesADocumentWithItsItems()
 {
     QFETCH(const DocumentoGravado *, kind);
     AcrescentaItem(*kind, 1, wash, u"0,10"_s);
@@ -178,5 +178,5 @@ void TstItensImediatos::deletesADocumentWithItsItems()
     QCOMPARE(totals(*kind).size(), 1U);
 }
 
-TARVELO_TEST_MAIN(TstItensImediatos)
-#include "tst_itensimediatos.moc"
+TARVELO_TEST_MAIN(TstDocumentoGravado)
+#include "tst_documentogravado.moc"

@@ -1,4 +1,4 @@
-#include "documents/itensimediatos.h"
+#include "documents/documentogravado.h"
 
 #include "core/modulo.h"
 #include "documents/itensgravados.h"
@@ -26,6 +26,14 @@ void gravaValor(dao::Recordset &documento, const QString &total)
 }
 
 } // namespace
+
+void GravaItens(const DocumentoGravado &documento, qint32 numero, const std::vector<LinhaItem> &linhas)
+{
+    auto itens = DBDados->OpenRecordset(documento.itens.toString());
+    for (const LinhaItem &linha : linhas) {
+        GravaItem(itens, documento.coluna, numero, linha);
+    }
+}
 
 bool ExisteDocumento(const DocumentoGravado &documento, qint32 numero)
 {

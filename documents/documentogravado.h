@@ -9,8 +9,7 @@
 namespace documents
 {
 
-/// A document whose items are written one by one: its table, that of its items, and the column there that holds its
-/// number.
+/// A document in the database: its table, that of its items, and the column there that holds its number.
 struct DocumentoGravado {
     QStringView tabela;
     QStringView itens;
@@ -19,6 +18,9 @@ struct DocumentoGravado {
 
 inline constexpr DocumentoGravado ordemGravada{u"OrdemServico", u"OSPecas", u"CodOS"};
 inline constexpr DocumentoGravado orcamentoGravado{u"Orcamento", u"OrcaPecas", u"CodOrca"};
+
+/// Adds all items of a new document, in their order; `tipo` is the PSA code that goes to the table.
+void GravaItens(const DocumentoGravado &documento, qint32 numero, const std::vector<LinhaItem> &linhas);
 
 /// What became of a change of an item. Nothing was written where the item or its document is gone.
 enum class Mudanca { Gravada, SemItem, SemDocumento };
