@@ -4,8 +4,8 @@
 // "ABERTA code", "FECHADA code form", a word and a code for what was settled, "RECALCULADO ledger" with the code of its
 // newest row, "ALTERADA code step", "ORCADO estimate", "CONVERTIDA order estimate". The crash test kills it while it
 // works.
-#include "documents/itensgravados.h"
 #include "documents/documentogravado.h"
+#include "documents/itensgravados.h"
 #include "estimates/orcamento.h"
 #include "finance/compensacao.h"
 #include "finance/pagamentoconta.h"
