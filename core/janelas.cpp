@@ -119,6 +119,14 @@ bool valido(const QString &texto, TipoCampo tipo)
     return true;
 }
 
+bool aceita(QLineEdit *controle, const QString &mensagem, bool serve)
+{
+    if (!serve) {
+        Recusa(mensagem, controle);
+    }
+    return serve;
+}
+
 /// Once for all that one paste brings.
 void apita()
 {
@@ -158,11 +166,12 @@ void SelecionaTexto(QWidget *controle)
 
 bool ValidaCampo(QLineEdit *controle, const QString &mensagem, TipoCampo tipo)
 {
-    if (valido(controle->text(), tipo)) {
-        return true;
-    }
-    Recusa(mensagem, controle);
-    return false;
+    return aceita(controle, mensagem, valido(controle->text(), tipo));
+}
+
+bool ValidaCampo(QLineEdit *controle, const QString &mensagem, bool (*serve)(const QString &texto))
+{
+    return aceita(controle, mensagem, serve(controle->text()));
 }
 
 void LimpaForm(ui::Form &form, const Limpeza &o)

@@ -34,6 +34,9 @@ enum class TipoCampo { Data = 1, Numerico = 3, NaoVazio = 5 };
 /// Checks a text box; on failure an exclamation box with `mensagem`, and the field is selected.
 bool ValidaCampo(QLineEdit *controle, const QString &mensagem, TipoCampo tipo);
 
+/// The same by a rule of the caller's own.
+bool ValidaCampo(QLineEdit *controle, const QString &mensagem, bool (*serve)(const QString &texto));
+
 enum class TipoMascara { Data = 1, Fone = 2, Valor = 3, Ano = 4, CEP = 5 };
 
 /// Puts a mask's marks in as the user types; to be called on each change, and for `Valor` on leaving. A deletion is

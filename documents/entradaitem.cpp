@@ -76,15 +76,6 @@ QString seValor(const QString &resposta)
     return ServeDeValor(resposta) ? Format(resposta, mascaraValor) : QString();
 }
 
-bool confereNumero(QLineEdit *caixa, const QString &mensagem)
-{
-    if (ServeDeValor(caixa->text())) {
-        return true;
-    }
-    Recusa(mensagem, caixa);
-    return false;
-}
-
 } // namespace
 
 void EntradaItem::liga(ui::Form &janela)
@@ -166,8 +157,8 @@ void EntradaItem::txtValor_LostFocus()
 
 bool EntradaItem::confere() const
 {
-    if (!confereNumero(c_.txtQuantidade, u"Quantidade Inválida"_s) ||
-        !confereNumero(c_.txtValor, u"Valor Unitário Inválido"_s)) {
+    if (!ValidaCampo(c_.txtQuantidade, u"Quantidade Inválida"_s, ServeDeValor) ||
+        !ValidaCampo(c_.txtValor, u"Valor Unitário Inválido"_s, ServeDeValor)) {
         return false;
     }
     const QString descricao = c_.txtDescricao->currentText();

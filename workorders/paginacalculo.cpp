@@ -8,6 +8,9 @@
 #include "platform/ui/listview.h"
 #include "workorders/calculo.h"
 
+#include <algorithm>
+#include <array>
+
 namespace workorders
 {
 
@@ -63,18 +66,19 @@ void PaginaCalculo::btnCalcular_Click()
 
 bool PaginaCalculo::confere()
 {
-    const auto confereCaixa = [](QLineEdit *caixa, bool (*serve)(const QString &texto), const QString &mensagem) {
-        if (serve(caixa->text())) {
-            return true;
-        }
-        Recusa(mensagem, caixa);
-        return false;
+    struct Taxa {
+        QLineEdit *caixa;
+        QString mensagem;
     };
-    return confereCaixa(ui_->txtPDespesa, ServeDeTaxa, u"Taxa de Despesas Administrativas Inválida"_s) &&
-           confereCaixa(ui_->txtPTaxaLucro, ServeDeTaxa, u"Taxa de Lucro Inválida"_s) &&
-           confereCaixa(ui_->txtPISS, ServeDeTaxa, u"Taxa de ISS Inválida"_s) &&
-           confereCaixa(ui_->txtPSimples, ServeDeTaxa, u"Taxa de Simples Inválida"_s) &&
-           confereCaixa(ui_->txtHorasTrabalhadas, ServeDeValor, u"Horas Trabalhadas Inválida"_s);
+    const std::array taxas{
+        Taxa{ui_->txtPDespesa, u"Taxa de Despesas Administrativas Inválida"_s},
+        Taxa{ui_->txtPTaxaLucro, u"Taxa de Lucro Inválida"_s},
+        Taxa{ui_->txtPISS, u"Taxa de ISS Inválida"_s},
+        Taxa{ui_->txtPSimples, u"Taxa de Simples Inválida"_s},
+    };
+    const auto serve = [](const Taxa &taxa) { return ValidaCampo(taxa.caixa, taxa.mensagem, ServeDeTaxa); };
+    return std::ranges::all_of(taxas, serve) &&
+           ValidaCampo(ui_->txtHorasTrabalhadas, u"Horas Trabalhadas Inválida"_s, ServeDeValor);
 }
 
 } // namespace workorders
