@@ -6,6 +6,8 @@
 namespace core
 {
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -33,9 +35,9 @@ void defineMostrador(MostradorDeAndamento novo)
     mostrador() = std::move(novo);
 }
 
-Andamento::Andamento(QString obra, std::function<int()> total, int bloco)
+Andamento::Andamento(QString obra, std::function<int()> total, int bloco, Esc esc)
     : obra_(std::move(obra)), pergunta_(std::move(total)), mostraEm_(Relogio::now() + mostrador().demora),
-      bloco_(bloco), olhaEm_(nunca)
+      bloco_(bloco), olhaEm_(nunca), esc_(esc)
 {
     if (emObra() == nullptr && mostrador().mostra) {
         emObra() = this;
@@ -60,10 +62,13 @@ void Andamento::olha()
     if (agora < mostraEm_ || !mostrador().mostra) {
         return;
     }
+    const bool deixavel = esc_ == Esc::Deixa && mostrador().deixa;
     if (!std::exchange(mostrado_, true)) {
         total_ = pergunta_();
+        obra_ += deixavel ? u" (Esc interrompe)"_s : QString();
     }
     mostrador().mostra(obra_, feitos_, total_);
+    deixado_ = deixado_ || (deixavel && mostrador().deixa());
     mostraEm_ = agora + entreDuasVistas;
 }
 

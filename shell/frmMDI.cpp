@@ -10,6 +10,7 @@
 #include "platform/ui/application.h"
 #include "platform/ui/boxes.h"
 #include "platform/ui/forms.h"
+#include "platform/ui/wait.h"
 #include "shell/lembretes.h"
 #include "shell/menus.h"
 #include "shell/passos.h"
@@ -53,7 +54,8 @@ frmMDI::frmMDI() : ui_(std::make_unique<Ui::frmMDI>())
     };
     core::defineMostrador({.mostra = [this](const QString &obra, int feitos,
                                             int total) { ui_->StatusBar->mostraAndamento(obra, feitos, total); },
-                           .termina = [this] { ui_->StatusBar->terminaAndamento(); }});
+                           .termina = [this] { ui_->StatusBar->terminaAndamento(); },
+                           .deixa = ui::EscapePressed});
 
     // Behind the press: a box that came up inside it would find the mouse held by the bar.
     connect(

@@ -4,6 +4,7 @@
 #include "platform/ui/boxes.h"
 #include "platform/ui/focus.h"
 #include "platform/ui/forms.h"
+#include "platform/ui/heldback.h"
 #include "platform/ui/icons.h"
 #include "platform/ui/style.h"
 #include "platform/ui/units.h"
@@ -109,6 +110,9 @@ Application::~Application()
 
 bool Application::notify(QObject *receiver, QEvent *event)
 {
+    if (UserHeldBack::takes(event)) {
+        return true;
+    }
     const QScopedValueRollback outside(programDepth, 0);
     bool taken = true;
     try {

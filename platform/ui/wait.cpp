@@ -1,6 +1,7 @@
 #include "platform/ui/wait.h"
 
 #include "platform/ui/application.h"
+#include "platform/ui/heldback.h"
 #include "platform/ui/units.h"
 
 #include <QEventLoop>
@@ -43,6 +44,14 @@ void DoEvents()
         QCoreApplication::processEvents();
     }
     checkEnded();
+}
+
+bool EscapePressed()
+{
+    const UserHeldBack held;
+    QCoreApplication::processEvents();
+    checkEnded();
+    return held.escape();
 }
 
 Hourglass::Hourglass()
