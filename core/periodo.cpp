@@ -31,11 +31,11 @@ QString textoDe(const QWidget &janela, const QString &nome)
 
 void AbrePeriodo(const QWidget &janela, const Periodo &periodo)
 {
-    const runtime::Date inicio =
-        DateAdd(u"d", -periodo.diasAntes, DateAdd(u"m", -periodo.mesesAntes, runtime::Today()));
-    data(janela, u"txtDataInicio"_s).setDate(runtime::toDateTime(inicio).date());
-    data(janela, u"txtDataFim"_s)
-        .setDate(runtime::toDateTime(DateAdd(u"d", periodo.diasDepois, runtime::Today())).date());
+    const auto deHoje = [](int meses, int dias) {
+        return runtime::toDateTime(DateAdd(u"d", dias, DateAdd(u"m", meses, runtime::Today()))).date();
+    };
+    data(janela, u"txtDataInicio"_s).setDate(deHoje(-periodo.mesesAntes, -periodo.diasAntes));
+    data(janela, u"txtDataFim"_s).setDate(deHoje(periodo.mesesDepois, periodo.diasDepois));
 }
 
 QString PeriodoSQL(const QWidget &janela)

@@ -13,6 +13,7 @@ struct Periodo {
     int mesesAntes = 0;
     int diasAntes = 0;
     int diasDepois = 0;
+    int mesesDepois = 0;
 };
 void AbrePeriodo(const QWidget &janela, const Periodo &periodo);
 
