@@ -12,6 +12,7 @@
 #include <QItemSelectionModel>
 
 #include <algorithm>
+#include <limits>
 #include <memory>
 #include <optional>
 
@@ -43,13 +44,14 @@ std::vector<Celula> celulasDe(const dao::Recordset &linhas, const Lista &descric
 class LinhasDaConsulta : public ui::RowSource
 {
 public:
-    LinhasDaConsulta(dao::Recordset linhas, const Lista &descricao, const MostraDaJanela &daJanela)
+    /// Shows the first `lidas` rows.
+    LinhasDaConsulta(dao::Recordset linhas, const Lista &descricao, const MostraDaJanela &daJanela, int lidas)
         : celulas_(celulasDe(linhas, descricao, daJanela)), icone_(descricao.icone), tag_(descricao.tag),
-          linhas_(std::move(linhas))
+          linhas_(std::move(linhas)), total_(std::min(lidas, linhas_.count()))
     {
     }
 
-    int count() const override { return linhas_.count(); }
+    int count() const override { return total_; }
     bool hasIcons() const override { return icone_ != nullptr; }
 
     std::optional<ui::SourceRow> row(int row) override
@@ -68,8 +70,11 @@ public:
     void column(int column, const TakeText &take) override
     {
         const Celula &celula = celulas_.at(static_cast<std::size_t>(column));
-        linhas_.readAll(
-            [&](int lugar, const dao::Recordset &linha) { take(lugar, celula.mostra(linha, celula.lugar)); });
+        linhas_.readAll([&](int lugar, const dao::Recordset &linha) {
+            if (lugar < total_) {
+                take(lugar, celula.mostra(linha, celula.lugar));
+            }
+        });
     }
 
 private:
@@ -77,6 +82,7 @@ private:
     int (*icone_)(const dao::Recordset &);
     QString (*tag_)(const dao::Recordset &);
     dao::Snapshot linhas_;
+    int total_;
 };
 
 /// A single-precision addition, as the amounts are kept.
@@ -87,22 +93,28 @@ void soma(float &total, const runtime::Value &valor)
     }
 }
 
-Somas somaLinhas(dao::Recordset &linhas, std::span<const Soma> somas)
+/// The sums over the rows, and how many were read.
+struct Leitura {
+    Somas somas;
+    int lidas = std::numeric_limits<int>::max();
+};
+
+Leitura somaLinhas(dao::Recordset &linhas, std::span<const Soma> somas, Andamento &obra)
 {
-    Somas totais(somas.size());
     if (somas.empty()) {
-        return totais;
+        return {};
     }
-    Andamento andamento(u"Somando"_s, [] { return 0; });
-    for (; !linhas.Eof(); linhas.MoveNext()) {
-        andamento.avanca();
+    Leitura leitura{Somas(somas.size()), 0};
+    for (; !linhas.Eof() && !obra.deixado(); linhas.MoveNext()) {
         for (std::size_t i = 0; i < somas.size(); ++i) {
             if (somas[i].conta == nullptr || somas[i].conta(linhas)) {
-                soma(totais[i], linhas.value(somas[i].coluna));
+                soma(leitura.somas[i], linhas.value(somas[i].coluna));
             }
         }
+        ++leitura.lidas;
+        obra.avanca();
     }
-    return totais;
+    return leitura;
 }
 
 void acrescentaVazia(ui::ListView &lista, std::span<const QStringView> vazia)
@@ -134,7 +146,8 @@ void MontaLista(ui::ListView &lista, const Lista &descricao)
     }
 }
 
-Somas EncheLista(ui::ListView &lista, dao::Recordset linhas, const Lista &descricao, const MostraDaJanela &daJanela)
+Somas EncheLista(ui::ListView &lista, dao::Recordset linhas, const Lista &descricao, const MostraDaJanela &daJanela,
+                 Andamento *obra)
 {
     const ui::Hourglass ampulheta;
     lista.clear();
@@ -142,9 +155,10 @@ Somas EncheLista(ui::ListView &lista, dao::Recordset linhas, const Lista &descri
         acrescentaVazia(lista, descricao.vazia);
         return Somas(descricao.somas.size());
     }
-    Somas somas = somaLinhas(linhas, descricao.somas);
-    lista.setRows(std::make_unique<LinhasDaConsulta>(std::move(linhas), descricao, daJanela));
-    return somas;
+    Andamento somando(u"Somando"_s, [] { return 0; });
+    Leitura leitura = somaLinhas(linhas, descricao.somas, obra != nullptr ? *obra : somando);
+    lista.setRows(std::make_unique<LinhasDaConsulta>(std::move(linhas), descricao, daJanela, leitura.lidas));
+    return leitura.somas;
 }
 
 bool LocalizaLista(ui::ListView *lista, const QString &texto, int coluna, bool selecionar, bool parar)

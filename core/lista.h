@@ -21,6 +21,8 @@ class ListView;
 namespace core
 {
 
+class Andamento;
+
 /// A column of a list; its width in the window's own units gives the proportions.
 struct ColunaLista {
     QStringView titulo;
@@ -53,9 +55,11 @@ using MostraDaJanela = std::function<QString(const dao::Recordset &linha, int lu
 /// Gives an empty list its columns.
 void MontaLista(ui::ListView &lista, const Lista &descricao);
 
-/// Fills a list with the rows of a statement instead of what stood there. Rows added by hand stand behind them.
+/// Fills a list with the rows of a statement instead of what stood there. Rows added by hand stand behind them. The
+/// rows are summed as part of `obra`, where one is given; when the user leaves that, the list and the sums hold the
+/// rows read so far.
 Somas EncheLista(ui::ListView &lista, dao::Recordset linhas, const Lista &descricao,
-                 const MostraDaJanela &daJanela = {});
+                 const MostraDaJanela &daJanela = {}, Andamento *obra = nullptr);
 
 /// Sets the row selection on every row whose cell begins with `texto`, without regard to case; with `parar` the first
 /// match ends the search and is scrolled to. `coluna` counts from 1. True for an empty text or a match.

@@ -47,6 +47,7 @@ private:
     void desenhaTitulosDasColunas(printer::Surface &saida) const;
     void desenhaLinha(printer::Surface &saida, int linha) const;
     QString campos(std::size_t impressa, int linha) const;
+    QString textoDe(int coluna, int linha) const;
 
     ui::ListRows linhas_;
     Pagina pagina_;
@@ -136,11 +137,23 @@ QString Desenho::campos(std::size_t impressa, int linha) const
 {
     QStringList textos;
     for (const CampoDaLista &campo : pagina_.linhas[impressa].campos) {
-        const QString texto = campo.coluna == semColuna ? QString() : emUmaLinha(linhas_.text(linha, campo.coluna));
+        const QString texto = emUmaLinha(textoDe(campo.coluna, linha));
         const int largura = larguras_[impressa].at(textos.size());
         textos << (campo.lado == Lado::Direita ? AlinhaDireita(texto, largura) : AlinhaEsquerda(texto, largura));
     }
     return textos.join(u"   "_s);
+}
+
+QString Desenho::textoDe(int coluna, int linha) const
+{
+    switch (coluna) {
+    case semColuna:
+        return {};
+    case tagDaLinha:
+        return linhas_.tag(linha);
+    default:
+        return linhas_.text(linha, coluna);
+    }
 }
 
 // What a page costs, of the work of printing it.

@@ -19,12 +19,13 @@ enum class Acao { Imprime = 4, PreVisualiza = 5 };
 
 enum class Lado { Esquerda, Direita };
 
-/// A field of a printed row: the column of the list that it shows, or nothing.
+/// A field of a printed row: the column of the list that it shows, or nothing, or what the row keeps besides its texts.
 struct CampoDaLista {
     int coluna;
     Lado lado = Lado::Esquerda;
 };
 inline constexpr int semColuna = -1;
+inline constexpr int tagDaLinha = -2;
 
 /// A printed line of a row: the titles that stand above it, parted by " - ", and its fields. A field is as wide as its
 /// title and is cut or padded to it.

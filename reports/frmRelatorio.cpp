@@ -4,7 +4,9 @@
 
 #include "core/modulo.h"
 #include "platform/runtime/runtime.h"
+#include "platform/ui/boxes.h"
 #include "platform/ui/listview.h"
+#include "platform/ui/wait.h"
 
 #include <algorithm>
 #include <utility>
@@ -18,6 +20,8 @@ using core::ModoChamada;
 
 namespace
 {
+
+constexpr int linhasPorOlhada = 16; // a row may take several statements
 
 const Relatorio *relatorioDoModo(std::span<const Relatorio> catalogo, qint16 modo)
 {
@@ -61,14 +65,32 @@ void frmRelatorio::Form_Load()
 
 void frmRelatorio::preenche()
 {
-    core::Somas somas;
     core::MontaLista(*ui_->Lista, relatorio_->lista);
+    le();
+    if (!relatorio_->aviso.isEmpty() && ui_->Lista->count() == 0) {
+        ui::MsgBox(relatorio_->aviso.toString(), ui::Icon::Exclamation, core::NomeEmpresa);
+    }
+}
+
+/// A reading that the user has left is told by the caption: the totals are those of the rows that were read.
+void frmRelatorio::le()
+{
+    const ui::Hourglass ampulheta;
+    core::Andamento obra(
+        u"Lendo o relatório"_s, [] { return 0; }, linhasPorOlhada, core::Esc::Deixa);
     if (relatorio_->consulta != nullptr) {
         dao::Recordset linhas = core::DBDados->OpenRecordset(relatorio_->consulta());
-        somas = core::EncheLista(*ui_->Lista, std::move(linhas), relatorio_->lista);
+        const bool vazia = linhas.Eof();
+        const auto somas = core::EncheLista(*ui_->Lista, std::move(linhas), relatorio_->lista, {}, &obra);
+        if (!vazia && relatorio_->completa != nullptr) {
+            relatorio_->completa(*ui_->Lista, somas);
+        }
     }
-    if (relatorio_->completa != nullptr) {
-        relatorio_->completa(*ui_->Lista, somas);
+    if (relatorio_->linhas != nullptr) {
+        relatorio_->linhas(*ui_->Lista, obra);
+    }
+    if (obra.deixado()) {
+        setWindowTitle(windowTitle() + u" - Leitura interrompida"_s);
     }
 }
 

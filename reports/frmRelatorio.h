@@ -34,6 +34,7 @@ private:
     void Lista_DblClick(int linha);
 
     void preenche();
+    void le();
     void imprime(core::Acao acao);
 
     std::unique_ptr<Ui::frmRelatorio> ui_;

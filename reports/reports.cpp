@@ -1,6 +1,11 @@
 #include "reports/reports.h"
 
+#include "ui_frmRelaSelecaoCheques.h"
+
+#include "reports/catalogo.h"
 #include "reports/frmRelaPreVisualiza.h"
+#include "reports/frmRelatorio.h"
+#include "reports/relacheques.h"
 
 #include "core/devolucao.h"
 
@@ -9,9 +14,22 @@ namespace reports
 
 using namespace Qt::StringLiterals;
 
+namespace
+{
+
+template<class Controles>
+void registraSelecao(const Selecao &selecao)
+{
+    core::RegistraJanela(selecao.janela.toString(), [&selecao] { return new SelecaoSimples<Controles>(selecao); });
+}
+
+} // namespace
+
 void registerForms()
 {
     core::RegistraJanela(u"frmRelaPreVisualiza"_s, [] { return new frmRelaPreVisualiza; });
+    core::RegistraJanela(u"frmRelatorio"_s, [] { return new frmRelatorio(Catalogo()); });
+    registraSelecao<Ui::frmRelaSelecaoCheques>(selecaoDeCheques);
 }
 
 } // namespace reports

@@ -1,15 +1,16 @@
+#include "core/andamento.h"
 #include "core/devolucao.h"
 #include "core/funcoes.h"
 #include "core/modulo.h"
+#include "papel.h"
 #include "platform/dao/database.h"
 #include "platform/dao/unit.h"
 #include "platform/printer/printer.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/application.h"
 #include "platform/ui/listview.h"
-#include "reports/folhavista.h"
+#include "reports/frmRelaPreVisualiza.h"
 #include "reports/frmRelatorio.h"
-#include "reports/reports.h"
 #include "support/boxes.h"
 #include "support/cadastro.h"
 #include "support/program.h"
@@ -22,9 +23,14 @@
 #include <QTest>
 
 #include <array>
+#include <chrono>
 
 using namespace Qt::StringLiterals;
 using namespace core;
+using papel::abre;
+using papel::clicaDuasVezes;
+using papel::impresso;
+using papel::previsto;
 using support::click;
 
 namespace
@@ -89,10 +95,18 @@ const Pagina *paginaEscolhida()
 constexpr std::array colunasDosNomes{ColunaLista{u"Nome", 3000}};
 constexpr Lista listaDosNomes{.colunas = colunasDosNomes};
 
-void doisNomes(ui::ListView &lista, const Somas & /*somas*/)
+void doisNomes(ui::ListView &lista, Andamento & /*obra*/)
 {
     lista.addItem(u"UM"_s);
     lista.addItem(u"DOIS"_s);
+}
+
+constexpr Lista listaSemRegistro{.colunas = colunasDasPecas, .somas = somasDasPecas};
+
+void nomesDasPecas(ui::ListView &lista, Andamento &obra)
+{
+    reports::ParaCada(DBDados->OpenRecordset(u"SELECT Nome FROM Pecas"_s), obra,
+                      [&](const dao::Recordset &peca) { lista.addItem(comoEsta(peca, 0)); });
 }
 
 constexpr std::array catalogo{
@@ -112,7 +126,15 @@ constexpr std::array catalogo{
                        .completa = totalDasPecas,
                        .pagina = reports::unica<paginaDasPecas>,
                        .abertura = reports::Abertura{u"frmProva", 93}},
-    reports::Relatorio{.modo = 94, .titulo = u" - [Nomes]", .lista = listaDosNomes, .completa = doisNomes},
+    reports::Relatorio{.modo = 95,
+                       .titulo = u" - [Preços]",
+                       .lista = listaSemRegistro,
+                       .consulta = pecasDaLetra,
+                       .completa = totalDasPecas,
+                       .aviso = u"Nenhum Registro Localizado com sua pesquisa",
+                       .pagina = reports::unica<paginaDasPecas>},
+    reports::Relatorio{.modo = 96, .titulo = u" - [Nomes]", .lista = listaDosNomes, .linhas = nomesDasPecas},
+    reports::Relatorio{.modo = 94, .titulo = u" - [Nomes]", .lista = listaDosNomes, .linhas = doisNomes},
 };
 
 /// A window that shows a record.
@@ -129,39 +151,6 @@ QStringList Prova::aberturas;
 
 const QString janela = u"frmRelatorio"_s;
 
-ui::Form *abre(int modo)
-{
-    return cadastro::open(janela, modo);
-}
-
-/// The lines of the document that went to the printer last, page by page, without blank ones.
-std::vector<QStringList> impresso()
-{
-    std::vector<QStringList> folhas;
-    for (const printer::Page &folha : printer::printer().lastDocument()) {
-        folhas.push_back(folha.lines());
-        folhas.back().removeAll(QString());
-    }
-    return folhas;
-}
-
-std::vector<QStringList> previsto()
-{
-    ui::Form *previa = ui::Forms::instance().find(u"frmRelaPreVisualiza"_s);
-    std::vector<QStringList> folhas;
-    while (auto *pic = previa->findChild<reports::FolhaVista *>(u"pic_%1"_s.arg(folhas.size() + 1))) {
-        folhas.push_back(pic->pagina().lines());
-        folhas.back().removeAll(QString());
-    }
-    return folhas;
-}
-
-void clicaDuasVezes(ui::Form *form, int linha)
-{
-    cadastro::list(form)->selectRow(linha);
-    support::key(form, u"Lista"_s, Qt::Key_Return);
-}
-
 } // namespace
 
 /// Reports beside those of the program: an entry of the catalogue is all that each takes.
@@ -177,6 +166,7 @@ private slots:
     void theModeChoosesTheReport();
     void rowsMayBeMadeByHand();
     void nothingFoundIsARow();
+    void nothingFoundMayBeTold();
     void aModeWithoutAReportIsAnEmptyWindow();
     void printsWhatTheListShows();
     void printsAgainAsThePageIsAskedForThen();
@@ -193,6 +183,8 @@ private slots:
     void theListFollowsTheWindow();
     void aPrinterThatFailsIsTheErrorThatItIs();
     void aLongListIsPreviewedAtOnce();
+    void aLongReadingIsLeftByEsc_data();
+    void aLongReadingIsLeftByEsc();
     void btnVoltarCloses();
 
 private:
@@ -201,7 +193,7 @@ private:
 
 void TestRelatorio::initTestCase()
 {
-    reports::registerForms();
+    RegistraJanela(u"frmRelaPreVisualiza"_s, [] { return new reports::frmRelaPreVisualiza; });
     RegistraJanela(janela, [] { return new reports::frmRelatorio(catalogo); });
     ui::Forms::instance().add(u"frmProva"_s, [] { return new Prova; });
 }
@@ -247,12 +239,21 @@ void TestRelatorio::nothingFoundIsARow()
 {
     letra = u"X"_s;
     ui::Form *form = abre(90);
-    QCOMPARE(cadastro::rowsOf(form), (cadastro::Rows{
-                                         {u""_s, u"Registro não Localizado"_s, u""_s},
-                                         {u""_s, u"Total:"_s, u"0,00"_s},
-                                     }));
+    QCOMPARE(cadastro::rowsOf(form), (cadastro::Rows{{u""_s, u"Registro não Localizado"_s, u""_s}}));
     click(form, u"btnPrint"_s);
-    QVERIFY(impresso().front().contains(u"Nº de Registros..: 2"_s));
+    QVERIFY(impresso().front().contains(u"Nº de Registros..: 1"_s));
+}
+
+void TestRelatorio::nothingFoundMayBeTold()
+{
+    letra = u"X"_s;
+    support::Boxes boxes;
+    boxes.exclamation(u"Nenhum Registro Localizado com sua pesquisa"_s);
+    ui::Form *form = abre(95);
+    boxes.finish();
+    QCOMPARE(cadastro::list(form)->count(), 0);
+    click(form, u"btnPrint"_s);
+    QVERIFY(impresso().front().contains(u"Exibindo.....: de: 1 à 0"_s));
 }
 
 void TestRelatorio::aModeWithoutAReportIsAnEmptyWindow()
@@ -528,6 +529,47 @@ void TestRelatorio::aLongListIsPreviewedAtOnce()
         escritas += folha.size();
     }
     QCOMPARE(escritas, linhas + 400 * 6);
+}
+
+void TestRelatorio::aLongReadingIsLeftByEsc_data()
+{
+    QTest::addColumn<int>("modo");
+    QTest::addColumn<int>("totais");
+    QTest::newRow("rows of a statement with their sum") << 92 << 1;
+    QTest::newRow("rows made by hand") << 96 << 0;
+}
+
+/// The list, its sum and its paper then hold what was read.
+void TestRelatorio::aLongReadingIsLeftByEsc()
+{
+    QFETCH(int, modo);
+    QFETCH(int, totais);
+    programa_->sql(u"DELETE * FROM Pecas"_s);
+    {
+        const dao::Unit umaVez;
+        for (int peca = 0; peca < 500; ++peca) {
+            programa_->part(u"PECA %1"_s.arg(peca), u"P"_s, u"1"_s);
+        }
+    }
+    QStringList vistas;
+    int olhadas = 0;
+    defineMostrador({.mostra = [&](const QString &obra, int, int) { vistas << obra; },
+                     .termina = [] {},
+                     .deixa = [&] { return ++olhadas == 1; },
+                     .demora = std::chrono::milliseconds(0)});
+    ui::Form *form = abre(modo);
+    defineMostrador({});
+    QCOMPARE(vistas, QStringList{u"Lendo o relatório (Esc interrompe)"_s});
+    QVERIFY(form->windowTitle().endsWith(u"] - Leitura interrompida"_s));
+    constexpr int umaOlhada = 16;
+    QCOMPARE(cadastro::list(form)->count(), umaOlhada + totais);
+    if (totais > 0) {
+        QCOMPARE(cadastro::rowsOf(form).back(), (QStringList{u""_s, u"Total:"_s, u"16,00"_s}));
+        cadastro::list(form)->sortBy(1, Qt::DescendingOrder);
+        QCOMPARE(cadastro::columnOf(form, 1).mid(0, 2), (QStringList{u"Total:"_s, u"PECA 111"_s}));
+        click(form, u"btnPrint"_s);
+        QVERIFY(impresso().front().contains(u"Nº de Registros..: 17"_s));
+    }
 }
 
 void TestRelatorio::btnVoltarCloses()
