@@ -1,19 +1,38 @@
 #include "reports/catalogo.h"
 
+#include "reports/relaaniversarios.h"
 #include "reports/relacheques.h"
+#include "reports/reladevedores.h"
+#include "reports/relapagamento.h"
+#include "reports/relavisitas.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <vector>
 
 namespace reports
 {
 
+namespace
+{
+
+constexpr std::array assuntos{
+    relatoriosDePagamento,
+    relatoriosDeDevedores,
+    relatoriosDeCheques,
+    relatoriosDeVisitas,
+    relatoriosDeAniversarios,
+};
+
+} // namespace
+
 std::span<const Relatorio> Catalogo()
 {
     static const std::vector<Relatorio> todos = [] {
         std::vector<Relatorio> reunidos;
-        for (const auto relatorios : {relatoriosDeCheques()}) {
+        for (const auto assunto : assuntos) {
+            const auto relatorios = assunto();
             std::ranges::copy(relatorios, std::back_inserter(reunidos));
         }
         return reunidos;
