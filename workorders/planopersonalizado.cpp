@@ -35,27 +35,19 @@ constexpr std::array colunas{
 
 struct Situacao {
     QStringView texto;
-    QRgb noClaro;
-    QRgb noEscuro;
+    ui::Tone tom;
 };
 
 /// How the balance of the custom plan stands, for the eye and in words.
 const Situacao &situacaoDoSaldo(float saldo)
 {
-    static constexpr Situacao falta{u"falta distribuir", qRgb(0x9a, 0x4d, 0x00), qRgb(0xff, 0xb8, 0x4d)};
-    static constexpr Situacao fecha{u"plano completo", qRgb(0x16, 0x6b, 0x33), qRgb(0x6f, 0xd9, 0x8c)};
-    static constexpr Situacao sobra{u"acima do valor", qRgb(0xb0, 0x1c, 0x1c), qRgb(0xff, 0x8a, 0x80)};
+    static constexpr Situacao falta{u"falta distribuir", ui::Tone::Pending};
+    static constexpr Situacao fecha{u"plano completo", ui::Tone::Good};
+    static constexpr Situacao sobra{u"acima do valor", ui::Tone::Warning};
     if (saldo > 0) {
         return falta;
     }
     return saldo < 0 ? sobra : fecha;
-}
-
-void pinta(QWidget *rotulo, QRgb cor)
-{
-    QPalette paleta = rotulo->palette();
-    paleta.setColor(QPalette::WindowText, QColor(cor));
-    rotulo->setPalette(paleta);
 }
 
 } // namespace
@@ -149,7 +141,7 @@ void PlanoPersonalizado::mostraSituacao() const
     campos_.situacao->setText(situacao.texto.toString());
     campos_.saldo->setToolTip(situacao.texto.toString());
     for (QWidget *rotulo : {campos_.saldo, campos_.situacao}) {
-        pinta(rotulo, ui::isDark(rotulo->palette()) ? situacao.noEscuro : situacao.noClaro);
+        ui::setTone(*rotulo, situacao.tom);
     }
 }
 

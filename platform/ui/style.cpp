@@ -2,6 +2,7 @@
 
 #include "platform/ui/listview.h"
 
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QPainter>
 #include <QStyleOption>
@@ -42,11 +43,39 @@ void drawOutline(QPainter &painter, const QRect &mark, QColor color, bool round)
     painter.restore();
 }
 
+/// The colour of a tone on light and on dark windows.
+struct Shades {
+    QRgb onLight;
+    QRgb onDark;
+};
+
+const Shades &shadesOf(Tone tone)
+{
+    static constexpr Shades good{qRgb(0x16, 0x6b, 0x33), qRgb(0x6f, 0xd9, 0x8c)};
+    static constexpr Shades pending{qRgb(0x9a, 0x4d, 0x00), qRgb(0xff, 0xb8, 0x4d)};
+    static constexpr Shades warning{qRgb(0xb0, 0x1c, 0x1c), qRgb(0xff, 0x8a, 0x80)};
+    if (tone == Tone::Good) {
+        return good;
+    }
+    return tone == Tone::Pending ? pending : warning;
+}
+
 } // namespace
 
 bool isDark(const QPalette &palette)
 {
     return palette.color(QPalette::Window).lightness() < darkLightness;
+}
+
+void setTone(QWidget &label, Tone tone)
+{
+    QPalette palette; // only what is set here is the label's own: the rest follows its window
+    if (tone != Tone::Normal) {
+        const Shades &shades = shadesOf(tone);
+        palette.setColor(QPalette::WindowText,
+                         QColor(isDark(QGuiApplication::palette()) ? shades.onDark : shades.onLight));
+    }
+    label.setPalette(palette);
 }
 
 Style::Style() : QProxyStyle(u"Fusion"_s) {}

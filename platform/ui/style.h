@@ -37,4 +37,10 @@ private:
 /// True where the palette's windows are dark.
 bool isDark(const QPalette &palette);
 
+/// How a text is to be taken, for the eye: words or a sign have to say the same.
+enum class Tone { Normal, Good, Pending, Warning };
+
+/// Gives the text of a label the colour of a tone, readable on the ground of light and of dark windows.
+void setTone(QWidget &label, Tone tone);
+
 } // namespace ui
