@@ -12,6 +12,7 @@
 #include <QComboBox>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -91,10 +92,17 @@ void plainCombo(QComboBox *combo)
     }
 }
 
+/// The button that a mnemonic is for: the one that it stands on, or the one beside the label that it stands on.
+QAbstractButton *buttonOf(QWidget *widget)
+{
+    const auto *label = qobject_cast<QLabel *>(widget);
+    return qobject_cast<QAbstractButton *>(label ? label->buddy() : widget);
+}
+
 /// Qt lets a button go a moment after its mnemonic: into whatever has come up meanwhile, the button's own question too.
 bool pressAtOnce(QWidget *widget, const QShortcutEvent &event)
 {
-    auto *button = qobject_cast<QAbstractButton *>(widget);
+    auto *button = buttonOf(widget);
     if (!button || event.isAmbiguous()) {
         return false;
     }
@@ -292,9 +300,10 @@ bool Form::doubleClicked(QWidget *control)
 /// A button that its mnemonic presses takes the focus first, as a click does; else the field would be left behind it.
 bool Form::shortcutActs(QWidget *widget)
 {
-    if (qobject_cast<QAbstractButton *>(widget) && (widget->focusPolicy() & Qt::ClickFocus) != 0) {
-        widget->setFocus(Qt::ShortcutFocusReason);
-        return FocusTracker::instance().settle() && widget->hasFocus();
+    auto *button = buttonOf(widget);
+    if (button && (button->focusPolicy() & Qt::ClickFocus) != 0) {
+        button->setFocus(Qt::ShortcutFocusReason);
+        return FocusTracker::instance().settle() && button->hasFocus();
     }
     return true;
 }

@@ -51,6 +51,7 @@ private slots:
     void unloadInsideAFocusEventIsSafe();
     void mnemonicOfAButtonLeavesTheFieldFirst();
     void mnemonicOfAButtonActsAtOnce();
+    void mnemonicOfTheLabelOfAButtonPressesIt();
     void controlAddedLaterIsWatched();
 
     // What an event does to the focus.
@@ -277,6 +278,24 @@ void tst_focus::mnemonicOfAButtonActsAtOnce()
 {
     key(form_, Qt::Key_F, Qt::AltModifier);
     QCOMPARE(told, (QStringList{u"txtUm LostFocus"_s, u"btnFazer GotFocus"_s, u"btnFazer Click"_s}));
+}
+
+/// Six boxes of one caption are told apart by the labels of their lines.
+void tst_focus::mnemonicOfTheLabelOfAButtonPressesIt()
+{
+    auto *label = qobject_cast<QLabel *>(form_->findChild<QFormLayout *>()->labelForField(form_->btnFazer));
+    QCOMPARE(label->buddy(), form_->btnFazer);
+    label->setText(u"&Linha:"_s);
+    key(form_, Qt::Key_L, Qt::AltModifier);
+    QCOMPARE(told, (QStringList{u"txtUm LostFocus"_s, u"btnFazer GotFocus"_s, u"btnFazer Click"_s}));
+    moveTo(form_->txtUm);
+    told.clear();
+    support::Boxes boxes;
+    boxes.exclamation(u"Inválido"_s);
+    actions[u"txtUm LostFocus"_s] = refuse(u"Inválido"_s, form_->txtUm);
+    key(form_, Qt::Key_L, Qt::AltModifier);
+    boxes.finish();
+    QVERIFY(!told.contains(u"btnFazer Click"_s));
 }
 
 void tst_focus::controlAddedLaterIsWatched()
