@@ -296,6 +296,11 @@ bool CriaTabela(const QString &nome, QString &campos, const AvisoCritico &aviso)
     return criada;
 }
 
+void CriaLivroOrigem(const AvisoCritico &aviso)
+{
+    criaSeFalta(nomesDasTabelas(), livroOrigem, aviso);
+}
+
 void CriarDB(const AvisoCritico &aviso)
 {
     const QString nomes = nomesDasTabelas();
@@ -303,7 +308,7 @@ void CriarDB(const AvisoCritico &aviso)
         criaSeFalta(nomes, tabela, aviso);
     }
     if (Config(u"Personalizacao"_s) == u"1-1") {
-        criaSeFalta(nomes, livroOrigem, aviso);
+        CriaLivroOrigem(aviso);
     }
     atualiza();
     mantemOrdens();

@@ -22,6 +22,10 @@ bool CriaTabela(const QString &nome, QString &campos, const AvisoCritico &aviso)
 /// A table counts as present when any table's name begins with its name.
 void CriarDB(const AvisoCritico &aviso);
 
+/// Creates the table of the origin book where it is missing: `CriarDB` asks for it only where the installation's code
+/// does.
+void CriaLivroOrigem(const AvisoCritico &aviso);
+
 /// Opens `ArquivoDB` as DBDados; an absent file is created with the table `Senha` alone. Any other failure is raised.
 void AbreOuCriaBanco(const AvisoCritico &aviso);
 

@@ -165,6 +165,11 @@ void Program::config(const QString &key, const QString &value, const QString &se
     core::GravaINI(section, key, value, !clear.contains(key));
 }
 
+void Program::originBook()
+{
+    core::CriaLivroOrigem(critical);
+}
+
 void Program::sql(const QString &statement)
 {
     mustSucceed([&] { core::DBDados->Execute(statement); });

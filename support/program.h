@@ -35,6 +35,9 @@ public:
     /// Runs a statement that must succeed.
     void sql(const QString &statement);
 
+    /// The table of the origin book, which only some installations have.
+    void originBook();
+
     /// All rows of a SELECT as texts: Null is "<Null>", numbers with a decimal point and no exponent, in the shortest
     /// text that reads back as the same value (a Single as the same 32 bits), dates as "dd/mm/yyyy hh:mm:ss", "True",
     /// "False".
