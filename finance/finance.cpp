@@ -1,5 +1,6 @@
 #include "finance/finance.h"
 
+#include "finance/frmBalanco.h"
 #include "finance/frmMoviCaixa.h"
 #include "finance/frmMoviCheques.h"
 #include "finance/frmMoviContasPR.h"
@@ -16,6 +17,7 @@ using namespace Qt::StringLiterals;
 
 void registerForms()
 {
+    core::RegistraJanela(u"frmBalanco"_s, [] { return new frmBalanco; });
     core::RegistraJanela(u"frmMoviCaixa"_s, [] { return new frmMoviCaixa; });
     core::RegistraJanela(u"frmMoviCheques"_s, [] { return new frmMoviCheques; });
     core::RegistraJanela(
