@@ -7,6 +7,7 @@
 #include "finance/frmMoviContasPRBaixa.h"
 #include "finance/frmMoviFiados.h"
 #include "finance/frmMoviFiadosConta.h"
+#include "finance/frmMoviLivroOrigem.h"
 
 #include "core/devolucao.h"
 
@@ -25,6 +26,7 @@ void registerForms()
     core::RegistraJanela(u"frmMoviContasPRBaixa"_s, [] { return new frmMoviContasPRBaixa; });
     core::RegistraJanela(u"frmMoviFiados"_s, [] { return new frmMoviFiados; });
     core::RegistraJanela(u"frmMoviFiadosConta"_s, [] { return new frmMoviFiadosConta; });
+    core::RegistraJanela(u"frmMoviLivroOrigem"_s, [] { return new frmMoviLivroOrigem; });
 }
 
 } // namespace finance
