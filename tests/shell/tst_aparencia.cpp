@@ -80,6 +80,8 @@ constexpr std::array uses{
     Use{"frmMoviEstoque"},
     Use{"frmMoviCaixa"},
     Use{"frmMoviCaixa", 30},
+    Use{"frmMoviLivroOrigem"},
+    Use{"frmBalanco"},
     Use{"frmMoviFiados"},
     Use{"frmMoviFiadosConta"},
     Use{"frmMoviFiadosConta", 11},
@@ -131,6 +133,16 @@ const QMap<QString, QString> longest = {
     {u"txtQuantidade"_s, u"12.888,888"_s},
     {u"lblEstoqueMin"_s, u"12.888,888"_s},
     {u"txtValor"_s, money},
+    {u"txtDinheiro"_s, money},
+    {u"txtAvista"_s, money},
+    {u"txtAPrazo"_s, money},
+    {u"txtDuplicata"_s, money},
+    {u"lblLinha1"_s, money},
+    {u"lblLinha2"_s, money},
+    {u"lblLinha3"_s, money},
+    {u"lblLinha4"_s, money},
+    {u"lblLinha5"_s, money},
+    {u"lblLinha6"_s, money},
     {u"txtLimite"_s, money},
     {u"txtCusto"_s, money},
     {u"txtVenda"_s, money},
@@ -485,6 +497,7 @@ void TstAparencia::init()
 {
     surroundings_ = std::make_unique<Surroundings>();
     program_ = std::make_unique<support::Program>();
+    program_->originBook();
 }
 
 void TstAparencia::cleanup()

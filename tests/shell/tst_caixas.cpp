@@ -205,6 +205,13 @@ constexpr std::array rows{
     Row{u"frmMoviCaixa", u"txtValor", u"Caixa", u"Entrada"},
     Row{u"frmMoviCaixa", u"txtTexto"},
 
+    Row{u"frmMoviLivroOrigem", u"txtData", u"LivroOrigem", u"Data"},
+    Row{u"frmMoviLivroOrigem", u"txtOrigem", u"LivroOrigem", u"Origem"},
+    Row{u"frmMoviLivroOrigem", u"txtDinheiro", u"LivroOrigem", u"Dinheiro"},
+    Row{u"frmMoviLivroOrigem", u"txtAvista", u"LivroOrigem", u"Avista"},
+    Row{u"frmMoviLivroOrigem", u"txtAPrazo", u"LivroOrigem", u"Aprazo"},
+    Row{u"frmMoviLivroOrigem", u"txtDuplicata", u"LivroOrigem", u"Duplicata"},
+
     Row{u"frmMoviContasPR", u"txtData", u"ContasReceber", u"Data"},
     Row{u"frmMoviContasPR", u"txtDescricao", u"ContasReceber", u"Descricao"},
     Row{u"frmMoviContasPR", u"txtValor", u"ContasReceber", u"Valor"},
@@ -271,7 +278,11 @@ class TstCaixas : public QObject
 
 private slots:
     void initTestCase();
-    void init() { program_ = std::make_unique<support::Program>(); }
+    void init()
+    {
+        program_ = std::make_unique<support::Program>();
+        program_->originBook();
+    }
     void cleanup() { program_.reset(); }
 
     void everyBoxIsToldHere_data();

@@ -97,7 +97,11 @@ class TstFiguras : public QObject
 
 private slots:
     void initTestCase();
-    void init() { program_ = std::make_unique<support::Program>(); }
+    void init()
+    {
+        program_ = std::make_unique<support::Program>();
+        program_->originBook();
+    }
     void cleanup() { program_.reset(); }
 
     void everyPictureIsThereInAllSizes_data();

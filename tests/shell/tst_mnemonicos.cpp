@@ -31,7 +31,11 @@ class TstMnemonicos : public QObject
 
 private slots:
     void initTestCase();
-    void init() { program_ = std::make_unique<support::Program>(); }
+    void init()
+    {
+        program_ = std::make_unique<support::Program>();
+        program_->originBook();
+    }
     void cleanup() { program_.reset(); }
 
     void everyLetterIsGivenOnce_data();

@@ -54,6 +54,8 @@ constexpr State states[] = {
     {"stock", "frmMoviEstoque"},
     {"cash book", "frmMoviCaixa"},
     {"cash book as a report", "frmMoviCaixa", 30},
+    {"origin book", "frmMoviLivroOrigem"},
+    {"general balance", "frmBalanco"},
     {"pending orders", "frmMoviFiados"},
     {"account of a customer", "frmMoviFiadosConta"},
     {"customers with an account", "frmMoviFiadosConta", 11},
@@ -251,6 +253,7 @@ void TstPercurso::initTestCase()
 void TstPercurso::init()
 {
     program_ = std::make_unique<support::Program>();
+    program_->originBook();
     boxes_ = std::make_unique<support::Boxes>();
     newOrder();
 }
