@@ -1,13 +1,10 @@
 #include "documents/entradaitem.h"
 
-#include "documents/pecas.h"
-
 #include "core/caixacodigo.h"
 #include "core/caixalista.h"
 #include "core/funcoes.h"
 #include "core/informacoes.h"
 #include "core/janelas.h"
-#include "core/modos.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/boxes.h"
 #include "platform/ui/form.h"
@@ -85,17 +82,19 @@ void EntradaItem::liga(ui::Form &janela)
     new CaixaDeCodigo(janela, c_.txtCodPeca,
                       {.cadastro = u"frmCadaPecas",
                        .procura = c_.btnPecaFind,
-                       .modoProcura = modoProcuraPeca,
+                       .modoProcura = regras_.modoProcura,
                        .inclui = c_.btnPecaAdd,
-                       .modoInclui = modoIncluiPeca});
+                       .modoInclui = regras_.modoInclui});
     janela.onGotFocus(c_.txtQuantidade, this, &EntradaItem::txtQuantidade_GotFocus);
     janela.onLostFocus(c_.txtQuantidade, this, &EntradaItem::txtQuantidade_LostFocus);
-    janela.filterKeys(c_.txtQuantidade, SoDecimais);
     descricao_ =
         new CaixaDeLista(janela, c_.txtDescricao, ListaCombo::DescricaoItens, c_.btnMarcaAdd, c_.btnMarcaRemove);
     janela.onGotFocus(c_.txtValor, this, &EntradaItem::txtValor_GotFocus);
-    janela.onLostFocus(c_.txtValor, this, &EntradaItem::txtValor_LostFocus);
-    janela.filterKeys(c_.txtValor, SoDecimais);
+    if (regras_.soDecimais) {
+        janela.filterKeys(c_.txtQuantidade, SoDecimais);
+        janela.filterKeys(c_.txtValor, SoDecimais);
+        janela.onLostFocus(c_.txtValor, this, &EntradaItem::txtValor_LostFocus);
+    }
 }
 
 void EntradaItem::monta() const
@@ -108,6 +107,15 @@ void EntradaItem::txtCodPeca_GotFocus()
     SelecionaTexto(c_.txtCodPeca);
 }
 
+/// Why a registered item is not taken; "" takes it.
+QStringView EntradaItem::motivoDaRecusa(const std::optional<PecaItem> &peca) const
+{
+    if (!peca) {
+        return u"Código não Localizado";
+    }
+    return peca->ps == u"P" ? QStringView() : regras_.soPecas;
+}
+
 /// Fills the row from the register and goes on to the quantity. An unknown code is refused.
 void EntradaItem::txtCodPeca_LostFocus()
 {
@@ -116,12 +124,12 @@ void EntradaItem::txtCodPeca_LostFocus()
         return;
     }
     const auto peca = ProcuraPeca(texto);
-    if (!peca) {
-        Recusa(u"Código não Localizado"_s, c_.txtCodPeca);
+    if (const QStringView motivo = motivoDaRecusa(peca); !motivo.isEmpty()) {
+        Recusa(motivo.toString(), c_.txtCodPeca);
         return;
     }
     descricao_->escreve(peca->nome);
-    c_.txtValor->setText(peca->valorVenda);
+    c_.txtValor->setText(peca.value().*regras_.valor);
     c_.txtCodPeca->setText(peca->codigo);
     ui::setTagOf(c_.txtCodPeca, peca->ps);
     ui::setTagOf(c_.txtQuantidade, peca->um);
@@ -196,7 +204,9 @@ void EntradaItem::esvazia() const
 {
     c_.txtQuantidade->clear();
     c_.txtValor->clear();
-    descricao_->escreve({});
+    if (!regras_.descricaoFica) {
+        descricao_->escreve({});
+    }
     c_.txtCodPeca->clear();
     ui::setTagOf(c_.txtCodPeca, {});
     ui::setTagOf(c_.txtQuantidade, {});

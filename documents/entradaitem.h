@@ -1,6 +1,8 @@
 #pragma once
 
+#include "core/modos.h"
 #include "documents/itens.h"
+#include "documents/pecas.h"
 
 class QAbstractButton;
 class QComboBox;
@@ -19,9 +21,19 @@ class Form;
 namespace documents
 {
 
-/// The entry row of an item (code, quantity, description, unit value), as orders and estimates share it. It answers its
-/// own events. The kind of a registered item ("P", "S") is the `Tag` of the code, its unit of measure the `Tag` of the
-/// quantity.
+/// How a window takes its items. What is not told is that of orders and estimates.
+struct RegrasDaEntrada {
+    QString PecaItem::*valor = &PecaItem::valorVenda; ///< what a registered item's unit value begins with
+    QStringView soPecas = {};                         ///< what is said of a service where only parts are taken
+    bool soDecimais = true;     ///< quantity and value take digits and marks alone, and a value left becomes money
+    bool descricaoFica = false; ///< for the next item
+    qint16 modoProcura = core::modoProcuraPeca;
+    qint16 modoInclui = core::modoIncluiPeca;
+};
+
+/// The entry row of an item (code, quantity, description, unit value), as orders, estimates and suppliers' notes share
+/// it. It answers its own events. The kind of a registered item ("P", "S") is the `Tag` of the code, its unit of
+/// measure the `Tag` of the quantity.
 class EntradaItem
 {
 public:
@@ -36,7 +48,10 @@ public:
         QAbstractButton *btnMarcaRemove;
     };
 
-    explicit EntradaItem(const Controles &controles) : c_(controles) {}
+    explicit EntradaItem(const Controles &controles, const RegrasDaEntrada &regras = {})
+        : c_(controles), regras_(regras)
+    {
+    }
 
     /// Connects the events of the row. For the constructor of the window.
     void liga(ui::Form &janela);
@@ -67,7 +82,10 @@ private:
     void txtValor_GotFocus();
     void txtValor_LostFocus();
 
+    QStringView motivoDaRecusa(const std::optional<PecaItem> &peca) const;
+
     Controles c_;
+    RegrasDaEntrada regras_;
     core::CaixaDeLista *descricao_ = nullptr;
 };
 

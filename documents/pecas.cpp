@@ -22,6 +22,7 @@ std::optional<PecaItem> ProcuraPeca(const QString &texto)
     return PecaItem{.codigo = Format(peca[u"Codigo"].Value(), mascaraCodigo),
                     .nome = NuloParaVazio(peca[u"Nome"].Value()),
                     .valorVenda = Format(peca[u"ValorVenda"].Value(), mascaraValor),
+                    .valorCusto = Format(peca[u"ValorCusto"].Value(), mascaraValor),
                     .ps = NuloParaVazio(peca[u"PS"].Value()),
                     .um = NuloParaVazio(peca[u"UM"].Value())};
 }

@@ -12,6 +12,7 @@ struct PecaItem {
     QString codigo; ///< "0000"
     QString nome;
     QString valorVenda; ///< "###,##0.00"
+    QString valorCusto; ///< the same
     QString ps;
     QString um;
 };

@@ -82,11 +82,13 @@ void TstRegras::findsAnItem()
     program_->sql(u"UPDATE Pecas SET CodExterno = 'FILTRO-A' WHERE Codigo = 1"_s);
     program_->sql(u"UPDATE Pecas SET CodExterno = '7891000100' WHERE Codigo = 3"_s);
     program_->sql(u"UPDATE Pecas SET CodExterno = '12.5' WHERE Codigo = 4"_s);
+    program_->sql(u"UPDATE Pecas SET ValorCusto = 1010.4 WHERE Codigo = 2"_s);
 
     const auto found = ProcuraPeca(text);
     QCOMPARE(found ? found->nome : QString(), name);
     if (found && found->codigo == u"0002") {
         QCOMPARE(found->valorVenda, u"1.030,50"_s);
+        QCOMPARE(found->valorCusto, u"1.010,40"_s);
         QCOMPARE(found->ps, u"P"_s);
         QCOMPARE(found->um, u"2"_s);
     }
