@@ -1,5 +1,6 @@
 #include "stock/stock.h"
 
+#include "stock/frmMoviEntradaPeca.h"
 #include "stock/frmMoviEstoque.h"
 
 #include "core/devolucao.h"
@@ -11,6 +12,7 @@ using namespace Qt::StringLiterals;
 
 void registerForms()
 {
+    core::RegistraJanela(u"frmMoviEntradaPeca"_s, [] { return new frmMoviEntradaPeca; });
     core::RegistraJanela(u"frmMoviEstoque"_s, [] { return new frmMoviEstoque; });
 }
 
