@@ -100,12 +100,13 @@ struct Ordem {
     QStringView colunas;
 };
 
-constexpr std::array<Ordem, 11> ordens{{
+constexpr std::array<Ordem, 12> ordens{{
     {u"Clientes", u"Nome"},
     {u"Fornecedores", u"Nome"},
     {u"Pecas", u"Nome"},
     {u"Pecas", u"PS,Nome,MarcaModelo"},
     {u"Estoque", u"CodPeca,Data,Codigo"},
+    {u"Estoque", u"CodPeca"}, // as its rows were stored: what the last one of each part shows
     {u"Caixa", u"Data,Codigo"},
     {u"Banco1", u"Data,Codigo"},
     {u"Banco2", u"Data,Codigo"},

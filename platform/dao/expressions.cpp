@@ -158,9 +158,9 @@ Term ExpressionWriter::write(const Expression &expression)
         return condition(u'(' + asValue(write(expression.parts[0])) +
                          (expression.negated ? u" IS NOT NULL)"_s : u" IS NULL)"_s));
     case Kind::Exists:
-        return condition(u"(EXISTS "_s + writeSubselect(*expression.select, true).sql + u')');
+        return condition(u"(EXISTS "_s + writeSubselect(*expression.select, Wanted::Rows).sql + u')');
     case Kind::Subselect:
-        return writeSubselect(*expression.select, false);
+        return writeSubselect(*expression.select, Wanted::Value);
     case Kind::Star:
         break;
     }
@@ -394,7 +394,7 @@ Term ExpressionWriter::writeIn(const Expression &expression)
     const Term value = write(expression.parts[0]);
     const QString start = u'(' + asKey(value) + (expression.negated ? u" NOT IN "_s : u" IN "_s);
     if (expression.select) {
-        const Term found = writeSubselect(*expression.select, false);
+        const Term found = writeSubselect(*expression.select, Wanted::List);
         align(value, found);
         return condition(start + found.sql + u')');
     }

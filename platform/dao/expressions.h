@@ -68,8 +68,12 @@ protected:
 
     const runtime::Value &literalAt(int place) const;
 
+    /// What is wanted of a SELECT inside an expression: the value of its first row, the values of all, or whether it
+    /// has rows, whatever their columns.
+    enum class Wanted { Value, List, Rows };
+
     /// A SELECT inside an expression: its text and the type of its only column.
-    virtual Term writeSubselect(const Select &select, bool anyColumns) = 0;
+    virtual Term writeSubselect(const Select &select, Wanted wanted) = 0;
 
     /// Raises 3061 where names were left over.
     void finish() const;

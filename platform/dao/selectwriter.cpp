@@ -72,6 +72,39 @@ bool isAggregateCall(const Expression &expression)
     return function != nullptr && isAggregate(*function);
 }
 
+/// A SELECT of a column of one row, the one of those found that was stored first or last.
+struct EndRow {
+    Select select;
+    bool last = false;
+};
+
+/// The row that gives "SELECT Last(column) FROM table WHERE ..." its value; none where the SELECT is another one.
+std::optional<EndRow> endRowOf(const Select &select)
+{
+    const bool plain = select.items.size() == 1 && select.from.size() == 1 && select.from.front().group.empty() &&
+                       select.groupBy.empty() && !select.having && select.orderBy.empty() && !select.distinct &&
+                       select.topLiteral < 0 && select.unions.empty();
+    if (!plain || !isAggregateCall(select.items.front().expression)) {
+        return std::nullopt;
+    }
+    const Expression &call = select.items.front().expression;
+    const bool last = call.text.compare("LAST"_L1, Qt::CaseInsensitive) == 0;
+    const bool first = call.text.compare("FIRST"_L1, Qt::CaseInsensitive) == 0;
+    if (!(first || last) || call.parts.size() != 1 || call.parts.front().kind != Expression::Kind::Name) {
+        return std::nullopt;
+    }
+    EndRow row{select, last};
+    row.select.items.front().expression = call.parts.front();
+    return row;
+}
+
+/// Read from its end, an index gives the row without the ones before it.
+QString endRowText(const Written &written, bool last)
+{
+    return u"SELECT "_s + written.values().constFirst() + u" FROM "_s + written.from + whereClause(written.where) +
+           orderBy(written.order, last) + u" LIMIT 1"_s;
+}
+
 } // namespace
 
 QStringList Written::values() const
@@ -108,21 +141,24 @@ SelectWriter::SelectWriter(const Schema &schema, const Tokens &tokens, QStringVi
 {
 }
 
-Term SelectWriter::writeSubselect(const Select &select, bool anyColumns)
+Term SelectWriter::writeSubselect(const Select &select, Wanted wanted)
 {
+    // Without rows the one is a row of Null, the other none: as a value they are the same.
+    const auto endRow = wanted == Wanted::Value ? endRowOf(select) : std::nullopt;
     const bool aggregate = std::exchange(sawAggregate_, false);
     const bool bare = std::exchange(sawBareColumn_, false);
     const Scope scope = openScope(select);
     const Scope *const outer = std::exchange(scope_, &scope);
-    const Written written = writeSelect(select);
+    const Written written = writeSelect(endRow ? endRow->select : select);
     scope_ = outer;
     sawAggregate_ = aggregate;
     sawBareColumn_ = bare;
-    if (written.columns.size() != 1 && !anyColumns) {
+    if (written.columns.size() != 1 && wanted != Wanted::Rows) {
         runtime::raise(3306);
     }
     Term term;
-    term.sql = u'(' + selectText(select, written, written.values()) + u')';
+    term.sql =
+        u'(' + (endRow ? endRowText(written, endRow->last) : selectText(select, written, written.values())) + u')';
     term.type = written.columns.front().type;
     return term;
 }

@@ -46,7 +46,7 @@ class SelectWriter : public ExpressionWriter
 protected:
     SelectWriter(const Schema &schema, const Tokens &tokens, QStringView text);
 
-    Term writeSubselect(const Select &select, bool anyColumns) override;
+    Term writeSubselect(const Select &select, Wanted wanted) override;
     std::shared_ptr<const Table> definedTable(const QString &name, int error) const;
     Scope openScope(const Select &select);
     void writeFrom(const Select &select, Written &written);

@@ -29,6 +29,7 @@ private slots:
     void whatIsSearchedByAnotherColumnIsSorted_data();
     void whatIsSearchedByAnotherColumnIsSorted();
     void theNamesAreReadFromTheIndexAlone();
+    void theLastRowOfAPartIsLookedUp();
     void anOlderFileGetsThem();
     void aFileThatIsLockedIsLeftAsItIs();
 
@@ -119,10 +120,27 @@ void TestOrdens::theNamesAreReadFromTheIndexAlone()
     QVERIFY2(passo.contains(u"USING COVERING INDEX Clientes~>Nome"_s), qPrintable(passo));
 }
 
+/// Not among all rows of the part.
+void TestOrdens::theLastRowOfAPartIsLookedUp()
+{
+    const auto arquivo = dao::openFile(core::DBDados->path(), false);
+    const QString consulta =
+        u"SELECT Codigo FROM Pecas WHERE (Select last(estoque) from Estoque where CodPeca = Pecas.Codigo) < 1"_s;
+    const auto plano = arquivo->plan(dao::tokenize(consulta), consulta);
+    dao::Prepared explica(arquivo->handle(), "EXPLAIN QUERY PLAN " + plano->keys.sql());
+    QStringList passos;
+    while (explica.step()) {
+        passos << std::get<QString>(explica.value(3));
+    }
+    QVERIFY2(plano->keys.sql().contains("DESC LIMIT 1)"), plano->keys.sql().constData());
+    QCOMPARE(passos.size(), 3); // nothing is sorted
+    QVERIFY2(passos.last().contains(u"USING INDEX Estoque~>CodPeca (CodPeca=?)"_s), qPrintable(passos.last()));
+}
+
 void TestOrdens::anOlderFileGetsThem()
 {
     const int todas = ordens();
-    QCOMPARE(todas, 11);
+    QCOMPARE(todas, 12);
     for (const auto *tabela : {u"Clientes", u"Caixa"}) {
         const QString nome = QStringView(tabela).toString();
         core::DBDados->Execute(u"DROP TABLE "_s + nome);
