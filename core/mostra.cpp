@@ -10,6 +10,17 @@ using namespace Qt::StringLiterals;
 namespace core
 {
 
+namespace
+{
+
+/// A unit never written counts as 0.
+int codigoDaUnidade(const dao::Recordset &linha, int lugar)
+{
+    return comoEsta(linha, lugar).toInt();
+}
+
+} // namespace
+
 QString comoEsta(const dao::Recordset &linha, int lugar)
 {
     return NuloParaVazio(linha.value(lugar));
@@ -38,6 +49,19 @@ QString comoValorOuBranco(const dao::Recordset &linha, int lugar)
 QString comoSimNao(const dao::Recordset &linha, int lugar)
 {
     return Verdadeiro(linha.value(lugar)) ? u"Sim"_s : u"Não"_s;
+}
+
+QString comoQuantidade(const dao::Recordset &linha, int lugar)
+{
+    const runtime::Value valor = linha.value(lugar);
+    return runtime::IsNull(valor)
+               ? QString()
+               : FormataQuantidade(runtime::CDbl(valor), codigoDaUnidade(linha, linha.fieldPlace(u"UM")));
+}
+
+QString comoUnidade(const dao::Recordset &linha, int lugar)
+{
+    return NomeDaUnidade(codigoDaUnidade(linha, lugar));
 }
 
 } // namespace core

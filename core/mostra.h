@@ -20,5 +20,7 @@ QString comoData(const dao::Recordset &linha, int lugar);          ///< "dd/mm/y
 QString comoValor(const dao::Recordset &linha, int lugar);         ///< "###,##0.00"
 QString comoValorOuBranco(const dao::Recordset &linha, int lugar); ///< the same, one blank for Null
 QString comoSimNao(const dao::Recordset &linha, int lugar);        ///< "Sim" or "Não"
+QString comoQuantidade(const dao::Recordset &linha, int lugar);    ///< by the row's own `UM`, "" for Null
+QString comoUnidade(const dao::Recordset &linha, int lugar);       ///< the name of a unit's code
 
 } // namespace core

@@ -39,25 +39,9 @@ QString opcaoControla(const dao::Recordset &linha, int lugar)
     return Verdadeiro(linha.value(lugar)) ? u"-1"_s : u"0"_s;
 }
 
-int unidadeDe(const dao::Recordset &linha)
-{
-    return comoEsta(linha, linha.fieldPlace(u"UM")).toInt();
-}
-
-QString quantidade(const dao::Recordset &linha, int lugar)
-{
-    const Value valor = linha.value(lugar);
-    return IsNull(valor) ? QString() : FormataQuantidade(CDbl(valor), unidadeDe(linha));
-}
-
 QString quantidadeOuBranco(const dao::Recordset &linha, int lugar)
 {
-    return IsNull(linha.value(lugar)) ? u" "_s : quantidade(linha, lugar);
-}
-
-QString nomeDaUnidade(const dao::Recordset &linha, int lugar)
-{
-    return NomeDaUnidade(comoEsta(linha, lugar).toInt());
+    return IsNull(linha.value(lugar)) ? u" "_s : comoQuantidade(linha, lugar);
 }
 
 // --- written
@@ -107,9 +91,9 @@ constexpr std::array campos{
     Campo{u"cboUnidade", u"UM", comoEsta, comoInteiro},
     Campo{u"txtCusto", u"ValorCusto", comoValor, comoTexto, SoDecimais, TipoMascara::Valor},
     Campo{u"txtVenda", u"ValorVenda", comoValor, comoTexto, SoDecimais, TipoMascara::Valor},
-    Campo{u"txtEstoque", u"EstoqueMinimo", quantidade, estoqueMinimo, SoDecimais},
+    Campo{u"txtEstoque", u"EstoqueMinimo", comoQuantidade, estoqueMinimo, SoDecimais},
     Campo{u"optSim", u"ControlaEstoque", opcaoControla, comoInteiro},
-    Campo{u"txtEstoqueAtual", u"Estoque", quantidade, nullptr, SoDecimais},
+    Campo{u"txtEstoqueAtual", u"Estoque", comoQuantidade, nullptr, SoDecimais},
     Campo{u"txtCodExterno", u"CodExterno", comoEsta, ouNulo},
     Campo{u"txtICMS", u"ICMS", comoEsta, ouNulo, SoInteiros},
     Campo{u"txtClass", u"ClassFiscal", comoEsta, ouNulo},
@@ -127,7 +111,7 @@ constexpr std::array colunas{
     ColunaLista{u"Descrição Peça/Serviço", 3400, u"Nome", comoEsta},
     ColunaLista{u"Aplicação Marca/Modelo", 3400, u"MarcaModelo", comoEsta},
     ColunaLista{u"Peça/Serviço", 400, u"PS", comoEsta},
-    ColunaLista{u"U.M.", 1000, u"UM", nomeDaUnidade},
+    ColunaLista{u"U.M.", 1000, u"UM", comoUnidade},
     ColunaLista{u"Valor Custo", 1500, u"ValorCusto", comoValor, Qt::AlignRight},
     ColunaLista{u"Valor de Venda", 1500, u"ValorVenda", comoValor, Qt::AlignRight},
     ColunaLista{u"Estoque Mínimo", 1500, u"EstoqueMinimo", quantidadeOuBranco, Qt::AlignRight},
