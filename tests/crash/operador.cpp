@@ -1,9 +1,9 @@
 // Opens and closes orders without end on the program folder given as argument, settles what their closing left,
-// recalculates the ledgers, alters orders item by item, and turns estimates into orders, each operation as one unit.
-// Begins with the form of payment that the second argument tells. Tells each finished one on its standard output:
-// "ABERTA code", "FECHADA code form", a word and a code for what was settled, "RECALCULADO ledger" with the code of its
-// newest row, "ALTERADA code step", "ORCADO estimate", "CONVERTIDA order estimate". The crash test kills it while it
-// works.
+// recalculates the ledgers, alters orders item by item, turns estimates into orders, and receives suppliers' notes,
+// each operation as one unit. Begins with the form of payment that the second argument tells. Tells each finished one
+// on its standard output: "ABERTA code", "FECHADA code form", a word and a code for what was settled, "RECALCULADO
+// ledger" with the code of its newest row, "ALTERADA code step", "ORCADO estimate", "CONVERTIDA order estimate",
+// "NOTA number". The crash test kills it while it works.
 #include "documents/documentogravado.h"
 #include "documents/itensgravados.h"
 #include "estimates/orcamento.h"
@@ -11,6 +11,7 @@
 #include "finance/pagamentoconta.h"
 #include "finance/pendencia.h"
 #include "finance/recebimento.h"
+#include "stock/entrada.h"
 #include "workorders/abertura.h"
 #include "workorders/alteracao.h"
 #include "workorders/fechamento.h"
@@ -298,6 +299,24 @@ void convert()
     tell(u"CONVERTIDA %1 %2"_s.arg(code).arg(estimate));
 }
 
+/// A note with a part on two lines, whose costs are others every time.
+void receiveNote(int turn)
+{
+    const QString cost = u"%1,25"_s.arg(10 + turn % 50);
+    qint32 number = 0;
+    {
+        const dao::Unit unit;
+        number = stock::IncluiNota({.codFornecedor = u"0001"_s,
+                                    .observacoes = {},
+                                    .valor = u"100,00"_s,
+                                    .linhas = {{u"0001"_s, u"P"_s, u"02"_s, u"FILTRO"_s, u"9,50"_s, {}},
+                                               {u"0003"_s, u"P"_s, u"05"_s, u"VELA"_s, cost, {}},
+                                               {u"0000"_s, u"A"_s, u"01"_s, u"FRETE"_s, u"10,00"_s, {}},
+                                               {u"0001"_s, u"P"_s, u"03"_s, u"FILTRO"_s, cost, {}}}});
+    }
+    tell(u"NOTA %1"_s.arg(number));
+}
+
 void serve(int turn)
 {
     const auto code = open();
@@ -325,5 +344,6 @@ int main(int argc, char **argv)
         serve(turn);
         alter(turn);
         convert();
+        receiveNote(turn);
     }
 }

@@ -1,9 +1,10 @@
 // Kills the program at random moments while it opens and closes orders, settles what they left, recalculates its
-// ledgers, alters orders and turns estimates into orders. Whatever the moment, the file opens again, is whole, holds
-// every row that a finished operation wrote, and of the one that was cut all rows or none; the next recalculation sets
-// all balances right.
+// ledgers, alters orders, turns estimates into orders and receives suppliers' notes. Whatever the moment, the file
+// opens again, is whole, holds every row that a finished operation wrote, and of the one that was cut all rows or none;
+// the next recalculation sets all balances right.
 #include "support/program.h"
 #include "tests/crash/alteradas.h"
+#include "tests/crash/recebidas.h"
 
 #include "core/caminhos.h"
 #include "core/modulo.h"
@@ -28,7 +29,7 @@ namespace
 {
 
 constexpr int kills = 200;
-constexpr int longestRun = 300; ///< milliseconds of work until a kill
+constexpr int longestRun = 400; ///< milliseconds of work until a kill
 constexpr int allForms = 6;
 
 /// What closing with a form leaves: a statement that counts its rows for the order %1, and how many there are.
@@ -225,6 +226,7 @@ private:
     std::map<QString, QStringList> settled_; ///< by the word that told of it, the codes
     std::vector<std::pair<QString, QString>> toCheck_;
     crash::Altered altered_;
+    crash::Received received_;
     std::array<Ledger, 3> ledgers_{
         {{&core::razaoCaixa, {}}, {&core::razaoBanco1, {}}, {&core::razaoContaFiado, u"1"_s}}};
     int mended_ = 0; ///< how often a recalculation had something to set right
@@ -240,6 +242,7 @@ void tst_crash::init()
     program_->vehicle(1, u"ABC1234"_s);
     program_->part(u"FILTRO"_s, u"P"_s, u"30,00"_s, true);
     program_->part(u"REVISÃO"_s, u"S"_s, u"30,00"_s, false);
+    program_->part(u"VELA"_s, u"P"_s, u"20,00"_s, true);
     core::LancaNoRazao(core::razaoCaixa, {.descricao = u"ABERTURA"_s, .valor = 0.1F}); // nothing is cleared without
 }
 
@@ -276,7 +279,7 @@ void tst_crash::readFinished(const QByteArray &output)
             closed_[words[1].toInt()] = words[2].toInt();
         } else if (words[0] == u"RECALCULADO"_s) {
             std::ranges::find(ledgers_, words[1], tableOf)->recalculated = words[2].toInt();
-        } else if (altered_.read(words)) {
+        } else if (altered_.read(words) || received_.read(words)) {
             continue;
         } else if (tracesOfSettling().contains(words[0])) {
             settled_[words[0]].append(words[1]);
@@ -409,6 +412,7 @@ void tst_crash::checkFile()
     }
     checkWhole();
     altered_.check(*program_);
+    received_.check(*program_);
     for (Ledger &ledger : ledgers_) {
         checkLedger(ledger);
     }
@@ -431,6 +435,7 @@ void tst_crash::everyFinishedOperationSurvivesAKill()
         checkClosed(code, form);
     }
     altered_.checkAll(*program_, kills / 10);
+    received_.checkAll(*program_, kills / 10);
     for (const auto &[word, codes] : settled_) {
         for (const auto &code : codes) {
             checkSettled(word, runtime::Format(code.toInt(), u"0000"));
