@@ -195,6 +195,12 @@ constexpr std::array rows{
     Row{u"frmMoviEstoque", u"txtData", u"Estoque", u"Data"},
     Row{u"frmMoviEstoque", u"txtDescricao", u"Estoque", u"Descricao"},
     Row{u"frmMoviEstoque", u"txtValor", u"Estoque", u"Entrada"},
+    Row{u"frmMoviEntradaPeca", u"txtCodFornecedor", u"NotasEntradas", u"CodForn"},
+    Row{u"frmMoviEntradaPeca", u"txtObs", u"NotasEntradas", u"Observacoes"},
+    Row{u"frmMoviEntradaPeca", u"txtCodPeca"}, // a code or an external code, and only the code found is written
+    Row{u"frmMoviEntradaPeca", u"txtQuantidade", u"NotasPecas", u"Quantidade"},
+    Row{u"frmMoviEntradaPeca", u"txtDescricao", u"NotasPecas", u"Descricao", listLength}, // refused above 200
+    Row{u"frmMoviEntradaPeca", u"txtValor", u"NotasPecas", u"ValorUnit"},
     Row{u"frmMoviFiados", u"txtTexto"},
     Row{u"frmMoviFiadosConta", u"txtData", u"ContaFiado", u"Data"},
     Row{u"frmMoviFiadosConta", u"txtDescricao", u"ContaFiado", u"Descricao"},

@@ -52,6 +52,7 @@ constexpr State states[] = {
     {"quick register", "frmCadaFast"},
     {"cheques", "frmMoviCheques"},
     {"stock", "frmMoviEstoque"},
+    {"receipt of parts", "frmMoviEntradaPeca"},
     {"cash book", "frmMoviCaixa"},
     {"cash book as a report", "frmMoviCaixa", 30},
     {"origin book", "frmMoviLivroOrigem"},

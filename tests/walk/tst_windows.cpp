@@ -42,6 +42,7 @@ constexpr auto commands = std::to_array<Command>({
     {u"itmCadaVeiculos", u"frmCadaVeiculos", u"btnVoltar"},
     {u"itmCadaPecas", u"frmCadaPecas", u"btnVoltar"},
     {u"itmCadaFornecedores", u"frmCadaFornecedor", u"btnVoltar"},
+    {u"itmMoviEntradaPecas", u"frmMoviEntradaPeca", u"btnVoltar"},
     {u"itmMoviEstoque", u"frmMoviEstoque", u"btnVoltar"},
     {u"itmMoviCaixa", u"frmMoviCaixa", u"btnVoltar"},
     {u"itmMoviContasPR", u"frmMoviContasPR", u"btnVoltar"},
