@@ -6,6 +6,7 @@
 #include "core/modos.h"
 #include "core/modulo.h"
 #include "core/pagina.h"
+#include "finance/livroorigem.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/listview.h"
 
@@ -42,22 +43,6 @@ constexpr std::array tabelas{TabelaMovimento{
     .exclusao = u"DELETE * FROM Combos WHERE Codigo = ",
 }};
 
-constexpr Campo campoDeValor(QStringView controle, QStringView coluna)
-{
-    return {
-        .controle = controle, .coluna = coluna, .grava = comoTexto, .tecla = SoDecimais, .mascara = TipoMascara::Valor};
-}
-
-constexpr std::array<QStringView, 4> valores{u"txtDinheiro", u"txtAvista", u"txtAPrazo", u"txtDuplicata"};
-constexpr std::array campos{
-    Campo{.controle = u"txtData", .coluna = u"Data", .grava = comoTexto, .data = RegrasDaData{}},
-    Campo{.controle = u"txtOrigem", .coluna = u"Origem", .grava = comoTexto},
-    campoDeValor(valores[0], u"Dinheiro"),
-    campoDeValor(valores[1], u"Avista"),
-    campoDeValor(valores[2], u"Aprazo"),
-    campoDeValor(valores[3], u"Duplicata"),
-};
-
 constexpr std::array verificacoes{
     Verificacao{u"txtData", dataValida, u"Data Inválida"},
     Verificacao{u"txtOrigem", naoVazio, u"Origem Inválida"},
@@ -67,7 +52,7 @@ constexpr Movimento movimento{
     .janela = u"frmMoviLivroOrigem",
     .titulo = u" - [Livro de Origem]",
     .tabelas = tabelas,
-    .campos = campos,
+    .campos = camposDaOrigem,
     .verificacoes = verificacoes,
     .periodo = Periodo{.diasAntes = 30},
     .cliqueCopia = true,
@@ -106,7 +91,7 @@ bool frmMoviLivroOrigem::confere(Gravacao gravacao)
     if (!JanelaMovimento::confere(gravacao)) {
         return false;
     }
-    for (const QStringView valor : valores) {
+    for (const QStringView valor : valoresDaOrigem) {
         if (!numerico(campos().texto(valor))) {
             campos().poeTexto(valor, u"0,00"_s);
         }
