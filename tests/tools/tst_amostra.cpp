@@ -99,6 +99,10 @@ private slots:
     void moneyLedgersReplay();
     void accountsReplayForEachCustomer();
     void stockReplaysForEachPartAndNeverRunsOut();
+    void partsComeByNotesOfSuppliers();
+    void theNewestNoteGivesTheCost();
+    void mostNotesArePaidSomeDaysLater();
+    void theOriginBookRunsOverTheLastMonths();
     void closingLeavesItsRows();
     void somethingIsStillOwedAndMuchIsPaid_data();
     void somethingIsStillOwedAndMuchIsPaid();
@@ -166,6 +170,8 @@ void TestAmostra::tellsWhatItWrote()
     QCOMPARE(count(*program_, u"OrdemServico"_s), resumo_.ordens);
     QCOMPARE(count(*program_, u"OrdemServico WHERE EmAberto = True"_s), resumo_.ordensAbertas);
     QCOMPARE(count(*program_, u"Senha"_s), resumo_.operadores);
+    QCOMPARE(count(*program_, u"NotasEntradas"_s), resumo_.notas);
+    QCOMPARE(count(*program_, u"LivroOrigem"_s), resumo_.origens);
 }
 
 void TestAmostra::writesRegistersAsTheirWindowsDo()
@@ -230,6 +236,10 @@ void TestAmostra::everyReferenceHasItsRow()
     QCOMPARE(count(*program_, u"Orcamento WHERE Codigo NOT IN (SELECT CodOrca FROM OrcaPecas)"_s), 0);
     QCOMPARE(count(*program_, u"OSPecas WHERE CodPeca <> 0 AND CodPeca NOT IN (SELECT Codigo FROM Pecas)"_s), 0);
     QCOMPARE(count(*program_, u"OSPecas WHERE CodPeca = 0 AND PSA <> 'A'"_s), 0);
+    QCOMPARE(count(*program_, u"NotasEntradas WHERE CodForn NOT IN (SELECT Codigo FROM Fornecedores)"_s), 0);
+    QCOMPARE(count(*program_, u"NotasEntradas WHERE Codigo NOT IN (SELECT CodNota FROM NotasPecas)"_s), 0);
+    QCOMPARE(count(*program_, u"NotasPecas WHERE CodNota NOT IN (SELECT Codigo FROM NotasEntradas)"_s), 0);
+    QCOMPARE(count(*program_, u"NotasPecas WHERE CodPeca <> 0 AND CodPeca NOT IN (SELECT Codigo FROM Pecas)"_s), 0);
     QCOMPARE(count(*program_, u"OrdemServico WHERE Codigo NOT IN (SELECT CodOS FROM OSPecas)"_s), 0);
     const auto owners =
         program_->rows(u"SELECT OrdemServico.Codigo FROM OrdemServico, Veiculos WHERE Veiculos.Codigo = "
@@ -263,6 +273,7 @@ void TestAmostra::documentsAreWorthTheirItems_data()
     QTest::addColumn<QString>("items");
     QTest::newRow("orders") << u"OrdemServico"_s << u"OSPecas WHERE CodOS = "_s;
     QTest::newRow("estimates") << u"Orcamento"_s << u"OrcaPecas WHERE CodOrca = "_s;
+    QTest::newRow("notes of suppliers") << u"NotasEntradas"_s << u"NotasPecas WHERE CodNota = "_s;
 }
 
 void TestAmostra::documentsAreWorthTheirItems()
@@ -342,6 +353,71 @@ void TestAmostra::stockReplaysForEachPartAndNeverRunsOut()
     QCOMPARE(all, count(*program_, u"Estoque"_s));
     QVERIFY(count(*program_, u"Estoque WHERE Descricao LIKE 'VENDA O.S. *'"_s) > 0);
     QCOMPARE(count(*program_, u"Estoque WHERE Estoque < 0"_s), 0);
+}
+
+/// A part under stock control comes into its ledger with the note that it was bought by, and no other way.
+void TestAmostra::partsComeByNotesOfSuppliers()
+{
+    QVERIFY(resumo_.notas > 20);
+    const auto bought = program_->rows(u"SELECT NotasPecas.CodNota, NotasPecas.CodPeca, NotasPecas.Quantidade FROM "
+                                       "NotasPecas, Pecas WHERE Pecas.Codigo = NotasPecas.CodPeca AND "
+                                       "Pecas.ControlaEstoque = True ORDER BY NotasPecas.Codigo"_s);
+    const auto entered = program_->rows(u"SELECT Descricao, CodPeca, Entrada FROM Estoque WHERE Descricao LIKE "
+                                        "'ENTRADA NOTA: *' ORDER BY Codigo"_s);
+    QVERIFY(bought.size() > 20);
+    QCOMPARE(entered.size(), bought.size());
+    for (std::size_t i = 0; i < bought.size(); ++i) {
+        QCOMPARE(entered[i][0], u"ENTRADA NOTA: "_s + runtime::Format(bought[i][0], core::mascaraCodigo));
+        QCOMPARE(entered[i].mid(1), bought[i].mid(1));
+    }
+    QCOMPARE(count(*program_, u"Estoque WHERE Entrada > 0 AND Descricao NOT LIKE 'ENTRADA *'"_s), 0);
+}
+
+void TestAmostra::theNewestNoteGivesTheCost()
+{
+    int parts = 0;
+    for (const QStringList &part : program_->rows(u"SELECT DISTINCT CodPeca FROM NotasPecas WHERE CodPeca <> 0"_s)) {
+        const auto newest =
+            program_->rows(u"SELECT ValorUnit FROM NotasPecas WHERE CodPeca = %1 ORDER BY Codigo DESC"_s.arg(part[0]));
+        const auto cost = program_->rows(u"SELECT ValorCusto FROM Pecas WHERE Codigo = "_s + part[0]);
+        QCOMPARE(cost.front(), newest.front());
+        ++parts;
+    }
+    QVERIFY(parts > 20);
+}
+
+void TestAmostra::mostNotesArePaidSomeDaysLater()
+{
+    const int paid = count(*program_, u"NotasEntradas WHERE Pago = True"_s);
+    QVERIFY(paid < resumo_.notas);
+    QVERIFY(2 * paid > resumo_.notas);
+    QCOMPARE(count(*program_, u"NotasEntradas WHERE Pago = True AND DataPagto IS NULL"_s), 0);
+    QCOMPARE(count(*program_, u"NotasEntradas WHERE Pago = True AND DataPagto <= Data"_s), 0);
+    QCOMPARE(count(*program_, u"NotasEntradas WHERE Pago = True AND DataPagto >= #05/15/2024#"_s), 0);
+    QCOMPARE(count(*program_, u"NotasEntradas WHERE Pago = False AND DataPagto IS NOT NULL"_s), 0);
+}
+
+void TestAmostra::theOriginBookRunsOverTheLastMonths()
+{
+    const auto today = runtime::CDate(u"15/05/2024"_s);
+    QSet<double> days;
+    double last = today.serial - 120;
+    for (auto row = core::DBDados->OpenRecordset(u"SELECT * FROM LivroOrigem ORDER BY Codigo"_s); !row.Eof();
+         row.MoveNext()) {
+        const auto day = runtime::CDate(row.value(u"Data"));
+        QVERIFY(day.serial >= last && day.serial < today.serial);
+        QVERIFY(runtime::toDateTime(day).date().dayOfWeek() != Qt::Sunday);
+        QVERIFY(single(row.value(u"Dinheiro")) > 0);
+        last = day.serial;
+        days.insert(day.serial);
+    }
+    QVERIFY(days.size() > 60);
+    QVERIFY(resumo_.origens > days.size());
+    for (const auto &column : {u"Avista"_s, u"Aprazo"_s, u"Duplicata"_s}) {
+        QVERIFY(count(*program_, u"LivroOrigem WHERE %1 > 0"_s.arg(column)) > 0);
+        QVERIFY(count(*program_, u"LivroOrigem WHERE %1 = 0"_s.arg(column)) > 0);
+    }
+    QCOMPARE(count(*program_, u"LivroOrigem WHERE Origem IS NULL OR Duplicata IS NULL"_s), 0);
 }
 
 void TestAmostra::closingLeavesItsRows()

@@ -238,49 +238,12 @@ void recalculaLivros()
     }
 }
 
-// --- stock
-
-void compra(const Item &item, float quantidade)
-{
-    core::LancaNoRazao(
-        core::razaoEstoque,
-        {.dono = QString::number(item.codigo), .descricao = u"COMPRA DE FORNECEDOR"_s, .valor = quantidade});
-}
-
 } // namespace
 
 Acertos::Acertos(const Oficina &oficina, int ordens)
     : sorteio_(oficina.tamanho.semente, sobreAcertos), deDespesas_(oficina.tamanho.semente, sobreDespesas),
-      ordensPorMes_(std::max(1, ordens / 24))
+      ordensPorMes_(OrdensPorMes(ordens))
 {
-    const auto anota = [this](const std::vector<Item> &itens) {
-        for (const Item &item : itens) {
-            if (item.estoque) {
-                comEstoque_.emplace(item.codigo, Saldo{&item, item.atual});
-            }
-        }
-    };
-    anota(oficina.pecasGerais);
-    for (const std::vector<Item> &doModelo : oficina.pecasDoModelo) {
-        anota(doModelo);
-    }
-}
-
-void Acertos::repoeEstoque(const std::vector<documents::LinhaItem> &itens)
-{
-    for (const documents::LinhaItem &linha : itens) {
-        const auto achado = comEstoque_.find(runtime::CLng(linha.codigo));
-        if (achado == comEstoque_.end()) {
-            continue;
-        }
-        Saldo &saldo = achado->second;
-        saldo.estoque -= runtime::CDbl(linha.quantidade);
-        if (saldo.estoque < saldo.item->minimo) {
-            const double quantidade = saldo.item->minimo * 2 + 6;
-            compra(*saldo.item, static_cast<float>(quantidade));
-            saldo.estoque += quantidade;
-        }
-    }
 }
 
 /// Cheques are deposited on their day; of the other debtors some let a week pass, and then another.
@@ -306,10 +269,10 @@ void Acertos::recebeFiados()
     }
 }
 
-/// On the first Saturday of a month, for the days to come.
+/// For the days to come.
 void Acertos::lancaDespesas()
 {
-    if (runtime::toDateTime(runtime::Today()).date().day() > 7) {
+    if (!PrimeiraSemanaDoMes()) {
         return;
     }
     for (const DespesaMensal &despesa : despesas()) {

@@ -11,8 +11,11 @@
 #include "tools/amostra/cadastros.h"
 #include "tools/amostra/orcamentos.h"
 #include "tools/amostra/ordens.h"
+#include "tools/amostra/origens.h"
 
 #include <QDir>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -76,10 +79,23 @@ Resumo enche(Oficina &oficina, const Progresso &progresso)
     IncluiClientes(oficina, resumo, progresso);
     IncluiOrdens(oficina, resumo, progresso);
     IncluiOrcamentos(oficina, resumo, progresso);
+    core::CriaLivroOrigem(recusa); // whatever the installation's code is: its rows wait for the one that shows them
+    resumo.origens = IncluiOrigens(oficina);
     return resumo;
 }
 
 } // namespace
+
+int OrdensPorMes(int ordens)
+{
+    return std::max(1, ordens / mesesDeOrdens);
+}
+
+bool PrimeiraSemanaDoMes()
+{
+    constexpr int diasDaSemana = 7;
+    return runtime::toDateTime(runtime::Today()).date().day() <= diasDaSemana;
+}
 
 QString Reais(qint64 centavos)
 {

@@ -36,6 +36,8 @@ struct Resumo {
     int ordens = 0;
     int ordensAbertas = 0;
     int orcamentos = 0;
+    int notas = 0;   ///< of suppliers
+    int origens = 0; ///< rows of the origin book
 };
 
 /// Tells how far a stage is: its name in Portuguese, and so many of so many.

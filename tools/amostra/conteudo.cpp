@@ -28,14 +28,7 @@ double quantidade(Sorteio &sorteio, const Item &item)
 
 LinhaItem linha(const Item &item, const QString &tipo, double quanto)
 {
-    const QString quantas = core::FormataQuantidade(quanto, item.um);
-    const QString unitario = Reais(item.preco);
-    return {.codigo = runtime::Format(item.codigo, core::mascaraCodigo),
-            .tipo = tipo,
-            .quantidade = quantas,
-            .descricao = item.nome,
-            .valorUnit = unitario,
-            .valorTotal = documents::ValorDaLinha(quantas, unitario)};
+    return LinhaDoItem(item, tipo, quanto, item.preco);
 }
 
 LinhaItem linhaAvulsa(Sorteio &sorteio)
@@ -79,15 +72,6 @@ std::vector<LinhaItem> itensPara(const Veiculo &veiculo, const Oficina &oficina,
     return itens;
 }
 
-QString soma(const std::vector<LinhaItem> &itens)
-{
-    QString total = u"0,00"_s;
-    for (const LinhaItem &item : itens) {
-        total = core::SomaTexto(total, item.valorTotal);
-    }
-    return total;
-}
-
 QString servicosExecutados(const std::vector<LinhaItem> &itens)
 {
     QStringList nomes;
@@ -109,6 +93,27 @@ QString quilometragem(const Veiculo &veiculo, const Oficina &oficina)
 
 } // namespace
 
+LinhaItem LinhaDoItem(const Item &item, const QString &tipo, double quanto, int unitario)
+{
+    const QString quantas = core::FormataQuantidade(quanto, item.um);
+    const QString valor = Reais(unitario);
+    return {.codigo = runtime::Format(item.codigo, core::mascaraCodigo),
+            .tipo = tipo,
+            .quantidade = quantas,
+            .descricao = item.nome,
+            .valorUnit = valor,
+            .valorTotal = documents::ValorDaLinha(quantas, valor)};
+}
+
+QString SomaDasLinhas(const std::vector<LinhaItem> &itens)
+{
+    QString total = u"0,00"_s;
+    for (const LinhaItem &item : itens) {
+        total = core::SomaTexto(total, item.valorTotal);
+    }
+    return total;
+}
+
 workorders::NovaOrdem NovaOrdemPara(const Veiculo &veiculo, const Oficina &oficina, Sorteio &sorteio)
 {
     workorders::NovaOrdem ordem;
@@ -119,7 +124,7 @@ workorders::NovaOrdem NovaOrdemPara(const Veiculo &veiculo, const Oficina &ofici
     ordem.mecanico = sorteio.um(mecanicos()).toString();
     ordem.itens = itensPara(veiculo, oficina, sorteio);
     ordem.servicos = servicosExecutados(ordem.itens);
-    ordem.valor = soma(ordem.itens);
+    ordem.valor = SomaDasLinhas(ordem.itens);
     return ordem;
 }
 

@@ -42,13 +42,13 @@ struct NovoItem {
     bool servico;
 };
 
-Textos textosDoItem(Sorteio &sorteio, const NovoItem &novo, const Item &item, int custo)
+Textos textosDoItem(Sorteio &sorteio, const NovoItem &novo, const Item &item)
 {
     const bool servico = novo.servico;
     const QString externo = servico ? QString() : codigoExterno(sorteio);
     Textos textos{
         {u"txtNome", item.nome},          {u"cboMarca", novo.aplicacao.toString()},  {u"optPeca", simNao(!servico)},
-        {u"optServico", simNao(servico)}, {u"cboUnidade", QString::number(item.um)}, {u"txtCusto", Reais(custo)},
+        {u"optServico", simNao(servico)}, {u"cboUnidade", QString::number(item.um)}, {u"txtCusto", Reais(item.custo)},
         {u"txtVenda", Reais(item.preco)}, {u"optSim", simNao(item.estoque)},         {u"optNao", simNao(!item.estoque)},
         {u"txtCodExterno", externo},
     };
@@ -65,13 +65,14 @@ Item incluiItem(Sorteio &sorteio, const NovoItem &novo)
     Item item;
     item.nome = novo.catalogo->nome.toString();
     item.um = novo.catalogo->um;
-    const int custo = emTorno(sorteio, novo.catalogo->custo);
+    const int custo = emTorno(sorteio, novo.catalogo->custo); // of a service: the labour
     const int margem = novo.servico ? 100 : sorteio.entre(150, 200);
     item.preco = custo * margem / 100 / 10 * 10;
     item.estoque = !novo.servico && sorteio.entre(1, 12) > 1;
     item.minimo = sorteio.entre(5, 10); // more than one order takes
     item.atual = item.minimo + sorteio.entre(2, 15);
-    item.codigo = registers::IncluiPeca(textosDoItem(sorteio, novo, item, novo.servico ? 0 : custo));
+    item.custo = novo.servico ? 0 : custo;
+    item.codigo = registers::IncluiPeca(textosDoItem(sorteio, novo, item));
     return item;
 }
 

@@ -40,8 +40,8 @@ void progresso(const QString &etapa, int feitos, int total)
 
 void mostra(const amostra::Resumo &resumo, const QString &arquivo)
 {
-    diz(u"%1: %2 clientes, %3 veículos, %4 fornecedores, %5 peças, %6 serviços, %7 ordens (%8 abertas), %9 orçamentos"_s
-            .arg(arquivo)
+    diz(u"%1: %2 clientes, %3 veículos, %4 fornecedores, %5 peças, %6 serviços, %7 ordens (%8 abertas), "
+        "%9 orçamentos, %10 notas de entrada, %11 registros no livro de origem"_s.arg(arquivo)
             .arg(resumo.clientes)
             .arg(resumo.veiculos)
             .arg(resumo.fornecedores)
@@ -49,7 +49,9 @@ void mostra(const amostra::Resumo &resumo, const QString &arquivo)
             .arg(resumo.servicos)
             .arg(resumo.ordens)
             .arg(resumo.ordensAbertas)
-            .arg(resumo.orcamentos));
+            .arg(resumo.orcamentos)
+            .arg(resumo.notas)
+            .arg(resumo.origens));
 }
 
 void mostraOperadores()

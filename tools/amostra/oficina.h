@@ -19,7 +19,9 @@ enum Assunto : quint64 {
     sobrePagamento,
     sobreAcertos,
     sobreDespesas,
-    sobreOrcamentos
+    sobreOrcamentos,
+    sobreNotas,
+    sobreOrigens
 };
 
 struct Item {
@@ -27,6 +29,7 @@ struct Item {
     QString nome;
     int um = 0;
     int preco = 0;        ///< in cents
+    int custo = 0;        ///< the same, as it was registered; 0 for a service
     double atual = 0;     ///< the opening stock
     double minimo = 0;    ///< the minimum stock
     bool estoque = false; ///< under stock control
@@ -49,8 +52,15 @@ struct Oficina {
     std::vector<int> veiculosAteODia;             ///< by days before `hoje`: how many were registered by then
 };
 
-inline constexpr int diasDeOrdens = 728;    ///< 104 weeks
+inline constexpr int diasDeOrdens = 728; ///< 104 weeks
+inline constexpr int mesesDeOrdens = 24;
 inline constexpr int diasDeCadastro = 2190; ///< customers came in evenly over six years
+
+/// How many of all orders come in a month, at least one: the size of the business.
+int OrdensPorMes(int ordens);
+
+/// True in the first seven days of a month: what is done once a month is done on their Saturday.
+bool PrimeiraSemanaDoMes();
 
 /// The window's own text of an amount in cents.
 QString Reais(qint64 centavos);

@@ -5,6 +5,7 @@
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
 #include "tools/amostra/acertos.h"
+#include "tools/amostra/compras.h"
 #include "tools/amostra/conteudo.h"
 #include "tools/amostra/pagamento.h"
 #include "workorders/fechamento.h"
@@ -53,12 +54,13 @@ public:
     Historia(const Oficina &oficina, int ordens)
         : oficina_(oficina), dias_(DiasAbertos(oficina.hoje)), planejadas_(static_cast<std::size_t>(ordens)),
           quando_(oficina.tamanho.semente, sobreOrdens), conteudo_(oficina.tamanho.semente, sobreConteudo),
-          pagamento_(oficina.tamanho.semente, sobrePagamento), acertos_(oficina, ordens)
+          pagamento_(oficina.tamanho.semente, sobrePagamento), acertos_(oficina, ordens), compras_(oficina, ordens)
     {
         planeja();
     }
 
     void conta(const Progresso &progresso);
+    int notas() const { return compras_.notas(); }
 
 private:
     void planeja();
@@ -78,6 +80,7 @@ private:
     Sorteio conteudo_;
     Sorteio pagamento_;
     Acertos acertos_;
+    Compras compras_;
 };
 
 /// Between eight and six.
@@ -134,7 +137,7 @@ void Historia::abre(OrdemPlanejada &ordem, int dia)
 void Historia::fecha(const OrdemPlanejada &ordem)
 {
     workorders::FechaOrdem(FechamentoDe(ordem.conteudo, ordem.codigo, ordem.forma, pagamento_));
-    acertos_.repoeEstoque(ordem.conteudo.itens);
+    compras_.repoeEstoque(ordem.conteudo.itens);
 }
 
 void Historia::acontece(const Evento &evento)
@@ -151,6 +154,7 @@ void Historia::acontece(const Evento &evento)
         break;
     case Fato::Acerta:
         acertos_.daSemana();
+        compras_.daSemana();
         break;
     }
 }
@@ -188,7 +192,9 @@ void IncluiOrdens(const Oficina &oficina, Resumo &resumo, const Progresso &progr
 {
     resumo.ordens = QuantasOrdens(oficina.tamanho.clientes);
     resumo.ordensAbertas = quantasAbertas(resumo.ordens);
-    Historia(oficina, resumo.ordens).conta(progresso);
+    Historia historia(oficina, resumo.ordens);
+    historia.conta(progresso);
+    resumo.notas = historia.notas();
 }
 
 } // namespace amostra
