@@ -3,6 +3,7 @@
 #include "reports/relaaniversarios.h"
 #include "reports/relacheques.h"
 #include "reports/reladevedores.h"
+#include "reports/relanotas.h"
 #include "reports/relapagamento.h"
 #include "reports/relavisitas.h"
 
@@ -18,6 +19,7 @@ namespace
 {
 
 constexpr std::array assuntos{
+    relatoriosDeNotas,
     relatoriosDePagamento,
     relatoriosDeDevedores,
     relatoriosDeCheques,

@@ -31,8 +31,9 @@ protected:
     /// Connects the two buttons. Once, behind `setupUi`.
     void liga(QAbstractButton *btnPreenche, QAbstractButton *btnVoltar);
 
+    virtual void btnPreenche_Click();
+
 private:
-    void btnPreenche_Click();
     void btnVoltar_Click();
 
     const Selecao &selecao_;

@@ -4,6 +4,7 @@
 
 #include "reports/catalogo.h"
 #include "reports/frmRelaPreVisualiza.h"
+#include "reports/frmRelaSelecaoNotasEntradas.h"
 #include "reports/frmRelatorio.h"
 #include "reports/relacheques.h"
 
@@ -29,6 +30,7 @@ void registerForms()
 {
     core::RegistraJanela(u"frmRelaPreVisualiza"_s, [] { return new frmRelaPreVisualiza; });
     core::RegistraJanela(u"frmRelatorio"_s, [] { return new frmRelatorio(Catalogo()); });
+    core::RegistraJanela(u"frmRelaSelecaoNotasEntradas"_s, [] { return new frmRelaSelecaoNotasEntradas; });
     registraSelecao<Ui::frmRelaSelecaoCheques>(selecaoDeCheques);
 }
 
