@@ -19,8 +19,8 @@ struct ItemGravado {
     QString chave;
 };
 
-/// The items that a statement over `OSPecas` or `OrcaPecas` brings, quantities formatted by the `UM` of their parts.
-/// What was never written counts as 0.
+/// The items that a statement over `OSPecas`, `OrcaPecas` or `NotasPecas` brings, quantities formatted by the `UM` of
+/// their parts. What was never written counts as 0.
 std::vector<ItemGravado> LeItens(const QString &consulta);
 
 /// Writes code, quantity, description, unit value and PSA code of an item into the row that is open for it.

@@ -97,10 +97,12 @@ QString DiaDoPagamento(qint32 codigo)
     return nota.Eof() ? QString() : Format(nota.value(u"DataPagto"), mascaraData);
 }
 
-bool GravaObservacoes(qint32 codigo, const QString &texto)
+std::optional<QString> GravaObservacoes(qint32 codigo, const QString &texto)
 {
-    return grava(u"Observacoes", codigo,
-                 [&](dao::Recordset &nota) { nota[u"Observacoes"] = Left(UCase(texto), maximoObservacoes); });
+    const QString observacoes = Left(UCase(texto), maximoObservacoes);
+    const bool existe =
+        grava(u"Observacoes", codigo, [&](dao::Recordset &nota) { nota[u"Observacoes"] = observacoes; });
+    return existe ? std::optional(observacoes) : std::nullopt;
 }
 
 void ExcluiNota(qint32 codigo)

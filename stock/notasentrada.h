@@ -31,8 +31,8 @@ bool MarcaSemData(qint32 codigo, bool paga);
 /// "dd/mm/yyyy", or "" for a note without a day of payment, or that is gone.
 QString DiaDoPagamento(qint32 codigo);
 
-/// Written in capitals, and as much of it as the column holds. False where the note is gone.
-bool GravaObservacoes(qint32 codigo, const QString &texto);
+/// Written in capitals, and as much of it as the column holds. Gives what was written; nothing where the note is gone.
+std::optional<QString> GravaObservacoes(qint32 codigo, const QString &texto);
 
 /// Deletes a note, then its lines. What it posted to the stock stays, and so do the costs that it brought.
 void ExcluiNota(qint32 codigo);

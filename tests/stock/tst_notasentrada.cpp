@@ -172,14 +172,14 @@ void TestNotasEntrada::tellsTheDayOfPayment()
 
 void TestNotasEntrada::writesObservationsInCapitals()
 {
-    QVERIFY(stock::GravaObservacoes(2, u"caixa d'água, ação"_s));
+    QCOMPARE(stock::GravaObservacoes(2, u"caixa d'água, ação"_s), std::optional(u"CAIXA D'ÁGUA, AÇÃO"_s));
     QCOMPARE(programa_->rows(u"SELECT Observacoes FROM NotasEntradas ORDER BY Codigo"_s),
              (Linhas{{nulo}, {u"CAIXA D'ÁGUA, AÇÃO"_s}}));
 }
 
 void TestNotasEntrada::writesNoMoreThanTheColumnHolds()
 {
-    QVERIFY(stock::GravaObservacoes(1, QString(200, u'a') + u"b"_s));
+    QCOMPARE(stock::GravaObservacoes(1, QString(200, u'a') + u"b"_s), std::optional(QString(200, u'A')));
     QCOMPARE(programa_->rows(u"SELECT Observacoes FROM NotasEntradas WHERE Codigo = 1"_s),
              (Linhas{{QString(200, u'A')}}));
 }
