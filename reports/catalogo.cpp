@@ -5,6 +5,8 @@
 #include "reports/reladevedores.h"
 #include "reports/relanotas.h"
 #include "reports/relapagamento.h"
+#include "reports/relapecas.h"
+#include "reports/relavendidas.h"
 #include "reports/relavisitas.h"
 
 #include <algorithm>
@@ -21,6 +23,8 @@ namespace
 constexpr std::array assuntos{
     relatoriosDeNotas,
     relatoriosDePagamento,
+    relatoriosDePecas,
+    relatoriosDeVendidas,
     relatoriosDeDevedores,
     relatoriosDeCheques,
     relatoriosDeVisitas,

@@ -1,6 +1,5 @@
 #include "reports/pecasvendidas.h"
 
-#include "core/andamento.h"
 #include "core/banco.h"
 #include "core/modulo.h"
 #include "core/razao.h"
@@ -88,15 +87,17 @@ QString linhasDaOrdem(qint32 ordem, QStringView psa)
                .arg(psa);
 }
 
-void somaOrdens(const std::vector<qint32> &ordens, QStringView psa, Vendas &vendas)
+void somaOrdens(const std::vector<qint32> &ordens, QStringView psa, Vendas &vendas, core::Andamento &obra)
 {
-    core::Andamento andamento(u"Somando o que foi vendido"_s, [&] { return static_cast<int>(ordens.size()); });
     for (const qint32 ordem : ordens) {
+        if (obra.deixado()) {
+            return;
+        }
         for (auto linha = DBDados->OpenRecordset(linhasDaOrdem(ordem, psa)); !linha.Eof(); linha.MoveNext()) {
             LinhaDaOrdem lida{itemDe(linha)};
             vendas.soma(lida);
         }
-        andamento.avanca();
+        obra.avanca();
     }
 }
 
@@ -105,16 +106,17 @@ void somaOrdens(const std::vector<qint32> &ordens, QStringView psa, Vendas &vend
 class LinhasDeTodos
 {
 public:
-    explicit LinhasDeTodos(const std::vector<qint32> &ordens);
+    LinhasDeTodos(const std::vector<qint32> &ordens, core::Andamento &obra);
 
-    void soma(qint32 ordem, Vendas &vendas);
+    /// Gives how many lines that were.
+    int soma(qint32 ordem, Vendas &vendas);
 
 private:
     std::vector<LinhaDaOrdem> servicos_;
     std::unordered_map<qint32, std::vector<LinhaDaOrdem>> pecas_; ///< by order
 };
 
-LinhasDeTodos::LinhasDeTodos(const std::vector<qint32> &ordens)
+LinhasDeTodos::LinhasDeTodos(const std::vector<qint32> &ordens, core::Andamento &obra)
 {
     for (const qint32 ordem : ordens) {
         pecas_.try_emplace(ordem);
@@ -122,7 +124,8 @@ LinhasDeTodos::LinhasDeTodos(const std::vector<qint32> &ordens)
     auto linha = DBDados->OpenRecordset(
         u"SELECT CodPeca, descricao, quantidade, ValorUnit, ValorUnit * Quantidade as Total, CodOS, PSA = 'S' AS "
         "Servico FROM OsPecas WHERE PSA = 'P' OR PSA = 'S'"_s);
-    for (std::size_t numero = 0; !linha.Eof(); linha.MoveNext(), ++numero) {
+    for (std::size_t numero = 0; !linha.Eof() && !obra.deixado(); linha.MoveNext(), ++numero) {
+        obra.avanca();
         if (core::Verdadeiro(linha.value(u"Servico"))) {
             servicos_.push_back({.item = itemDe(linha), .numero = numero});
             continue;
@@ -135,7 +138,7 @@ LinhasDeTodos::LinhasDeTodos(const std::vector<qint32> &ordens)
     }
 }
 
-void LinhasDeTodos::soma(qint32 ordem, Vendas &vendas)
+int LinhasDeTodos::soma(qint32 ordem, Vendas &vendas)
 {
     auto &pecas = pecas_.at(ordem);
     auto peca = pecas.begin();
@@ -148,15 +151,17 @@ void LinhasDeTodos::soma(qint32 ordem, Vendas &vendas)
     for (; peca != pecas.end(); ++peca) {
         vendas.soma(*peca);
     }
+    return static_cast<int>(servicos_.size() + pecas.size());
 }
 
-void somaTodos(const std::vector<qint32> &ordens, Vendas &vendas)
+void somaTodos(const std::vector<qint32> &ordens, Vendas &vendas, core::Andamento &obra)
 {
-    core::Andamento andamento(u"Somando o que foi vendido"_s, [&] { return static_cast<int>(ordens.size()); });
-    LinhasDeTodos linhas(ordens);
+    LinhasDeTodos linhas(ordens, obra);
     for (const qint32 ordem : ordens) {
-        linhas.soma(ordem, vendas);
-        andamento.avanca();
+        if (obra.deixado()) {
+            return;
+        }
+        obra.avanca(linhas.soma(ordem, vendas));
     }
 }
 
@@ -226,17 +231,19 @@ std::vector<ItemVendido> leOrdenados()
 
 } // namespace
 
-std::vector<ItemVendido> ItensVendidos(const QString &periodo, ItensContados quais, const core::AvisoCritico &aviso)
+std::vector<ItemVendido> ItensVendidos(const QString &periodo, ItensContados quais, core::Andamento &obra,
+                                       const core::AvisoCritico &aviso)
 {
-    const dao::Unit umaVez;
-    const TabelaDeTrabalho tabela(aviso);
     Vendas vendas;
     const std::vector<qint32> ordens = ordensDe(periodo);
     if (quais == ItensContados::Todos) {
-        somaTodos(ordens, vendas);
+        somaTodos(ordens, vendas, obra);
     } else {
-        somaOrdens(ordens, quais == ItensContados::Pecas ? u"P" : u"S", vendas);
+        somaOrdens(ordens, quais == ItensContados::Pecas ? u"P" : u"S", vendas, obra);
     }
+    // Only now, as the file is locked for others from the first write to the end of the unit.
+    const dao::Unit umaVez;
+    const TabelaDeTrabalho tabela(aviso);
     grava(vendas.itens());
     return leOrdenados();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/andamento.h"
 #include "core/esquema.h"
 
 #include <QString>
@@ -24,8 +25,9 @@ struct ItemVendido {
 
 /// Adds up the lines of the orders of a period (the literals behind BETWEEN), in 32-bit floats and in the order of the
 /// orders and of their lines; what sold most comes first. With `Todos` every line of service there is counts once for
-/// each order of the period, as its condition stands without brackets. A scratch table stands in the database
-/// meanwhile; `aviso` tells where it can't be made.
-std::vector<ItemVendido> ItensVendidos(const QString &periodo, ItensContados quais, const core::AvisoCritico &aviso);
+/// each order of the period, as its condition stands without brackets. When the user leaves `obra` the sums are those
+/// of the orders so far. A scratch table stands in the database meanwhile; `aviso` tells where it can't be made.
+std::vector<ItemVendido> ItensVendidos(const QString &periodo, ItensContados quais, core::Andamento &obra,
+                                       const core::AvisoCritico &aviso);
 
 } // namespace reports

@@ -1,12 +1,14 @@
 #include "reports/reports.h"
 
 #include "ui_frmRelaSelecaoCheques.h"
+#include "ui_frmRelaSelecaoPecas.h"
 
 #include "reports/catalogo.h"
 #include "reports/frmRelaPreVisualiza.h"
 #include "reports/frmRelaSelecaoNotasEntradas.h"
 #include "reports/frmRelatorio.h"
 #include "reports/relacheques.h"
+#include "reports/relavendidas.h"
 
 #include "core/devolucao.h"
 
@@ -32,6 +34,7 @@ void registerForms()
     core::RegistraJanela(u"frmRelatorio"_s, [] { return new frmRelatorio(Catalogo()); });
     core::RegistraJanela(u"frmRelaSelecaoNotasEntradas"_s, [] { return new frmRelaSelecaoNotasEntradas; });
     registraSelecao<Ui::frmRelaSelecaoCheques>(selecaoDeCheques);
+    registraSelecao<Ui::frmRelaSelecaoPecas>(selecaoDePecas);
 }
 
 } // namespace reports

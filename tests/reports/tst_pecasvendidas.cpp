@@ -1,5 +1,6 @@
 #include "reports/pecasvendidas.h"
 
+#include "core/andamento.h"
 #include "core/banco.h"
 #include "core/funcoes.h"
 #include "core/modulo.h"
@@ -59,9 +60,11 @@ qint32 ordem(const QString &data, const std::vector<Linha> &linhas)
 
 QStringList avisos;
 
-std::vector<ItemVendido> itens(ItensContados quais, const QString &periodo = maio)
+std::vector<ItemVendido> itens(ItensContados quais, const QString &periodo = maio, int linhasPorOlhada = 1)
 {
-    return ItensVendidos(periodo, quais, [](const QString &texto) { avisos << texto; });
+    Andamento obra(
+        u"Somando"_s, [] { return 0; }, linhasPorOlhada, Esc::Deixa);
+    return ItensVendidos(periodo, quais, obra, [](const QString &texto) { avisos << texto; });
 }
 
 /// An item as a text, with all digits of its floats.
@@ -176,6 +179,7 @@ private slots:
     void theScratchTableGoes();
     void oneThatAKilledProgramLeftIsMadeAnew();
     void theScratchTableGoesWhenASumFails();
+    void isLeftInTheSum();
     void tellsWhereTheTableCantBeMade();
     void manyOrdersAreReadOnce();
 
@@ -328,6 +332,26 @@ void TestPecasVendidas::theScratchTableGoesWhenASumFails()
         QCOMPARE(support::errorOf([&] { itens(quais); }), 6);
         QVERIFY(!temTabela());
     }
+}
+
+/// What it holds then is what the orders so far come to.
+void TestPecasVendidas::isLeftInTheSum()
+{
+    constexpr int ordens = 50;
+    for (int numero = 0; numero < ordens; ++numero) {
+        ordem(u"02/05/2024"_s, {{1, 1, 2}, {2, 1, 1, u"S"_s}});
+    }
+    const MostradorDeAndamento impaciente{.mostra = [](const QString &, int, int) {},
+                                          .termina = [] {},
+                                          .deixa = [] { return true; },
+                                          .demora = std::chrono::milliseconds(0)};
+    defineMostrador(impaciente);
+    const auto todos = textos(itens(ItensContados::Todos, maio, 2 * ordens + 3 * (ordens + 1))); // behind three orders
+    defineMostrador(impaciente);
+    const auto pecas = textos(itens(ItensContados::Pecas, maio, 7));
+    defineMostrador({});
+    QCOMPARE(todos, (QStringList{u"2 ITEM 2 | 150 x 1 = 150"_s, u"1 ITEM 1 | 3 x 2 = 6"_s}));
+    QCOMPARE(pecas, QStringList{u"1 ITEM 1 | 7 x 2 = 14"_s});
 }
 
 void TestPecasVendidas::tellsWhereTheTableCantBeMade()
