@@ -3,6 +3,7 @@
 #include "core/banco.h"
 #include "core/funcoes.h"
 #include "platform/dao/recordset.h"
+#include "platform/runtime/runtime.h"
 
 namespace core
 {
@@ -66,6 +67,21 @@ void IncluiFiado(const Fiado &fiado)
         linha[u"Vencimento"] = fiado.vencimento;
         linha[u"Pago"] = false;
     });
+}
+
+/// What stands at the end of a description may be a number that no statement takes as it is, as in "PARCELA 1,50".
+QString ClienteDaOrdem(const QString &ordem)
+{
+    if (ordem.isEmpty()) {
+        return {};
+    }
+    const QString codigo = QString::number(runtime::CLng(ordem));
+    return LocalizaCampo(u"CodCliente"_s, u"OrdemServico"_s, u"Codigo = "_s + codigo);
+}
+
+QString NomeDoCliente(const QString &codigo)
+{
+    return codigo.isEmpty() ? QString() : LocalizaCampo(u"Nome"_s, u"Clientes"_s, u"Codigo = "_s + codigo);
 }
 
 } // namespace core

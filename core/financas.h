@@ -52,4 +52,8 @@ struct Fiado {
 };
 void IncluiFiado(const Fiado &fiado);
 
+/// Whose money it is: the code of an order's customer, and a customer's name. "" for a code that is none.
+QString ClienteDaOrdem(const QString &ordem);
+QString NomeDoCliente(const QString &codigo);
+
 } // namespace core

@@ -3,6 +3,7 @@
 #include "ui_frmMoviContasPR.h"
 
 #include "core/banco.h"
+#include "core/financas.h"
 #include "core/funcoes.h"
 #include "core/informacoes.h"
 #include "core/modos.h"
@@ -152,21 +153,6 @@ constexpr std::array apelidos{
     Apelido{u"O.S. PENDENTE", u"O.S. PENDENTE: "},
 };
 
-/// What stands at the end of a description may be a number that no statement takes as it is, as in "PARCELA 1,50".
-QString clienteDaOrdem(const QString &ordem)
-{
-    if (ordem.isEmpty()) {
-        return {};
-    }
-    const QString codigo = QString::number(runtime::CLng(ordem));
-    return LocalizaCampo(u"CodCliente"_s, u"OrdemServico"_s, u"Codigo = "_s + codigo);
-}
-
-QString nomeDoCliente(const QString &codigo)
-{
-    return codigo.isEmpty() ? QString() : LocalizaCampo(u"Nome"_s, u"Clientes"_s, u"Codigo = "_s + codigo);
-}
-
 /// A text that stands for no order stays.
 void mostraNome(ui::ListItem linha)
 {
@@ -175,7 +161,7 @@ void mostraNome(ui::ListItem linha)
     }
     for (const auto &[inicio, comNome] : apelidos) {
         if (linha.subItem(colunaDescricao).startsWith(inicio)) {
-            linha.setSubItem(colunaDescricao, comNome + nomeDoCliente(clienteDaOrdem(linha.tag())));
+            linha.setSubItem(colunaDescricao, comNome + NomeDoCliente(ClienteDaOrdem(linha.tag())));
             return;
         }
     }
@@ -295,7 +281,7 @@ void frmMoviContasPR::recebe(const ui::ListItem &linha)
 void frmMoviContasPR::abreBaixa(const ui::ListItem &linha)
 {
     const QString ordem = linha.tag();
-    const QString codCliente = runtime::Format(clienteDaOrdem(ordem), mascaraCodigo);
+    const QString codCliente = runtime::Format(ClienteDaOrdem(ordem), mascaraCodigo);
     const std::map<QStringView, QString> textos{
         {u"lblData", linha.subItem(colunaData)},
         {u"lblVencimento", runtime::Format(linha.subItem(colunaVencimento), mascaraData)},
@@ -303,7 +289,7 @@ void frmMoviContasPR::abreBaixa(const ui::ListItem &linha)
         {u"lblValor", runtime::Format(linha.subItem(colunaValor), mascaraValor)},
         {u"lblCodOS", runtime::Format(ordem, mascaraCodigo)},
         {u"lblCodCliente", codCliente},
-        {u"lblNome", nomeDoCliente(codCliente)},
+        {u"lblNome", NomeDoCliente(codCliente)},
     };
     auto &janelas = ui::Forms::instance();
     const QString baixa = janelaDeBaixa.toString();

@@ -36,6 +36,7 @@ private slots:
     void emptyTextsOfAChequeAreNull();
     void aPendingOrderIsUnpaid();
     void writesNothingWhereAValueIsNoNumber();
+    void anOrderTellsItsCustomer();
 };
 
 void TestFinancas::anAccountIsOpenAndDatedToday_data()
@@ -137,6 +138,20 @@ void TestFinancas::writesNothingWhereAValueIsNoNumber()
              }),
              3421);
     QVERIFY(programa.rows(u"SELECT * FROM ContasPagar"_s).empty());
+}
+
+void TestFinancas::anOrderTellsItsCustomer()
+{
+    support::Program programa;
+    programa.customer(u"ANA"_s);
+    programa.sql(u"INSERT INTO OrdemServico (CodCliente) VALUES (%1)"_s.arg(programa.customer(u"JOSÉ"_s)));
+    QCOMPARE(core::ClienteDaOrdem(u"0001"_s), u"2"_s);
+    QCOMPARE(core::NomeDoCliente(u"0002"_s), u"JOSÉ"_s);
+    for (const QString &nenhuma : {u""_s, u"0099"_s, u"1,50"_s}) {
+        QCOMPARE(core::ClienteDaOrdem(nenhuma), QString());
+    }
+    QCOMPARE(core::NomeDoCliente({}), QString());
+    QCOMPARE(core::NomeDoCliente(u"0099"_s), QString());
 }
 
 TARVELO_TEST_MAIN(TestFinancas)
