@@ -36,6 +36,11 @@ QString comoData(const dao::Recordset &linha, int lugar)
     return runtime::Format(linha.value(lugar), mascaraData);
 }
 
+QString comoDataHora(const dao::Recordset &linha, int lugar)
+{
+    return runtime::Format(linha.value(lugar), mascaraDataHora);
+}
+
 QString comoValor(const dao::Recordset &linha, int lugar)
 {
     return runtime::Format(linha.value(lugar), mascaraValor);

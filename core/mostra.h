@@ -17,6 +17,7 @@ using Mostra = QString (*)(const dao::Recordset &linha, int lugar);
 QString comoEsta(const dao::Recordset &linha, int lugar);          ///< as stored, "" for Null
 QString comoCodigo(const dao::Recordset &linha, int lugar);        ///< "0000"
 QString comoData(const dao::Recordset &linha, int lugar);          ///< "dd/mm/yyyy"
+QString comoDataHora(const dao::Recordset &linha, int lugar);      ///< "dd/mm/yyyy hh:mm:ss"
 QString comoValor(const dao::Recordset &linha, int lugar);         ///< "###,##0.00"
 QString comoValorOuBranco(const dao::Recordset &linha, int lugar); ///< the same, one blank for Null
 QString comoSimNao(const dao::Recordset &linha, int lugar);        ///< "Sim" or "Não"

@@ -4,6 +4,7 @@
 #include "reports/relacheques.h"
 #include "reports/reladevedores.h"
 #include "reports/relanotas.h"
+#include "reports/relaordens.h"
 #include "reports/relapagamento.h"
 #include "reports/relapecas.h"
 #include "reports/relavendidas.h"
@@ -25,6 +26,7 @@ constexpr std::array assuntos{
     relatoriosDePagamento,
     relatoriosDePecas,
     relatoriosDeVendidas,
+    relatoriosDeOrdens,
     relatoriosDeDevedores,
     relatoriosDeCheques,
     relatoriosDeVisitas,

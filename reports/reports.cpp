@@ -1,6 +1,7 @@
 #include "reports/reports.h"
 
 #include "ui_frmRelaSelecaoCheques.h"
+#include "ui_frmRelaSelecaoOS.h"
 #include "ui_frmRelaSelecaoPecas.h"
 
 #include "reports/catalogo.h"
@@ -8,6 +9,7 @@
 #include "reports/frmRelaSelecaoNotasEntradas.h"
 #include "reports/frmRelatorio.h"
 #include "reports/relacheques.h"
+#include "reports/relaordens.h"
 #include "reports/relavendidas.h"
 
 #include "core/devolucao.h"
@@ -35,6 +37,7 @@ void registerForms()
     core::RegistraJanela(u"frmRelaSelecaoNotasEntradas"_s, [] { return new frmRelaSelecaoNotasEntradas; });
     registraSelecao<Ui::frmRelaSelecaoCheques>(selecaoDeCheques);
     registraSelecao<Ui::frmRelaSelecaoPecas>(selecaoDePecas);
+    registraSelecao<Ui::frmRelaSelecaoOS>(selecaoDeOrdens);
 }
 
 } // namespace reports
