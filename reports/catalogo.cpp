@@ -2,6 +2,7 @@
 
 #include "reports/relaaniversarios.h"
 #include "reports/relacheques.h"
+#include "reports/relacontas.h"
 #include "reports/reladevedores.h"
 #include "reports/relanotas.h"
 #include "reports/relaordens.h"
@@ -27,6 +28,7 @@ constexpr std::array assuntos{
     relatoriosDePecas,
     relatoriosDeVendidas,
     relatoriosDeOrdens,
+    relatoriosDeContas,
     relatoriosDeDevedores,
     relatoriosDeCheques,
     relatoriosDeVisitas,

@@ -27,7 +27,7 @@ struct Relatorio {
     QString (*detalhe)() = nullptr;
     const core::Lista &lista;
     QString (*consulta)() = nullptr;
-    void (*linhas)(ui::ListView &lista, core::Andamento &obra) = nullptr;      ///< rows made by hand
+    void (*linhas)(ui::ListView &lista, core::Andamento &obra) = nullptr;      ///< rows or texts made by hand
     void (*completa)(ui::ListView &lista, const core::Somas &somas) = nullptr; ///< totals, where there are rows
     QStringView aviso = {}; ///< told where the statement has no rows; "" leaves it to the list's own row
     const core::Pagina *(*pagina)() = nullptr;  ///< asked ahead of every print, as it may depend on an answer

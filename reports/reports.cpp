@@ -1,6 +1,7 @@
 #include "reports/reports.h"
 
 #include "ui_frmRelaSelecaoCheques.h"
+#include "ui_frmRelaSelecaoContasPR.h"
 #include "ui_frmRelaSelecaoOS.h"
 #include "ui_frmRelaSelecaoPecas.h"
 
@@ -9,6 +10,7 @@
 #include "reports/frmRelaSelecaoNotasEntradas.h"
 #include "reports/frmRelatorio.h"
 #include "reports/relacheques.h"
+#include "reports/relacontas.h"
 #include "reports/relaordens.h"
 #include "reports/relavendidas.h"
 
@@ -37,6 +39,7 @@ void registerForms()
     core::RegistraJanela(u"frmRelaSelecaoNotasEntradas"_s, [] { return new frmRelaSelecaoNotasEntradas; });
     registraSelecao<Ui::frmRelaSelecaoCheques>(selecaoDeCheques);
     registraSelecao<Ui::frmRelaSelecaoPecas>(selecaoDePecas);
+    registraSelecao<Ui::frmRelaSelecaoContasPR>(selecaoDeContas);
     registraSelecao<Ui::frmRelaSelecaoOS>(selecaoDeOrdens);
 }
 
