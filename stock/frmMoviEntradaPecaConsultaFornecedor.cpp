@@ -101,7 +101,7 @@ constexpr std::array linhasImpressas{
                   camposImpressos}};
 constexpr Pagina notasImpressas{
     .titulo = u"NOTAS DE ENTRADA DE FORNECEDOR", .linhas = linhasImpressas, .rotuloData = u"Data.......: "};
-constexpr int larguraDoTotal = 12;
+constexpr int larguraDoTotal = 13; ///< to the end of the values above
 
 } // namespace
 

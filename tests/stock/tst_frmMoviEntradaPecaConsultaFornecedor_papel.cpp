@@ -86,8 +86,8 @@ void TstFrmMoviEntradaPecaConsultaFornecedorPapel::printsTheListWithItsTotals()
                           u"Nº de Registros..: 3"_s, u"Exibindo.....: de: 1 à 3"_s, QString(), colunas,
                           u"0001     10/05/2024     1.234,50   Sim    12/05/2024   "_s + QString(41, u'X'),
                           u"0002     11/05/2024        10,00   Não"_s, u"         Total:         1.244,50"_s,
-                          u"TOTAL NOTAS.......:    1.244,50"_s, u"TOTAL NOTAS PAGAS.:    1.234,50"_s,
-                          u"T. NOTAS NÃO PAGAS:       10,00"_s}));
+                          u"TOTAL NOTAS.......:     1.244,50"_s, u"TOTAL NOTAS PAGAS.:     1.234,50"_s,
+                          u"T. NOTAS NÃO PAGAS:        10,00"_s}));
 }
 
 /// The selection window may have moved on to the next choice.
@@ -154,8 +154,8 @@ void TstFrmMoviEntradaPecaConsultaFornecedorPapel::theTotalsAreOfTheLastPage()
     QVERIFY(paginas.at(0).last().startsWith(u"0050"_s));
     QCOMPARE(paginas.at(1).mid(13, 1).front().left(4), u"0051"_s);
     QCOMPARE(paginas.at(1).mid(paginas.at(1).size() - 3),
-             (QStringList{u"TOTAL NOTAS.......:       60,00"_s, u"TOTAL NOTAS PAGAS.:        0,00"_s,
-                          u"T. NOTAS NÃO PAGAS:       60,00"_s}));
+             (QStringList{u"TOTAL NOTAS.......:        60,00"_s, u"TOTAL NOTAS PAGAS.:         0,00"_s,
+                          u"T. NOTAS NÃO PAGAS:        60,00"_s}));
 }
 
 void TstFrmMoviEntradaPecaConsultaFornecedorPapel::anEmptyListIsAPageOfHeaders()
@@ -167,8 +167,8 @@ void TstFrmMoviEntradaPecaConsultaFornecedorPapel::anEmptyListIsAPageOfHeaders()
     QCOMPARE(impressas().size(), 1U);
     QCOMPARE(impressas().front().mid(9),
              (QStringList{u"Nº de Registros..: 0"_s, u"Exibindo.....: de: 1 à 0"_s, QString(), colunas,
-                          u"TOTAL NOTAS.......:        0,00"_s, u"TOTAL NOTAS PAGAS.:        0,00"_s,
-                          u"T. NOTAS NÃO PAGAS:        0,00"_s}));
+                          u"TOTAL NOTAS.......:         0,00"_s, u"TOTAL NOTAS PAGAS.:         0,00"_s,
+                          u"T. NOTAS NÃO PAGAS:         0,00"_s}));
 }
 
 /// A mark that is set, and an order by a header.
@@ -185,7 +185,7 @@ void TstFrmMoviEntradaPecaConsultaFornecedorPapel::printsWhatTheScreenShows()
     QCOMPARE(impressas().front().mid(13, 3), (QStringList{u"0002     10/05/2024         1,00   Não"_s,
                                                           u"0001     10/05/2024         1,00   Sim    15/05/2024"_s,
                                                           u"         Total:             2,00"_s}));
-    QVERIFY(impressas().front().contains(u"TOTAL NOTAS PAGAS.:        1,00"_s));
+    QVERIFY(impressas().front().contains(u"TOTAL NOTAS PAGAS.:         1,00"_s));
 }
 
 // --- the preview
