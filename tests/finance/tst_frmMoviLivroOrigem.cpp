@@ -256,6 +256,9 @@ void TstFrmMoviLivroOrigem::aClickCopiesTheRowIntoTheBoxes()
     cadastro::clickRow(janela_, 1);
     QCOMPARE(nasCaixas(), (QStringList{u"13/05/2024"_s, u"OFICINA"_s, u"1.234,50"_s, zero, zero, QString()}));
     QCOMPARE(text(janela_, u"lblCodigo"_s), u"0002"_s);
+    key(janela_, u"Lista"_s, Qt::Key_Up);
+    QCOMPARE(text(janela_, u"lblCodigo"_s), u"0001"_s);
+    QCOMPARE(text(janela_, u"txtOrigem"_s), u"BALCÃO"_s);
 }
 
 void TstFrmMoviLivroOrigem::theTotalRowLeavesTheLastCode()

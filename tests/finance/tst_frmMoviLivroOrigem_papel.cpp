@@ -1,3 +1,4 @@
+#include "core/config.h"
 #include "core/modos.h"
 #include "core/modulo.h"
 #include "platform/printer/printer.h"
@@ -210,12 +211,14 @@ void TstLivroOrigemPapel::theCommandNeedsTheCustomisation()
 {
     QFETCH(const QString, codigo);
     QFETCH(const bool, disponivel);
+    programa_->sql(u"DROP TABLE LivroOrigem"_s); // the start makes it for the code
     programa_->config(u"Personalizacao"_s, codigo);
     shell::principal().MDIForm_Load();
     auto *comando = shell::principal().findChild<QAction *>(u"itmMoviOrigem"_s);
     QCOMPARE(comando->isEnabled(), disponivel);
     comando->trigger();
     QCOMPARE(cadastro::isOpen(livroorigem::janelaOrigem), disponivel);
+    QCOMPARE(core::LeINI(u"Config"_s, u"Personalizacao"_s, true), codigo);
 }
 
 TARVELO_TEST_MAIN(TstLivroOrigemPapel)
