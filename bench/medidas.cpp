@@ -82,6 +82,7 @@ int measureAll(int argc, char **argv)
     medidas::medeCadastros();
     medidas::medeFinancas();
     medidas::medePrevia();
+    medidas::medeRelatorios();
     medidas::mostraSemLimite();
 
     benchmark::Initialize(&argc, argv);

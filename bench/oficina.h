@@ -45,6 +45,7 @@ void medeLista();
 void medeCadastros();
 void medeFinancas();
 void medePrevia();
+void medeRelatorios();
 
 /// The balances of the whole cash book worked out anew through the bare library, inside a write of the caller's.
 void recalculaCru(const BancoCru &banco);
