@@ -313,10 +313,10 @@ void Walk::moveFrame(QWidget &window)
 
 void Walk::deleteRow(QWidget & /*window*/)
 {
-    static const QStringList tables{u"Clientes"_s,     u"Veiculos"_s,  u"Pecas"_s,  u"Fornecedores"_s,
-                                    u"OrdemServico"_s, u"Estoque"_s,   u"Caixa"_s,  u"ContasReceber"_s,
-                                    u"ContasPagar"_s,  u"Cheques"_s,   u"Fiados"_s, u"ContaFiado"_s,
-                                    u"Orcamento"_s,    u"OrcaPecas"_s, u"OSPecas"_s};
+    static const QStringList tables{u"Clientes"_s,     u"Veiculos"_s,  u"Pecas"_s,   u"Fornecedores"_s,
+                                    u"OrdemServico"_s, u"Estoque"_s,   u"Caixa"_s,   u"ContasReceber"_s,
+                                    u"ContasPagar"_s,  u"Cheques"_s,   u"Fiados"_s,  u"ContaFiado"_s,
+                                    u"Orcamento"_s,    u"OrcaPecas"_s, u"OSPecas"_s, u"NotasEntradas"_s};
     const auto *form = frontForm();
     const auto *shown = form != nullptr ? form->findChild<QWidget *>(u"lblCodigo"_s) : nullptr;
     const int code = shown != nullptr && below(2) == 0 ? ui::textOf(shown).toInt() : 1 + below(40);
@@ -339,11 +339,19 @@ void Walk::unloadByName(QWidget & /*window*/)
 void Walk::handBack(QWidget & /*window*/)
 {
     static const std::vector<std::pair<QString, QString>> targets{
-        {u"frmOSAbre"_s, u"txtCodVeiculo"_s},       {u"frmOSAbre"_s, u"txtCodPeca"_s},
-        {u"frmCadaVeiculos"_s, u"txtCodCliente"_s}, {u"frmCadaFast"_s, u"txtCodCliente"_s},
-        {u"frmOSFormaPagto"_s, u"txtCodCliente"_s}, {u"frmMoviEstoque"_s, u"txtCodPeca"_s},
-        {u"frmOSAltera"_s, u"txtCodOS"_s},          {u"frmOSOrcaAltera"_s, u"txtCodOrcamento"_s},
-        {u"frmOSOrcaNovo"_s, u"txtCodCliente"_s},   {u"frmNota"_s, u"txtOS"_s},
+        {u"frmOSAbre"_s, u"txtCodVeiculo"_s},
+        {u"frmOSAbre"_s, u"txtCodPeca"_s},
+        {u"frmCadaVeiculos"_s, u"txtCodCliente"_s},
+        {u"frmCadaFast"_s, u"txtCodCliente"_s},
+        {u"frmOSFormaPagto"_s, u"txtCodCliente"_s},
+        {u"frmMoviEstoque"_s, u"txtCodPeca"_s},
+        {u"frmOSAltera"_s, u"txtCodOS"_s},
+        {u"frmOSOrcaAltera"_s, u"txtCodOrcamento"_s},
+        {u"frmOSOrcaNovo"_s, u"txtCodCliente"_s},
+        {u"frmNota"_s, u"txtOS"_s},
+        {u"frmMoviEntradaPeca"_s, u"txtCodPeca"_s},
+        {u"frmMoviEntradaPeca"_s, u"txtCodFornecedor"_s},
+        {u"frmRelaSelecaoNotasEntradas"_s, u"txtCodForn"_s},
     };
     const auto &[form, control] = oneOf(targets);
     auto &forms = ui::Forms::instance();

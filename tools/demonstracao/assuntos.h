@@ -12,15 +12,17 @@ namespace demonstracao
 
 using Assunto = std::unique_ptr<QObject>;
 
-Assunto inicio(const QString &folder);  ///< a new installation, its first operator, a login
-Assunto cadastros();                    ///< the four registers
-Assunto ordens();                       ///< orders and each way of paying them
-Assunto escolhas();                     ///< records picked and added on the way to an order and to its payment
-Assunto estoque();                      ///< the stock ledger
-Assunto financas();                     ///< books, accounts, cheques and pending orders that the orders left
-Assunto orcamentos();                   ///< estimates, an order made of one, an order altered, a note
-Assunto reabertura();                   ///< the program ended and started again
-Assunto oficina(const QString &folder); ///< a workshop of 300 customers
-Assunto telas(const QString &folder);   ///< pictures of all windows over that workshop
+Assunto inicio(const QString &folder);     ///< a new installation, its first operator, a login
+Assunto cadastros();                       ///< the four registers
+Assunto ordens();                          ///< orders and each way of paying them
+Assunto escolhas();                        ///< records picked and added on the way to an order and to its payment
+Assunto estoque();                         ///< the stock ledger
+Assunto financas();                        ///< books, accounts, cheques and pending orders that the orders left
+Assunto orcamentos();                      ///< estimates, an order made of one, an order altered, a note
+Assunto entradas();                        ///< a supplier's note, the balance, the origin book
+Assunto reabertura();                      ///< the program ended and started again
+Assunto oficina(const QString &folder);    ///< a workshop of 300 customers
+Assunto relatorios(const QString &folder); ///< every report of that workshop, on paper and previewed
+Assunto telas(const QString &folder);      ///< pictures of all windows over that workshop
 
 } // namespace demonstracao

@@ -78,6 +78,10 @@ private slots:
     void alteracao();
     void orcamentos();
     void nota();
+    void entradas();
+    void origens();
+    void balanco();
+    void relatorios();
     void preVisualizacao();
     void sobre();
     void operadores();
@@ -91,6 +95,7 @@ private:
     static QString newEstimate();
     static ui::Form *newestOrder(qint16 mode);
     static void payments();
+    static void report(const QString &name, const QString &item, const QString &selection = {});
 
     QString folder_;
     static inline QString order_;
@@ -470,6 +475,86 @@ void Telas::nota()
     click(window, u"btnItemAdd"_s);
     picture(u"frmNota"_s);
     close(window);
+}
+
+/// Suppliers' notes: a new one, all of them, those of one supplier.
+void Telas::entradas()
+{
+    auto *window = choose(u"itmMoviEntradaPecas"_s, u"frmMoviEntradaPeca"_s);
+    picture(u"frmMoviEntradaPeca_vazio"_s);
+    cadastro::fill(window, {{u"txtCodFornecedor"_s, u"1"_s},
+                            {u"txtObs"_s, u"nota fiscal 8.888, entregue sem a caixa de parafusos"_s},
+                            {u"txtCodPeca"_s, u"1"_s},
+                            {u"txtQuantidade"_s, u"1.288"_s}});
+    click(window, u"btnItemAdd"_s);
+    cadastro::fill(window, {{u"txtCodPeca"_s, u"1"_s}, {u"txtQuantidade"_s, u"88"_s}});
+    picture(u"frmMoviEntradaPeca"_s);
+    close(window);
+
+    window = choose(u"itmMoviEntradaPecasConsultar"_s, u"frmMoviEntradaPecaConsulta"_s);
+    picture(u"frmMoviEntradaPecaConsulta_vazio"_s);
+    type(window, u"txtDataInicio"_s, runtime::Format(runtime::DateAdd(u"m", -6, runtime::Today()), u"ddmmyyyy"));
+    QVERIFY(cadastro::list(window)->count() > 1);
+    cadastro::clickRow(window, 1);
+    picture(u"frmMoviEntradaPecaConsulta"_s);
+    close(window);
+
+    window = choose(u"itmMoviConsEntrPecaFornecedor"_s, u"frmRelaSelecaoNotasEntradas"_s);
+    type(window, u"txtCodForn"_s, runtime::CStr(value(u"SELECT CodForn FROM NotasEntradas ORDER BY Codigo DESC"_s)));
+    type(window, u"txtDataInicio"_s, runtime::Format(runtime::DateAdd(u"yyyy", -2, runtime::Today()), u"ddmmyyyy"));
+    picture(u"frmRelaSelecaoNotasEntradas"_s);
+    click(window, u"btnPreenche"_s);
+    auto *notes = form(u"frmMoviEntradaPecaConsultaFornecedor"_s);
+    cadastro::clickRow(notes, 0);
+    picture(u"frmMoviEntradaPecaConsultaFornecedor"_s);
+    close(notes);
+    close(window);
+}
+
+void Telas::origens()
+{
+    auto *window = ui::Forms::instance().Show(u"frmMoviLivroOrigem"_s);
+    picture(u"frmMoviLivroOrigem_vazio"_s);
+    showPeriod(window, 60, 0);
+    cadastro::clickRow(window, 1);
+    picture(u"frmMoviLivroOrigem"_s);
+    close(window);
+}
+
+void Telas::balanco()
+{
+    auto *window = choose(u"itmRelaBalanco"_s, u"frmBalanco"_s);
+    click(window, u"btnPreenche"_s);
+    click(window, u"btnCalcular"_s);
+    picture(u"frmBalanco"_s);
+    close(window);
+}
+
+/// A report, and the window that asks for it.
+void Telas::report(const QString &name, const QString &item, const QString &selection)
+{
+    choose(item);
+    if (!selection.isEmpty()) {
+        picture(selection);
+        click(form(selection), u"btnPreenche"_s);
+    }
+    picture(u"frmRelatorio_"_s + name);
+    close(form(u"frmRelatorio"_s));
+    if (!selection.isEmpty()) {
+        close(form(selection));
+    }
+}
+
+void Telas::relatorios()
+{
+    report(u"estoque"_s, u"itmRelaEstoqueGeralPecas"_s);
+    report(u"pecas"_s, u"itmRelaListaPecas"_s);
+    report(u"vendidos"_s, u"itmRelaPecaServVendidos"_s, u"frmRelaSelecaoPecas"_s);
+    report(u"ordens"_s, u"itmRelaOrdensServicos"_s, u"frmRelaSelecaoOS"_s);
+    report(u"contas"_s, u"itmRelaContasPagarReceber"_s, u"frmRelaSelecaoContasPR"_s);
+    report(u"cheques"_s, u"itmRelaCheques"_s, u"frmRelaSelecaoCheques"_s);
+    report(u"devedores"_s, u"itmRelaListaDevedores"_s);
+    report(u"visitas"_s, u"itmRelaVeiculos"_s);
 }
 
 void Telas::preVisualizacao()
