@@ -47,6 +47,8 @@ private slots:
     void thousandsAreReadByTheDatabase();
     void theTotalIsWrittenAsItIsShown();
     void aDescriptionOfTwoHundredCharactersIsWritten();
+    void anApostropheInATextIsNoHarm();
+    void linesAreWrittenInTheOrderOfTheList();
     void aFailureLeavesWhatWasWritten();
 
 private:
@@ -291,6 +293,34 @@ void TstFrmMoviEntradaPecaNota::aDescriptionOfTwoHundredCharactersIsWritten()
     add({}, u"1"_s, u"1"_s, QString(200, u'X'));
     save();
     QCOMPARE(program_->rows(u"SELECT Descricao FROM NotasPecas"_s), (Rows{{QString(200, u'X')}}));
+}
+
+void TstFrmMoviEntradaPecaNota::anApostropheInATextIsNoHarm()
+{
+    open();
+    supplier();
+    type(window_, u"txtObs"_s, u"CAIXA D'AGUA"_s);
+    add({}, u"1"_s, u"1"_s, u"BOIA D'AGUA"_s);
+    save();
+    QCOMPARE(program_->rows(u"SELECT Observacoes FROM NotasEntradas"_s), (Rows{{u"CAIXA D'AGUA"_s}}));
+    QCOMPARE(program_->rows(u"SELECT Descricao FROM NotasPecas"_s), (Rows{{u"BOIA D'AGUA"_s}}));
+}
+
+/// A click on a column puts the lines into another order; the last cost is that of the last line.
+void TstFrmMoviEntradaPecaNota::linesAreWrittenInTheOrderOfTheList()
+{
+    open();
+    supplier();
+    add(u"2"_s, u"1"_s, u"31"_s);
+    add({}, u"1"_s, u"5"_s, u"FRETE"_s);
+    add(u"2"_s, u"1"_s, u"29"_s);
+    cadastro::clickHeader(window_, 4);
+    const QStringList sorted = cadastro::columnOf(window_, 4);
+    QCOMPARE(sorted, (QStringList{u"29,00"_s, u"31,00"_s, u"5,00"_s}));
+    save();
+    QCOMPARE(program_->rows(u"SELECT ValorUnit FROM NotasPecas ORDER BY Codigo"_s),
+             (Rows{{u"29"_s}, {u"31"_s}, {u"5"_s}}));
+    QCOMPARE(costs().back().front(), u"31"_s);
 }
 
 /// Without the table of the ledgers header, lines and the first cost stand.
