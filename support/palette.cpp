@@ -4,8 +4,33 @@
 #include <QColor>
 #include <QStyle>
 
+#include <algorithm>
+#include <cmath>
+
 namespace support
 {
+
+namespace
+{
+
+/// A channel as the light that it gives.
+double light(double channel)
+{
+    return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+}
+
+double luminance(const QColor &color)
+{
+    return 0.2126 * light(color.redF()) + 0.7152 * light(color.greenF()) + 0.0722 * light(color.blueF());
+}
+
+} // namespace
+
+double contrast(const QColor &text, const QColor &ground)
+{
+    const auto [darker, lighter] = std::minmax({luminance(text), luminance(ground)});
+    return (lighter + 0.05) / (darker + 0.05);
+}
 
 QPalette darkPalette()
 {

@@ -121,6 +121,7 @@ private slots:
     void createsEachFieldAsTold_data();
     void createsEachFieldAsTold();
     void createsTheOriginBookOnlyForItsCustomisation();
+    void createsTheOriginBookWhenItIsAskedFor();
     void makesTheLastFieldOfTheOriginBookASingle();
     void changesNothingAtTheNextStart();
     void opensAnExistingFileAsItIs();
@@ -234,6 +235,18 @@ void TestEsquema::createsTheOriginBookOnlyForItsCustomisation()
     core::GravaINI(u"Config"_s, u"Personalizacao"_s, u"1-1"_s, true);
     core::CriarDB(aviso_);
     QCOMPARE(tabelas().last(), u"LivroOrigem"_s);
+}
+
+/// Once: what stands in it stays.
+void TestEsquema::createsTheOriginBookWhenItIsAskedFor()
+{
+    cria();
+    core::CriaLivroOrigem(aviso_);
+    QCOMPARE(tabelas().last(), u"LivroOrigem"_s);
+    core::DBDados->Execute(u"INSERT INTO LivroOrigem (Origem) VALUES ('BALCAO')"_s);
+    core::CriaLivroOrigem(aviso_);
+    QCOMPARE(avisos_, QStringList());
+    QVERIFY(!core::DBDados->OpenRecordset(u"LivroOrigem"_s).Eof());
 }
 
 void TestEsquema::makesTheLastFieldOfTheOriginBookASingle()

@@ -9,12 +9,11 @@
 #include <QApplication>
 #include <QCheckBox>
 
-#include <algorithm>
-#include <cmath>
 #include <memory>
 
 using namespace Qt::StringLiterals;
 using support::click;
+using support::contrast;
 using support::key;
 using support::text;
 using support::type;
@@ -73,7 +72,6 @@ private:
     void movimento();
     QColor corDe(int total) const;
     static void escurece() { QApplication::setPalette(support::darkPalette()); }
-    static double contraste(const QColor &a, const QColor &b);
 
     std::unique_ptr<support::Program> programa_;
     std::unique_ptr<support::Boxes> caixas_;
@@ -117,19 +115,6 @@ void TstFrmBalanco::movimento()
 QColor TstFrmBalanco::corDe(int total) const
 {
     return support::controlOf(janela_, u"lblTotal_%1"_s.arg(total))->palette().color(QPalette::WindowText);
-}
-
-/// Between two colours, from 1 to 21: what the eye needs is 4.5.
-double TstFrmBalanco::contraste(const QColor &a, const QColor &b)
-{
-    const auto luz = [](const QColor &cor) {
-        const auto parte = [](double canal) {
-            return canal <= 0.03928 ? canal / 12.92 : std::pow((canal + 0.055) / 1.055, 2.4);
-        };
-        return 0.2126 * parte(cor.redF()) + 0.7152 * parte(cor.greenF()) + 0.0722 * parte(cor.blueF());
-    };
-    const auto luzes = std::minmax({luz(a), luz(b)});
-    return (luzes.second + 0.05) / (luzes.first + 0.05);
 }
 
 void TstFrmBalanco::opensWithItsPeriodAndEmptyLines()
@@ -314,7 +299,7 @@ void TstFrmBalanco::aTotalBelowZeroIsShownInTheWarningColour()
     QVERIFY(corDe(3) != normal);
     QCOMPARE(corDe(2), normal); // 0 is none
     QCOMPARE(support::controlOf(janela_, u"lblTotal_3"_s)->toolTip(), u"Total negativo"_s);
-    QVERIFY(contraste(corDe(3), janela_->palette().color(QPalette::Window)) > 4.5);
+    QVERIFY(contrast(corDe(3), janela_->palette().color(QPalette::Window)) > 4.5);
     click(janela_, u"chk5"_s);
     QCOMPARE(text(janela_, u"lblTotal_3"_s), u"300,00"_s);
     QCOMPARE(corDe(3), normal);
@@ -339,7 +324,7 @@ void TstFrmBalanco::theWarningIsReadableOnADarkDesktop()
     click(janela_, u"chk5"_s);
     QVERIFY(ui::isDark(janela_->palette()));
     QVERIFY(corDe(3) != corDe(1));
-    QVERIFY(contraste(corDe(3), janela_->palette().color(QPalette::Window)) > 4.5);
+    QVERIFY(contrast(corDe(3), janela_->palette().color(QPalette::Window)) > 4.5);
 }
 
 void TstFrmBalanco::theWarningFollowsTheDesktop()
@@ -351,8 +336,8 @@ void TstFrmBalanco::theWarningFollowsTheDesktop()
     const QColor noClaro = corDe(3);
     escurece();
     QTRY_VERIFY(corDe(3) != noClaro);
-    QVERIFY(contraste(corDe(3), janela_->palette().color(QPalette::Window)) > 4.5);
-    QVERIFY(contraste(corDe(1), janela_->palette().color(QPalette::Window)) > 4.5);
+    QVERIFY(contrast(corDe(3), janela_->palette().color(QPalette::Window)) > 4.5);
+    QVERIFY(contrast(corDe(1), janela_->palette().color(QPalette::Window)) > 4.5);
 }
 
 // --- by the keyboard

@@ -1,7 +1,9 @@
 #include "platform/runtime/clock.h"
 #include "platform/runtime/dates.h"
 #include "platform/ui/controls.h"
+#include "platform/ui/style.h"
 #include "platform/ui/wait.h"
+#include "support/palette.h"
 #include "support/testmain.h"
 
 #include <QCheckBox>
@@ -81,6 +83,8 @@ private slots:
     void unknownIconIsDrawn();
     void emptyCheckBoxShowsOnBothPalettes();
     void boxIsAsWideAsItsSample();
+    void aToneIsReadOnLightAndOnDark_data();
+    void aToneIsReadOnLightAndOnDark();
     void valueKeepsItsSize();
     void enlargedTextFollowsTheProgramsFont();
     void linesFollowTheFont();
@@ -201,6 +205,32 @@ void tst_controls::boxIsAsWideAsItsSample()
         font.setPointSizeF(font.pointSizeF() * 2);
         box->setFont(font);
         QVERIFY(box->sizeHint().width() > box->fontMetrics().horizontalAdvance(u"28/12/2024 20:48:58"_s));
+    }
+}
+
+void tst_controls::aToneIsReadOnLightAndOnDark_data()
+{
+    QTest::addColumn<int>("tone");
+    QTest::newRow("good") << int(ui::Tone::Good);
+    QTest::newRow("pending") << int(ui::Tone::Pending);
+    QTest::newRow("warning") << int(ui::Tone::Warning);
+}
+
+void tst_controls::aToneIsReadOnLightAndOnDark()
+{
+    QFETCH(const int, tone);
+    constexpr double leastContrast = 4.5;
+    for (const auto &ground : {QColor(239, 239, 239), QColor(49, 54, 59)}) {
+        const QColor text = ground.lightness() < 128 ? Qt::white : Qt::black;
+        const Palette desktop(ground, text);
+        QLabel label;
+        ui::setTone(label, ui::Tone(tone));
+        const auto shown = [&label] { return label.palette().color(QPalette::WindowText); };
+        QVERIFY(shown() != text);
+        QVERIFY(support::contrast(shown(), ground) > leastContrast);
+        QCOMPARE(label.palette().color(QPalette::Window), ground);
+        ui::setTone(label, ui::Tone::Normal);
+        QCOMPARE(shown(), text);
     }
 }
 
