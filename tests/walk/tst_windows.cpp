@@ -43,7 +43,6 @@ constexpr auto commands = std::to_array<Command>({
     {u"itmCadaPecas", u"frmCadaPecas", u"btnVoltar"},
     {u"itmCadaFornecedores", u"frmCadaFornecedor", u"btnVoltar"},
     {u"itmMoviEntradaPecas", u"frmMoviEntradaPeca", u"btnVoltar"},
-    {u"itmMoviEntradaPecas", u"frmMoviEntradaPeca", u"btnVoltar"},
     {u"itmMoviEntradaPecasConsultar", u"frmMoviEntradaPecaConsulta", u"btnVoltar"},
     {u"itmMoviConsEntrPecaFornecedor", u"frmRelaSelecaoNotasEntradas", u"btnVoltar"},
     {u"itmMoviEstoque", u"frmMoviEstoque", u"btnVoltar"},
