@@ -44,15 +44,22 @@ float saldoDe(const runtime::Value &valor)
     return runtime::IsNull(valor) ? 0 : runtime::CSng(valor);
 }
 
-/// The accounts that are not even, each by its last row. The customer at which the reading was left is not among them:
-/// his last row was not read.
-std::vector<Conta> contasEmAberto(Andamento &obra)
+/// One whose account is not even.
+struct Devedor {
+    qint32 codigo;
+    float saldo;
+    QString dia; ///< year, month and day run together, so that the order of the texts is that of the days
+};
+
+/// Those whose last row is not even. The customer at which the reading was left is not among them: his last row was not
+/// read.
+std::vector<Devedor> leDevedores(Andamento &obra)
 {
-    std::vector<Conta> abertas;
+    std::vector<Devedor> achados;
     std::optional<Conta> conta;
     const auto termina = [&] {
         if (conta && conta->saldo != 0) {
-            abertas.push_back(*conta);
+            achados.push_back({conta->codCliente, conta->saldo, runtime::Format(conta->data, u"yyyymmdd")});
         }
     };
     dao::Recordset linhas = DBDados->OpenRecordset(u"SELECT * FROM ContaFiado ORDER BY CodCliente, Codigo"_s);
@@ -70,13 +77,12 @@ std::vector<Conta> contasEmAberto(Andamento &obra)
     if (!obra.deixado()) {
         termina();
     }
-    return abertas;
+    return achados;
 }
 
-/// Year, month and day run together, so that the order of the texts is that of the days.
-QString diaParaOrdem(const Conta &conta)
+QString comoData(const QString &dia)
 {
-    return runtime::Format(conta.data, u"yyyymmdd");
+    return dia.isEmpty() ? dia : dia.mid(6) + u'/' + dia.mid(4, 2) + u'/' + dia.left(4);
 }
 
 QString nomeDoCliente(qint32 codigo)
@@ -89,17 +95,17 @@ QString nomeDoCliente(qint32 codigo)
 /// The longest without a movement come first. A credit is listed too, and lowers the total.
 void enche(ui::ListView &lista, Andamento &obra)
 {
-    std::vector<Conta> contas = contasEmAberto(obra);
-    std::ranges::stable_sort(contas, {}, diaParaOrdem);
+    std::vector<Devedor> achados = leDevedores(obra);
+    std::ranges::stable_sort(achados, {}, &Devedor::dia);
     float total = 0;
-    for (const Conta &conta : contas) {
-        total = SaldoDepois(total, conta.saldo);
-        ui::ListItem linha = lista.addItem(runtime::Format(conta.codCliente, mascaraCodigo),
-                                           {nomeDoCliente(conta.codCliente), runtime::Format(conta.saldo, mascaraValor),
-                                            runtime::Format(conta.data, mascaraData)});
+    for (const Devedor &devedor : achados) {
+        total = SaldoDepois(total, devedor.saldo);
+        ui::ListItem linha = lista.addItem(
+            runtime::Format(devedor.codigo, mascaraCodigo),
+            {nomeDoCliente(devedor.codigo), runtime::Format(devedor.saldo, mascaraValor), comoData(devedor.dia)});
         linha.setSmallIcon(marcaConta);
     }
-    if (contas.empty()) {
+    if (achados.empty()) {
         lista.addItem({}, {u"Registro não Localizado"_s});
         return;
     }
