@@ -165,7 +165,7 @@ void TstWindows::init()
     boxes_ = std::make_unique<support::Boxes>();
     program_->config(u"PreencheCadastroAutomatico"_s, u"S"_s);
     // Two commands are for one workshop each.
-    const bool origins = QTest::currentDataTag() == "itmMoviOrigem"_L1;
+    const bool origins = QString::fromLatin1(QTest::currentDataTag()) == u"itmMoviOrigem"_s;
     program_->config(u"Personalizacao"_s, origins ? u"1-1"_s : u"2-2"_s);
     program_->sql(u"INSERT INTO Clientes (Nome, Endereco, Numero, Estado) VALUES ('MARIA', 'RUA A', 1, 'SP')"_s);
     program_->sql(u"INSERT INTO Fornecedores (Nome, Endereco, Numero, Estado) VALUES ('CASA', 'RUA B', 2, 'SP')"_s);
