@@ -180,13 +180,13 @@ void frmMoviEntradaPecaConsulta::Lista_P()
     if (!codigo) {
         return;
     }
+    ui::ListItem nota = ui_->Lista->item(ui_->Lista->selectedRow());
     const auto paga = NotaPaga(*codigo);
     const bool existe = paga && (*paga ? DesfazPagamento(*codigo) : PagaNota(*codigo, PerguntaDiaDoPagamento()));
     if (!existe) {
         btnTodos_Click();
         return;
     }
-    ui::ListItem nota = ui_->Lista->item(ui_->Lista->selectedRow());
     nota.setSubItem(colunaPago, *paga ? u"Não"_s : u"Sim"_s);
     nota.setSubItem(colunaDataPagto, DiaDoPagamento(*codigo));
 }
@@ -201,12 +201,13 @@ void frmMoviEntradaPecaConsulta::btnNovo_Click()
 void frmMoviEntradaPecaConsulta::btnExcluir_Click()
 {
     const auto codigo = escolhida();
+    const int linha = ui_->Lista->selectedRow();
     if (!codigo || !ui::Confirm(u"Excluir o Registro Selecionado"_s, NomeEmpresa)) {
         return;
     }
     ExcluiNota(*codigo);
     ui_->Lista->setFocus(); // from a button that is disabled below
-    ui_->Lista->removeRow(ui_->Lista->selectedRow());
+    ui_->Lista->removeRow(linha);
     ui_->Lista->clearSelection(); // the next note was not chosen by the user
     ui_->lstPecas->clear();
 }

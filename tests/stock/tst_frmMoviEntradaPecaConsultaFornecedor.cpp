@@ -48,6 +48,7 @@ private slots:
     void withoutNotesABoxSaysSo();
     void theSumsAre32BitsWide();
     void aNoteWithoutAValueCountsNothing();
+    void aNoteOfADeletedSupplierIsNotShown();
     void aNewChoiceIsReadWhenItOpensAgain();
     void withoutTheSelectionItIsEmpty();
     void aClickShowsTheLines();
@@ -197,6 +198,18 @@ void TstFrmMoviEntradaPecaConsultaFornecedor::aNoteWithoutAValueCountsNothing()
     marca(0);
     QCOMPARE(somas(), (QStringList{u"0,00"_s, u"0,00"_s, u"0,00"_s}));
     QCOMPARE(columnOf(janela_, 0).front(), u"Sim"_s);
+}
+
+/// The selection window knows no such supplier, so the query never asks for his notes.
+void TstFrmMoviEntradaPecaConsultaFornecedor::aNoteOfADeletedSupplierIsNotShown()
+{
+    nota(fornecedor(u"ANA"_s), u"05/10/2024"_s, u"1"_s);
+    program_->sql(u"DELETE * FROM Fornecedores"_s);
+    ui::Form *escolha = cadastro::open(selecao, paraConsulta);
+    boxes_->exclamation(u"Código do Fornecedor não localizado"_s).exclamation(u"Código do Fornecedor inválido"_s);
+    support::type(escolha, u"txtCodForn"_s, u"1"_s);
+    support::click(escolha, u"btnPreenche"_s);
+    QVERIFY(!cadastro::isOpen(janela));
 }
 
 void TstFrmMoviEntradaPecaConsultaFornecedor::aNewChoiceIsReadWhenItOpensAgain()

@@ -46,6 +46,8 @@ private slots:
     void aNoteThatIsGoneLeavesTheList();
     void aNoteDeletedDuringTheQuestionIsNotWritten();
 
+    void worksByTheKeyboardAlone();
+
     void theReportOpensOnItsNote();
     void theReportsPeriodHolds();
     void theReportsNoteCanOnlyBeLookedAt();
@@ -190,6 +192,22 @@ void TstFrmMoviEntradaPecaConsultaPaga::aNoteDeletedDuringTheQuestionIsNotWritte
     QVERIFY(excluida);
     QVERIFY(marcas().empty());
     QCOMPARE(cadastro::list(janela_)->count(), 0);
+}
+
+void TstFrmMoviEntradaPecaConsultaPaga::worksByTheKeyboardAlone()
+{
+    const qint32 ana = fornecedor(u"ANA"_s);
+    nota(ana, u"05/10/2024"_s, u"1"_s);
+    linha(nota(ana, u"05/11/2024"_s, u"2"_s), 0, u"1"_s, u"FRETE"_s, u"2"_s, u"A"_s);
+    abre();
+    QTest::keyClick(janela_->window()->windowHandle(), Qt::Key_End);
+    QCOMPARE(linhas().size(), 1U);
+    boxes_->inputKeep(perguntaDia, u"15/05/2024"_s);
+    QTest::keyClick(janela_->window()->windowHandle(), Qt::Key_P);
+    QCOMPARE(marcas(), (Rows{{nao, nulo}, {sim, u"15/05/2024 00:00:00"_s}}));
+    boxes_->question(u"Excluir o Registro Selecionado"_s, true);
+    QTest::keyClick(janela_->window()->windowHandle(), Qt::Key_X, Qt::AltModifier);
+    QCOMPARE(columnOf(janela_), (QStringList{u"0001"_s}));
 }
 
 // --- from the report
