@@ -78,14 +78,14 @@ constexpr Pagina paginaDoEstoque{.titulo = u"LISTA DE ESTOQUE GERAL", .linhas = 
 // --- parts and services
 
 constexpr std::array colunasDosPrecos{
-    ColunaLista{u"Código", 900, u"Codigo", comoCodigo},
-    ColunaLista{u"Descrição", 3400, u"Nome", comoEsta},
-    ColunaLista{u"Aplicação", 3000, u"MarcaModelo", comoEsta},
-    ColunaLista{u"Peça/Serviço", 1200, u"PS", comoEsta},
-    ColunaLista{u"Valor de Custo", 1500, u"ValorCusto", comoValor, Qt::AlignRight},
-    ColunaLista{u"Valor de Venda", 1500, u"ValorVenda", comoValor, Qt::AlignRight},
-    ColunaLista{u"Estoque Mínimo", 1500, u"EstoqueMinimo", comoQuantidade, Qt::AlignRight},
-    ColunaLista{u"Cont. Estoque", 1300, u"ControlaEstoque", comoSimNao},
+    ColunaLista{u"Código", 760, u"Codigo", comoCodigo},
+    ColunaLista{u"Descrição", 2500, u"Nome", comoEsta},
+    ColunaLista{u"Aplicação", 2150, u"MarcaModelo", comoEsta},
+    ColunaLista{u"Peça/Serviço", 1300, u"PS", comoEsta},
+    ColunaLista{u"Valor de Custo", 1420, u"ValorCusto", comoValor, Qt::AlignRight},
+    ColunaLista{u"Valor de Venda", 1450, u"ValorVenda", comoValor, Qt::AlignRight},
+    ColunaLista{u"Estoque Mínimo", 1530, u"EstoqueMinimo", comoQuantidade, Qt::AlignRight},
+    ColunaLista{u"Cont. Estoque", 1370, u"ControlaEstoque", comoSimNao},
 };
 constexpr Lista listaDosPrecos{.colunas = colunasDosPrecos, .vazia = nenhuma};
 
