@@ -174,6 +174,11 @@ void TestRelatoriosOficina::initTestCase()
     programa_->sql(u"UPDATE NotasEntradas SET CodForn = 1"_s);
     programa_->sql(u"UPDATE Clientes SET DataNascimento = #5/20/1985# WHERE Codigo < 200"_s);
     programa_->sql(u"UPDATE Pecas SET EstoqueMinimo = 9999 WHERE ControlaEstoque = True"_s);
+    for (int nota = 1; nota <= 60; ++nota) {
+        programa_->sql(
+            u"INSERT INTO NotasEntradas (CodForn, Data, Valor, Pago, Observacoes) VALUES (1, #5/2/2024#, %1, "
+            "False, 'NOTA %1')"_s.arg(nota));
+    }
     for (int cliente = 1; cliente <= 150; ++cliente) {
         programa_->sql(
             u"INSERT INTO ContaFiado (CodCliente, Data, Saldo) VALUES (%1, #5/%2/2024#, %3.25)"_s.arg(cliente)
@@ -255,7 +260,7 @@ void TestRelatoriosOficina::aHeaderClickMovesTheTotalsOnPaperToo()
     const auto linhas = rowsOf(form);
     QVERIFY(std::ranges::find(linhas, total) - linhas.begin() < 3); // three at most
     click(form, u"btnPrint"_s);
-    const QStringList &primeira = papel::impresso().front();
+    const QStringList primeira = papel::impresso().front();
     QCOMPARE(primeira.mid(este.cabecalho + int(este.linhas.size())), rowsOnPaper(linhas, 0, este.porFolha, este));
 }
 

@@ -129,7 +129,8 @@ bool inProcess(const QString &workshop, const QString &results, const Surroundin
     process.setProcessChannelMode(QProcess::ForwardedChannels);
     process.start(QCoreApplication::applicationFilePath(),
                   {onlyPictures, workshop, results, surrounding.name.toString()});
-    return process.waitForFinished() && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+    constexpr int tenMinutes = 600'000; // a hundred pictures take their time on a busy machine
+    return process.waitForFinished(tenMinutes) && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
 }
 
 bool demonstrate(const QString &results)
