@@ -86,6 +86,10 @@ constexpr std::array uses{
     Use{"frmMoviFiados"},
     Use{"frmMoviFiadosConta"},
     Use{"frmMoviFiadosConta", 11},
+    Use{"frmMoviEntradaPecaConsulta"},
+    Use{"frmMoviEntradaPecaConsulta", 21},
+    Use{"frmMoviEntradaPecaConsultaFornecedor", 34},
+    Use{"frmRelaSelecaoNotasEntradas"},
     Use{"frmRelaPreVisualiza"},
 };
 
@@ -127,6 +131,7 @@ const QMap<QString, QString> longest = {
     {u"lblCodOS"_s, u"12888"_s},
     {u"lblCodCliente"_s, u"12888"_s},
     {u"txtCodCliente"_s, u"128888"_s},
+    {u"txtCodForn"_s, u"128888"_s},
     {u"txtCodVeiculo"_s, u"MWO-8888"_s},
     {u"txtCodFornecedor"_s, u"128888"_s},
     {u"txtCodPeca"_s, u"78988888888"_s},
@@ -160,6 +165,8 @@ const QMap<QString, QString> longest = {
     {u"txtDesconto"_s, money},
     {u"lblValor"_s, money},
     {u"lblTotal"_s, money},
+    {u"lblPagas"_s, money},
+    {u"lblNaoPagas"_s, money},
     {u"lblCompensado"_s, money},
     {u"lblCompensar"_s, money},
     {u"lblTotalP"_s, money},

@@ -201,6 +201,7 @@ constexpr std::array rows{
     Row{u"frmMoviEntradaPeca", u"txtQuantidade", u"NotasPecas", u"Quantidade"},
     Row{u"frmMoviEntradaPeca", u"txtDescricao", u"NotasPecas", u"Descricao", listLength}, // refused above 200
     Row{u"frmMoviEntradaPeca", u"txtValor", u"NotasPecas", u"ValorUnit"},
+    Row{u"frmRelaSelecaoNotasEntradas", u"txtCodForn"}, // a code that is looked up
     Row{u"frmMoviFiados", u"txtTexto"},
     Row{u"frmMoviFiadosConta", u"txtData", u"ContaFiado", u"Data"},
     Row{u"frmMoviFiadosConta", u"txtDescricao", u"ContaFiado", u"Descricao"},
