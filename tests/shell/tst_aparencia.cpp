@@ -91,6 +91,11 @@ constexpr std::array uses{
     Use{"frmMoviEntradaPecaConsultaFornecedor", 34},
     Use{"frmRelaSelecaoNotasEntradas"},
     Use{"frmRelaPreVisualiza"},
+    Use{"frmRelaSelecaoPecas"},
+    Use{"frmRelatorio", 22},
+    Use{"frmRelatorio", 32},
+    Use{"frmRelatorio", 37},
+    Use{"frmRelatorio", 38},
 };
 
 const QString money = u"1.234.567,89"_s;

@@ -72,6 +72,9 @@ void TestModos::commandShowsTheWindowInItsOwnUse_data()
     QTest::newRow("query, showing one order") << u"itmOSConsultar"_s << u"frmOSConsulta"_s << 10;
     QTest::newRow("query, closing") << u"itmOSConsultar"_s << u"frmOSConsulta"_s << 9;
     QTest::newRow("closing, query") << u"itmOSFecha"_s << u"frmOSConsulta"_s << 0;
+    QTest::newRow("stock of all parts, shopping list") << u"itmRelaEstoqueGeralPecas"_s << u"frmRelatorio"_s << 32;
+    QTest::newRow("shopping list, prices") << u"itmRelaListaCompras"_s << u"frmRelatorio"_s << 37;
+    QTest::newRow("prices, stock of all parts") << u"itmRelaListaPecas"_s << u"frmRelatorio"_s << 22;
 }
 
 void TestModos::commandShowsTheWindowInItsOwnUse()
