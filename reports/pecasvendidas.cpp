@@ -29,7 +29,7 @@ struct LinhaDaOrdem {
     std::size_t numero = 0; ///< in the order of storage
 };
 
-float numero(const Value &valor)
+float quanto(const Value &valor)
 {
     return runtime::IsNull(valor) ? 0 : runtime::CSng(valor);
 }
@@ -39,9 +39,9 @@ ItemVendido itemDe(const dao::Recordset &linha)
     const Value codPeca = linha.value(u"CodPeca");
     return {.codPeca = runtime::IsNull(codPeca) ? 0 : runtime::CLng(codPeca),
             .descricao = core::NuloParaVazio(linha.value(u"Descricao")),
-            .quantidade = numero(linha.value(u"Quantidade")),
-            .unit = numero(linha.value(u"ValorUnit")),
-            .total = numero(linha.value(u"Total"))};
+            .quantidade = quanto(linha.value(u"Quantidade")),
+            .unit = quanto(linha.value(u"ValorUnit")),
+            .total = quanto(linha.value(u"Total"))};
 }
 
 /// What was sold so far, in the order in which it came up first.
