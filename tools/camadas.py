@@ -105,14 +105,14 @@ class Files:
         return [name for name in found if name.endswith(".h") or ("/" in name and not name.startswith("Qt"))]
 
     def owner(self, file):
-        """A header of its own belongs to the lowest library of its folder that links what it includes."""
+        """A header or a layout of its own belongs to the lowest library of its folder that links what it includes."""
         if file not in self.owners:
             path = Path(file)
             here = [library for library in self.libraries.values() if library.folder == path.parent.as_posix()]
             here.sort(key=lambda library: library.layer or 0)
             twins = [library for library in here if path.stem in library.stems]
             self.owners[file] = twins[0] if twins else None
-            if not twins and path.suffix == ".h":
+            if not twins and path.suffix in (".h", ".ui"):
                 able = [library for library in here if not self.strangers(file, library)]
                 self.owners[file] = (able or here or [None])[0]
         return self.owners[file]

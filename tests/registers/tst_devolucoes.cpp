@@ -112,8 +112,7 @@ constexpr std::array wanted{
 };
 
 /// The callers that the program does not have yet: each leaves this list when it comes.
-const Names windowsToCome{u"frmRelaSelecaoNotasEntradas"_s};
-const Names windowsToCome{u"frmMoviEntradaPeca"_s};
+const Names windowsToCome{};
 
 Names describedTables()
 {
