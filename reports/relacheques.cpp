@@ -43,12 +43,12 @@ bool aCompensar(const dao::Recordset &linha)
 constexpr std::array colunas{
     ColunaLista{u"Cód. O.S.", 950, u"CodOs", comoCodigo},
     ColunaLista{u"Data", 1250, u"Data", comoData},
-    ColunaLista{u"Banco", 2500, u"Banco", comoEsta},
+    ColunaLista{u"Banco", 3400, u"Banco", comoEsta},
     ColunaLista{u"Conta", 1750, u"Conta", comoEsta},
     ColunaLista{u"Número", 1400, u"Numero", comoEsta},
     ColunaLista{u"Valor", 1250, u"Valor", comoValor, Qt::AlignRight},
     ColunaLista{u"Vencimento", 1250, u"Vencimento", comoData},
-    ColunaLista{u"Pago", 620, u"Pago", comoSimNao},
+    ColunaLista{u"Pago", 700, u"Pago", comoSimNao},
     ColunaLista{u"Observações", 3000, u"Observacoes", comoEsta},
 };
 constexpr std::array somas{Soma{u"Valor"}, Soma{u"Valor", compensado}, Soma{u"Valor", aCompensar}};

@@ -35,17 +35,17 @@ int abreOrdem(const dao::Recordset & /*linha*/)
 }
 
 constexpr std::array colunas{
-    ColunaLista{u"Código", 800, u"Codigo", comoCodigo},
+    ColunaLista{u"Código", 1200, u"Codigo", comoCodigo},
     ColunaLista{u"Cliente", 2800, u"Nome", comoEsta},
     ColunaLista{u"Veículo", 2400, u"MarcaModelo", comoEsta},
-    ColunaLista{u"Placa", 950, u"Placas", comoEsta},
-    ColunaLista{u"Data Entrada", 1900, u"DataIn", comoDataHora},
-    ColunaLista{u"Data Saída", 1900, u"DataOut", comoDataHora},
+    ColunaLista{u"Placa", 1150, u"Placas", comoEsta},
+    ColunaLista{u"Data Entrada", 2300, u"DataIn", comoDataHora},
+    ColunaLista{u"Data Saída", 2300, u"DataOut", comoDataHora},
     ColunaLista{u"KM", 900, u"KM", comoEsta, Qt::AlignRight},
     ColunaLista{u"Valor", 1150, u"Valor", comoValor, Qt::AlignRight},
     ColunaLista{u"Em Aberto", 950, u"EmAberto", comoSimNao},
     ColunaLista{u"Pago", 620, u"Pago", comoSimNao},
-    ColunaLista{u"Data Pagto.", 1900, u"DataPagto", comoDataHora},
+    ColunaLista{u"Data Pagto.", 2300, u"DataPagto", comoDataHora},
     ColunaLista{u"Forma Pagto.", 2400, u"FormaPagto", comoEsta},
     ColunaLista{u"Observações", 3000, u"Observacao", comoEsta},
 };

@@ -26,10 +26,10 @@ constexpr std::array<QStringView, 2> nenhuma{u"", u"Registro não Localizado"};
 
 constexpr std::array colunasDoEstoque{
     ColunaLista{u"Código", 900},
-    ColunaLista{u"Descrição", 3400},
-    ColunaLista{u"Aplicação", 3000},
-    ColunaLista{u"Unid. Medida", 1200},
-    ColunaLista{u"Estoque Mínimo", 1500, {}, nullptr, Qt::AlignRight},
+    ColunaLista{u"Descrição", 3200},
+    ColunaLista{u"Aplicação", 2400},
+    ColunaLista{u"Unid. Medida", 1500},
+    ColunaLista{u"Estoque Mínimo", 1700, {}, nullptr, Qt::AlignRight},
     ColunaLista{u"Estoque Atual", 1500, {}, nullptr, Qt::AlignRight},
 };
 constexpr Lista listaDoEstoque{.colunas = colunasDoEstoque};

@@ -92,10 +92,20 @@ constexpr std::array uses{
     Use{"frmRelaSelecaoNotasEntradas"},
     Use{"frmRelaPreVisualiza"},
     Use{"frmRelaSelecaoPecas"},
+    Use{"frmRelaSelecaoCheques"},
+    Use{"frmRelatorio", 21},
     Use{"frmRelatorio", 22},
     Use{"frmRelatorio", 32},
     Use{"frmRelatorio", 37},
     Use{"frmRelatorio", 38},
+    Use{"frmRelatorio", 24},
+    Use{"frmRelatorio", 25},
+    Use{"frmRelatorio", 36},
+    Use{"frmRelatorio", 28},
+    Use{"frmRelatorio", 29},
+    Use{"frmRelatorio", 30},
+    Use{"frmRelatorio", 31},
+    Use{"frmRelatorio", 33},
 };
 
 const QString money = u"1.234.567,89"_s;

@@ -74,6 +74,8 @@ void TestModos::commandShowsTheWindowInItsOwnUse_data()
     QTest::newRow("closing, query") << u"itmOSFecha"_s << u"frmOSConsulta"_s << 0;
     QTest::newRow("stock of all parts, shopping list") << u"itmRelaEstoqueGeralPecas"_s << u"frmRelatorio"_s << 32;
     QTest::newRow("shopping list, prices") << u"itmRelaListaCompras"_s << u"frmRelatorio"_s << 37;
+    QTest::newRow("debtors, visits of vehicles") << u"itmRelaListaDevedores"_s << u"frmRelatorio"_s << 31;
+    QTest::newRow("birthdays, payment of an order") << u"itmRelaNiver"_s << u"frmRelatorio"_s << 25;
     QTest::newRow("prices, stock of all parts") << u"itmRelaListaPecas"_s << u"frmRelatorio"_s << 22;
 }
 

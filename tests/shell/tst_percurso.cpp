@@ -66,6 +66,8 @@ constexpr State states[] = {
     {"selection of notes", "frmRelaSelecaoNotasEntradas"},
     {"preview", "frmRelaPreVisualiza"},
     {"what was sold, selection", "frmRelaSelecaoPecas"},
+    {"cheques, selection", "frmRelaSelecaoCheques"},
+    {"payment of an order", "frmRelatorio", 25},
     {"stock of all parts", "frmRelatorio", 22},
     {"what was sold", "frmRelatorio", 38},
     {"estimate", "frmOSOrcaNovo"},

@@ -484,10 +484,10 @@ void Telas::entradas()
     picture(u"frmMoviEntradaPeca_vazio"_s);
     cadastro::fill(window, {{u"txtCodFornecedor"_s, u"1"_s},
                             {u"txtObs"_s, u"nota fiscal 8.888, entregue sem a caixa de parafusos"_s},
-                            {u"txtCodPeca"_s, u"1"_s},
+                            {u"txtCodPeca"_s, movedPart()},
                             {u"txtQuantidade"_s, u"1.288"_s}});
     click(window, u"btnItemAdd"_s);
-    cadastro::fill(window, {{u"txtCodPeca"_s, u"1"_s}, {u"txtQuantidade"_s, u"88"_s}});
+    cadastro::fill(window, {{u"txtCodPeca"_s, movedPart()}, {u"txtQuantidade"_s, u"88"_s}});
     picture(u"frmMoviEntradaPeca"_s);
     close(window);
 
