@@ -18,8 +18,10 @@ Keyset::Keyset(std::shared_ptr<Connection> connection, std::shared_ptr<Plan> pla
     connection_->handle();
     if (width_ != 0 && (plan_->sorted || looksElsewhere())) {
         constexpr size_t many = 100;
-        drain();
-        if (rows() > many) {
+        plan_->asksInColumns ? readAhead() : drain();
+        if (rows() <= many) {
+            letFileGo();
+        } else if (!hold_) {
             holdFile();
         }
     } else {
@@ -125,12 +127,51 @@ void Keyset::drain()
     endScan();
 }
 
+/// What a query inside the statement finds for a row costs as much again where the row is looked up, so all is read in
+/// one go. It stands while the file is locked and nothing that it comes from is changed: until then a row that is
+/// visited reads the same.
+void Keyset::readAhead()
+{
+    holdFile();
+    scan_ = plan_->scan.take(connection_->handle());
+    bindLiterals(scan_, *plan_, literals_);
+    const auto columns = static_cast<int>(plan_->columns.size());
+    while (fetchKey(scan_)) {
+        for (int column = 0; column < columns; ++column) {
+            read_.push_back(valueOf(scan_, column + static_cast<int>(width_), column));
+        }
+    }
+    endScan();
+}
+
 /// Rows that are read one by one are read under one lock of the file, as those of a running statement are, and not one
 /// a row.
 void Keyset::holdFile()
 {
     hold_ = Prepared(connection_->handle(), QByteArrayLiteral("SELECT 1 FROM sqlite_schema"));
     hold_.step();
+}
+
+void Keyset::letFileGo()
+{
+    hold_ = {};
+    forgetRead();
+}
+
+void Keyset::forgetRead()
+{
+    if (!read_.empty()) {
+        held_ = nullptr;
+        read_ = {};
+    }
+}
+
+/// The values of a row that are in memory; none for one that is looked up.
+const runtime::Value *Keyset::valuesOf(size_t row) const
+{
+    const auto &values = width_ == 0 ? copy_ : read_;
+    const size_t first = row * plan_->columns.size();
+    return first < values.size() ? values.data() + first : nullptr;
 }
 
 void Keyset::requireOpen() const
@@ -184,14 +225,14 @@ void Keyset::goTo(size_t row)
     place_ = Place::Row;
     row_ = row;
     partial_ = nullptr;
-    held_ = width_ == 0 ? copy_.data() + row * plan_->columns.size() : nullptr;
+    held_ = valuesOf(row);
     const bool ahead = !drained_ && (row + 1) * width_ == keys_.size();
     current_ = ahead ? &scan_ : nullptr;
 }
 
 void Keyset::goBehind()
 {
-    hold_ = {};
+    letFileGo();
     place_ = Place::After;
     current_ = nullptr;
 }
@@ -378,8 +419,9 @@ void Keyset::markDeleted()
 size_t Keyset::complete()
 {
     drain();
-    settle();
+    dropCurrent();
     if (std::exchange(deleted_, 0) > 0) {
+        forgetRead();
         std::erase(keys_, 0);
     }
     keys_.shrink_to_fit();
@@ -422,7 +464,7 @@ void Keyset::close()
     }
     connection_->leave(this);
     dropCurrent();
-    hold_ = {};
+    letFileGo();
     plan_->scan.giveBack(std::move(scan_));
     plan_->seek.giveBack(std::move(seek_));
     connection_.reset();
@@ -434,7 +476,7 @@ void Keyset::disconnect()
     scan_ = {};
     seek_ = {};
     last_ = {};
-    hold_ = {};
+    letFileGo();
     current_ = nullptr;
     plan_->clearPools();
     connection_.reset();
@@ -481,11 +523,14 @@ void Keyset::settle()
     drain();
     dropCurrent();
     partial_ = nullptr;
-    hold_ = {};
+    letFileGo();
 }
 
 void Keyset::rowAdded(const QString &table, qint64 row)
 {
+    if (reads(table)) {
+        forgetRead();
+    }
     for (size_t i = 0; i < width_; ++i) {
         if (plan_->tables[i]->name == table) {
             newest_[i] = std::min(newest_[i], row - 1);

@@ -57,8 +57,8 @@ public:
     void markDeleted();       ///< the current row, which this set has deleted
 
     // For a snapshot, whose rows are all known and have their places.
-    size_t complete();                          ///< meets all rows, forgets the deleted ones, and counts them
-    bool standOn(size_t row);                   ///< false where it is gone
+    size_t complete();        ///< meets all rows, forgets the deleted ones, and counts them; the file may stay locked
+    bool standOn(size_t row); ///< false where it is gone
     void standOn(const runtime::Value *values); ///< on a row whose values are in memory
     void standOn(size_t row, PartialRow &partial);
     Prepared read(const QByteArray &sql); ///< a statement with the literals of the set's own
@@ -85,6 +85,10 @@ private:
     bool fetchKey(Prepared &statement);
     void endScan();
     void drain();
+    void readAhead();
+    void letFileGo();
+    void forgetRead();
+    const runtime::Value *valuesOf(size_t row) const;
     void goTo(size_t row);
     void goBackFrom(size_t row);
     void goBehind();
@@ -113,6 +117,7 @@ private:
     std::vector<qint64> added_;   ///< rows added by this set while the statement ran: they stand at the end
     std::vector<qint64> newest_;  ///< the highest row number of each table that counts
     std::vector<runtime::Value> copy_;
+    std::vector<runtime::Value> read_;     ///< the values of all rows, read when the set was opened
     const runtime::Value *held_ = nullptr; ///< the current row where its values are in memory
     PartialRow *partial_ = nullptr;        ///< the current row where only some columns are read
     size_t deleted_ = 0;

@@ -35,6 +35,8 @@ SnapshotData::SnapshotData(std::unique_ptr<RecordsetData> data)
 {
     if (keyset_.plan().asksInColumns) {
         keepAll();
+    } else {
+        keyset_.settle();
     }
     keyset_.connection().join(this);
 }

@@ -69,6 +69,9 @@ private slots:
     void severalSetsOnOneTableDoNotDisturbEachOther();
     void aLongSortedSetLetsItsTableBeWritten();
     void anotherProgramWritesOnceALongSortedSetIsWalked();
+    void aLongSetShowsWhatItsQueryFindsAtEachRow();
+    void aLongSetIsReadAfreshFromItsEnd();
+    void aShortSetWithAQueryLocksNothing();
     void aClosedSetIsNoObject();
     void aClosedDatabaseClosesItsSets();
     void aMovedSetIsNoObject();
@@ -77,6 +80,7 @@ private:
     static void sources();
     dao::Recordset openAtLast();
     void createList(int rows);
+    dao::Recordset openWithVisits(int rows);
 
     dao::Database &database() { return golden_->database(); }
     dao::Recordset open(const QString &source) { return database().OpenRecordset(source); }
@@ -673,6 +677,62 @@ void tst_recordset::anotherProgramWritesOnceALongSortedSetIsWalked()
     QCOMPARE(walk(set).size(), many);
     QCOMPARE(other->Execute(u"DELETE * FROM Lista WHERE Codigo > 1"_s), many - 1);
     QCOMPARE(rows(u"SELECT Nome FROM Lista"_s), (QStringList{u"N0300"_s}));
+}
+
+/// A sorted set of which a column asks another table: how often a row was visited. The last code comes first.
+dao::Recordset tst_recordset::openWithVisits(int rows)
+{
+    createList(rows);
+    database().Execute(u"CREATE TABLE Visita (Codigo COUNTER, CodLista LONG)"_s);
+    database().Execute(u"INSERT INTO Visita (CodLista) VALUES (1)"_s);
+    return open(
+        u"SELECT Codigo, (SELECT count(Codigo) FROM Visita WHERE CodLista = Lista.Codigo) AS Visitas FROM Lista ORDER BY Nome"_s);
+}
+
+/// What this program writes meanwhile is seen by the rows that follow.
+void tst_recordset::aLongSetShowsWhatItsQueryFindsAtEachRow()
+{
+    auto set = openWithVisits(300);
+    const auto next = [&set](const QString &code) {
+        set.MoveNext();
+        return shown(set.value(0)) == code ? shown(set.value(1)) : u"another row"_s;
+    };
+    QCOMPARE(shown(set.value(1)), u"0"_s);
+    QCOMPARE(next(u"299"_s), u"0"_s);
+    database().Execute(u"INSERT INTO Visita (CodLista) VALUES (298)"_s);
+    QCOMPARE(next(u"298"_s), u"1"_s);
+    database().Execute(u"UPDATE Visita SET CodLista = 297"_s);
+    QCOMPARE(next(u"297"_s), u"2"_s);
+    database().Execute(u"DELETE * FROM Visita"_s);
+    set.MovePrevious();
+    QCOMPARE(next(u"297"_s), u"0"_s);
+    database().Execute(u"INSERT INTO Visita (CodLista) VALUES (1)"_s);
+    set.MoveLast();
+    QCOMPARE(shown(set.value(0)), u"1"_s);
+    QCOMPARE(shown(set.value(1)), u"1"_s);
+}
+
+void tst_recordset::aLongSetIsReadAfreshFromItsEnd()
+{
+    auto set = openWithVisits(300);
+    QCOMPARE(walk(set).size(), 300);
+    const auto other = dao::DBEngine::OpenDatabase(golden_->path());
+    other->Execute(u"UPDATE Visita SET CodLista = 300"_s);
+    other->Execute(u"DELETE * FROM Lista WHERE Codigo = 299"_s);
+    set.MoveFirst();
+    QCOMPARE(shown(set.value(1)), u"1"_s);
+    set.MoveNext();
+    QCOMPARE(errorOf([&] { set.value(1); }), 3167);
+}
+
+void tst_recordset::aShortSetWithAQueryLocksNothing()
+{
+    auto set = openWithVisits(100);
+    const auto other = dao::DBEngine::OpenDatabase(golden_->path());
+    other->Execute(u"UPDATE Visita SET CodLista = 99"_s);
+    set.MoveNext();
+    QCOMPARE(shown(set.value(0)), u"99"_s);
+    QCOMPARE(shown(set.value(1)), u"1"_s);
 }
 
 void tst_recordset::aClosedSetIsNoObject()
