@@ -44,22 +44,31 @@ float saldoDe(const runtime::Value &valor)
     return runtime::IsNull(valor) ? 0 : runtime::CSng(valor);
 }
 
+QString nomeDoCliente(qint32 codigo)
+{
+    dao::Recordset cliente =
+        DBDados->OpenRecordset(u"SELECT Nome FROM Clientes WHERE Codigo = "_s + QString::number(codigo));
+    return cliente.Eof() ? u"REGISTRO NÃO LOCALIZADO"_s : NuloParaVazio(cliente.value(0));
+}
+
 /// One whose account is not even.
 struct Devedor {
     qint32 codigo;
+    QString nome;
     float saldo;
     QString dia; ///< year, month and day run together, so that the order of the texts is that of the days
 };
 
 /// Those whose last row is not even. The customer at which the reading was left is not among them: his last row was not
-/// read.
+/// read. The names are looked up on the way, as a statement of its own each behind it would lock the file anew.
 std::vector<Devedor> leDevedores(Andamento &obra)
 {
     std::vector<Devedor> achados;
     std::optional<Conta> conta;
     const auto termina = [&] {
         if (conta && conta->saldo != 0) {
-            achados.push_back({conta->codCliente, conta->saldo, runtime::Format(conta->data, u"yyyymmdd")});
+            achados.push_back({conta->codCliente, nomeDoCliente(conta->codCliente), conta->saldo,
+                               runtime::Format(conta->data, u"yyyymmdd")});
         }
     };
     dao::Recordset linhas = DBDados->OpenRecordset(u"SELECT * FROM ContaFiado ORDER BY CodCliente, Codigo"_s);
@@ -85,13 +94,6 @@ QString comoData(const QString &dia)
     return dia.isEmpty() ? dia : dia.mid(6) + u'/' + dia.mid(4, 2) + u'/' + dia.left(4);
 }
 
-QString nomeDoCliente(qint32 codigo)
-{
-    dao::Recordset cliente =
-        DBDados->OpenRecordset(u"SELECT Nome FROM Clientes WHERE Codigo = "_s + QString::number(codigo));
-    return cliente.Eof() ? u"REGISTRO NÃO LOCALIZADO"_s : NuloParaVazio(cliente.value(0));
-}
-
 /// The longest without a movement come first. A credit is listed too, and lowers the total.
 void enche(ui::ListView &lista, Andamento &obra)
 {
@@ -100,9 +102,9 @@ void enche(ui::ListView &lista, Andamento &obra)
     float total = 0;
     for (const Devedor &devedor : achados) {
         total = SaldoDepois(total, devedor.saldo);
-        ui::ListItem linha = lista.addItem(
-            runtime::Format(devedor.codigo, mascaraCodigo),
-            {nomeDoCliente(devedor.codigo), runtime::Format(devedor.saldo, mascaraValor), comoData(devedor.dia)});
+        ui::ListItem linha =
+            lista.addItem(runtime::Format(devedor.codigo, mascaraCodigo),
+                          {devedor.nome, runtime::Format(devedor.saldo, mascaraValor), comoData(devedor.dia)});
         linha.setSmallIcon(marcaConta);
     }
     if (achados.empty()) {
