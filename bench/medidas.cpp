@@ -83,6 +83,7 @@ int measureAll(int argc, char **argv)
     medidas::medeFinancas();
     medidas::medePrevia();
     medidas::medeRelatorios();
+    medidas::medeRelatoriosDeClientes();
     medidas::mostraSemLimite();
 
     benchmark::Initialize(&argc, argv);

@@ -46,6 +46,7 @@ void medeCadastros();
 void medeFinancas();
 void medePrevia();
 void medeRelatorios();
+void medeRelatoriosDeClientes();
 
 /// The balances of the whole cash book worked out anew through the bare library, inside a write of the caller's.
 void recalculaCru(const BancoCru &banco);
