@@ -44,12 +44,12 @@ bool estaAberta(const dao::Recordset &linha)
 
 constexpr int colunaDescricao = 1;
 constexpr std::array colunas{
-    ColunaLista{u"Data", 1250, u"Data", comoData},
+    ColunaLista{u"Data", 1450, u"Data", comoData},
     ColunaLista{u"Descricao", 4500, u"Descricao", comoEsta},
-    ColunaLista{u"Valor", 1250, u"Valor", comoValor, Qt::AlignRight},
-    ColunaLista{u"Vencimento", 1250, u"Vencimento", comoData},
-    ColunaLista{u"Pago", 620, u"Pago", comoSimNao},
-    ColunaLista{u"Data Pagto.", 1250, u"DataPagto", comoData},
+    ColunaLista{u"Valor", 1350, u"Valor", comoValor, Qt::AlignRight},
+    ColunaLista{u"Vencimento", 1450, u"Vencimento", comoData},
+    ColunaLista{u"Pago", 700, u"Pago", comoSimNao},
+    ColunaLista{u"Data Pagto.", 1450, u"DataPagto", comoData},
 };
 constexpr std::array somas{Soma{u"Valor"}, Soma{u"Valor", estaPaga}, Soma{u"Valor", estaAberta}};
 constexpr std::array<QStringView, 2> nenhuma{u"", u"Registro Não Localizado"};
