@@ -97,7 +97,6 @@ constexpr std::array uses{
     Use{"frmRelaPreVisualiza"},
     Use{"frmRelaSelecaoPecas"},
     Use{"frmRelaSelecaoCheques"},
-    Use{"frmRelatorio", 21},
     Use{"frmRelatorio", 22},
     Use{"frmRelatorio", 32},
     Use{"frmRelatorio", 37},
