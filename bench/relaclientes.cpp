@@ -57,6 +57,7 @@ void openReport(benchmark::State &state, const Oficina &workshop, qint16 mode, i
 
 constexpr int visitors = 50'000;
 constexpr int visits = 100'000;
+constexpr int visitsADay = 100;
 constexpr int oneOfFour = 4; ///< customers who never came
 constexpr int whoCame = visitors - visitors / oneOfFour;
 
@@ -69,7 +70,7 @@ void addVisits()
         orders.AddNew();
         orders[u"CodCliente"] = which + which / (oneOfFour - 1) + 1;
         orders[u"CodVeiculo"] = 1;
-        orders[u"DataIn"] = runtime::Date{firstDay + visit / 100};
+        orders[u"DataIn"] = runtime::Date{firstDay + visit / visitsADay}; // NOLINT(bugprone-integer-division)
         orders[u"Valor"] = 100.0F;
         orders.Update();
     }
