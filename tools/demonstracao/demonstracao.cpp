@@ -130,7 +130,8 @@ bool inProcess(const QString &workshop, const QString &results, const Surroundin
     process.start(QCoreApplication::applicationFilePath(),
                   {onlyPictures, workshop, results, surrounding.name.toString()});
     constexpr int tenMinutes = 600'000; // a hundred pictures take their time on a busy machine
-    return process.waitForFinished(tenMinutes) && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+    return process.waitForFinished(tenMinutes) && process.exitStatus() == QProcess::NormalExit &&
+           process.exitCode() == 0;
 }
 
 bool demonstrate(const QString &results)
