@@ -23,16 +23,8 @@ namespace
 {
 
 constexpr std::array assuntos{
-    relatoriosDeNotas,
-    relatoriosDePagamento,
-    relatoriosDePecas,
-    relatoriosDeVendidas,
-    relatoriosDeOrdens,
-    relatoriosDeContas,
-    relatoriosDeDevedores,
-    relatoriosDeCheques,
-    relatoriosDeVisitas,
-    relatoriosDeAniversarios,
+    relatoriosDeNotas,  relatoriosDePagamento, relatoriosDePecas,   relatoriosDeVendidas, relatoriosDeOrdens,
+    relatoriosDeContas, relatoriosDeDevedores, relatoriosDeCheques, relatoriosDeVisitas,  relatoriosDeAniversarios,
 };
 
 } // namespace
