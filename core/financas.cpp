@@ -69,6 +69,16 @@ void IncluiFiado(const Fiado &fiado)
     });
 }
 
+bool EstaPago(const dao::Recordset &linha)
+{
+    return Verdadeiro(linha.value(u"Pago"));
+}
+
+bool NaoEstaPago(const dao::Recordset &linha)
+{
+    return !EstaPago(linha);
+}
+
 /// What stands at the end of a description may be a number that no statement takes as it is, as in "PARCELA 1,50".
 QString ClienteDaOrdem(const QString &ordem)
 {

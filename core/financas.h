@@ -52,6 +52,10 @@ struct Fiado {
 };
 void IncluiFiado(const Fiado &fiado);
 
+/// The mark of a row that is settled: an account, a cheque, a supplier's note.
+bool EstaPago(const dao::Recordset &linha);
+bool NaoEstaPago(const dao::Recordset &linha);
+
 /// Whose money it is: the code of an order's customer, and a customer's name. "" for a code that is none.
 QString ClienteDaOrdem(const QString &ordem);
 QString NomeDoCliente(const QString &codigo);

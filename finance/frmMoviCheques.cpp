@@ -39,16 +39,6 @@ QString tagDaLinha(const dao::Recordset &linha)
     return temOrdem(linha) ? NuloParaVazio(linha.value(u"CodOs")) : QString();
 }
 
-bool compensado(const dao::Recordset &linha)
-{
-    return Verdadeiro(linha.value(u"Pago"));
-}
-
-bool aCompensar(const dao::Recordset &linha)
-{
-    return !compensado(linha);
-}
-
 constexpr std::array colunas{
     ColunaLista{u"", 280, u"Codigo", comoCodigo},
     ColunaLista{u"Cód. O.S.", 950, u"CodOs", comoCodigo},
@@ -61,7 +51,7 @@ constexpr std::array colunas{
     ColunaLista{u"Pago", 620, u"Pago", comoSimNao},
     ColunaLista{u"Observações", 3000, u"Observacoes", comoEsta},
 };
-constexpr std::array somasDosCheques{Soma{u"Valor"}, Soma{u"Valor", compensado}, Soma{u"Valor", aCompensar}};
+constexpr std::array somasDosCheques{Soma{u"Valor"}, Soma{u"Valor", EstaPago}, Soma{u"Valor", NaoEstaPago}};
 constexpr std::array<QStringView, 5> semCheques{u"", u"", u"", u"Registro Não Localizado", u" "};
 
 constexpr std::array tabelas{TabelaMovimento{

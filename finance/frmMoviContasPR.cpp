@@ -53,16 +53,6 @@ int iconeDaLinha(const dao::Recordset &linha)
     return ordemDaLinha(linha).isEmpty() ? 0 : 1;
 }
 
-bool estaPaga(const dao::Recordset &linha)
-{
-    return Verdadeiro(linha.value(u"Pago"));
-}
-
-bool estaAberta(const dao::Recordset &linha)
-{
-    return !estaPaga(linha);
-}
-
 constexpr std::array colunas{
     ColunaLista{u"", 280, u"Codigo", comoCodigo},
     ColunaLista{u"Data", 1300, u"Data", comoData},
@@ -78,7 +68,7 @@ constexpr int colunaValor = 3;
 constexpr int colunaVencimento = 4;
 constexpr int colunaDiaPagto = 6;
 
-constexpr std::array somasDasContas{Soma{u"Valor"}, Soma{u"Valor", estaPaga}, Soma{u"Valor", estaAberta}};
+constexpr std::array somasDasContas{Soma{u"Valor"}, Soma{u"Valor", EstaPago}, Soma{u"Valor", NaoEstaPago}};
 constexpr std::array<QStringView, 3> semContas{u"", u"", u"Registro Não Localizado"};
 constexpr Lista listaDeContas{
     .colunas = colunas, .icone = iconeDaLinha, .tag = ordemDaLinha, .somas = somasDasContas, .vazia = semContas};

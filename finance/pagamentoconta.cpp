@@ -1,6 +1,6 @@
 #include "finance/pagamentoconta.h"
 
-#include "core/banco.h"
+#include "core/financas.h"
 #include "core/modulo.h"
 #include "core/razao.h"
 #include "platform/dao/database.h"
@@ -19,11 +19,6 @@ dao::Recordset abre(TabelaContas tabela, const QString &codigo)
     return DBDados->OpenRecordset(u"SELECT * FROM "_s + NomeDaTabela(tabela) + u" WHERE Codigo = "_s + codigo);
 }
 
-bool paga(const dao::Recordset &conta)
-{
-    return Verdadeiro(conta.value(u"Pago"));
-}
-
 } // namespace
 
 std::optional<SituacaoDaConta> Situacao(TabelaContas tabela, const QString &codigo)
@@ -32,7 +27,7 @@ std::optional<SituacaoDaConta> Situacao(TabelaContas tabela, const QString &codi
     if (conta.Eof()) {
         return std::nullopt;
     }
-    return SituacaoDaConta{paga(conta), conta.value(u"Valor")};
+    return SituacaoDaConta{EstaPago(conta), conta.value(u"Valor")};
 }
 
 void PagaConta(const Pagamento &pagamento)
@@ -49,7 +44,7 @@ void PagaConta(const Pagamento &pagamento)
 void ReabreConta(TabelaContas tabela, const QString &codigo)
 {
     dao::Recordset conta = abre(tabela, codigo);
-    if (conta.Eof() || !paga(conta)) {
+    if (conta.Eof() || !EstaPago(conta)) {
         return;
     }
     conta.Edit();

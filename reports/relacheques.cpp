@@ -1,6 +1,6 @@
 #include "reports/relacheques.h"
 
-#include "core/banco.h"
+#include "core/financas.h"
 #include "core/funcoes.h"
 #include "core/modos.h"
 #include "platform/runtime/runtime.h"
@@ -30,16 +30,6 @@ Selecionado selecionado()
     return Selecionado(selecaoDeCheques.janela);
 }
 
-bool compensado(const dao::Recordset &linha)
-{
-    return Verdadeiro(linha.value(u"Pago"));
-}
-
-bool aCompensar(const dao::Recordset &linha)
-{
-    return !compensado(linha);
-}
-
 constexpr std::array colunas{
     ColunaLista{u"Cód. O.S.", 950, u"CodOs", comoCodigo},
     ColunaLista{u"Data", 1250, u"Data", comoData},
@@ -51,7 +41,7 @@ constexpr std::array colunas{
     ColunaLista{u"Pago", 700, u"Pago", comoSimNao},
     ColunaLista{u"Observações", 3000, u"Observacoes", comoEsta},
 };
-constexpr std::array somas{Soma{u"Valor"}, Soma{u"Valor", compensado}, Soma{u"Valor", aCompensar}};
+constexpr std::array somas{Soma{u"Valor"}, Soma{u"Valor", EstaPago}, Soma{u"Valor", NaoEstaPago}};
 constexpr std::array<QStringView, 3> nenhum{u"", u"", u"Registro Não Localizado"};
 
 /// The list begins with the order; on paper the cheque's own code stands in front of it.

@@ -1,6 +1,5 @@
 #include "reports/relacontas.h"
 
-#include "core/banco.h"
 #include "core/financas.h"
 #include "core/funcoes.h"
 #include "core/informacoes.h"
@@ -32,16 +31,6 @@ Selecionado selecionado()
     return Selecionado(selecaoDeContas.janela);
 }
 
-bool estaPaga(const dao::Recordset &linha)
-{
-    return Verdadeiro(linha.value(u"Pago"));
-}
-
-bool estaAberta(const dao::Recordset &linha)
-{
-    return !estaPaga(linha);
-}
-
 constexpr int colunaDescricao = 1;
 constexpr std::array colunas{
     ColunaLista{u"Data", 1450, u"Data", comoData},
@@ -51,7 +40,7 @@ constexpr std::array colunas{
     ColunaLista{u"Pago", 700, u"Pago", comoSimNao},
     ColunaLista{u"Data Pagto.", 1450, u"DataPagto", comoData},
 };
-constexpr std::array somas{Soma{u"Valor"}, Soma{u"Valor", estaPaga}, Soma{u"Valor", estaAberta}};
+constexpr std::array somas{Soma{u"Valor"}, Soma{u"Valor", EstaPago}, Soma{u"Valor", NaoEstaPago}};
 constexpr std::array<QStringView, 2> nenhuma{u"", u"Registro Não Localizado"};
 constexpr Lista contas{.colunas = colunas, .somas = somas, .vazia = nenhuma};
 

@@ -3,7 +3,7 @@
 #include "ui_frmMoviEntradaPecaConsultaFornecedor.h"
 
 #include "core/andamento.h"
-#include "core/banco.h"
+#include "core/financas.h"
 #include "core/funcoes.h"
 #include "core/informacoes.h"
 #include "core/lista.h"
@@ -42,16 +42,6 @@ const QString sim = u"Sim"_s;
 const QString nao = u"Não"_s;
 const QString total = u"Total: "_s;
 
-bool paga(const dao::Recordset &nota)
-{
-    return Verdadeiro(nota.value(u"Pago"));
-}
-
-bool naoPaga(const dao::Recordset &nota)
-{
-    return !paga(nota);
-}
-
 constexpr std::array colunas{
     ColunaLista{u"Pago", 700, u"Pago", comoSimNao},
     ColunaLista{u"Código", 1000, u"Codigo", comoCodigo},
@@ -60,7 +50,7 @@ constexpr std::array colunas{
     ColunaLista{u"Data Pagto", 1500, u"DataPagto", comoData},
     ColunaLista{u"Observações", 5000, u"Observacoes", comoEsta},
 };
-constexpr std::array somas{Soma{u"Valor"}, Soma{u"Valor", paga}, Soma{u"Valor", naoPaga}};
+constexpr std::array somas{Soma{u"Valor"}, Soma{u"Valor", EstaPago}, Soma{u"Valor", NaoEstaPago}};
 constexpr Lista notas{.colunas = colunas, .somas = somas};
 
 /// By the entry of `cboPago`: paid, unpaid, all.
