@@ -108,8 +108,7 @@ class LinhasDeTodos
 public:
     LinhasDeTodos(const std::vector<qint32> &ordens, core::Andamento &obra);
 
-    /// Gives how many lines that were.
-    int soma(qint32 ordem, Vendas &vendas);
+    void soma(qint32 ordem, Vendas &vendas);
 
 private:
     std::vector<LinhaDaOrdem> servicos_;
@@ -138,7 +137,7 @@ LinhasDeTodos::LinhasDeTodos(const std::vector<qint32> &ordens, core::Andamento 
     }
 }
 
-int LinhasDeTodos::soma(qint32 ordem, Vendas &vendas)
+void LinhasDeTodos::soma(qint32 ordem, Vendas &vendas)
 {
     auto &pecas = pecas_.at(ordem);
     auto peca = pecas.begin();
@@ -151,7 +150,6 @@ int LinhasDeTodos::soma(qint32 ordem, Vendas &vendas)
     for (; peca != pecas.end(); ++peca) {
         vendas.soma(*peca);
     }
-    return static_cast<int>(servicos_.size() + pecas.size());
 }
 
 void somaTodos(const std::vector<qint32> &ordens, Vendas &vendas, core::Andamento &obra)
@@ -161,7 +159,8 @@ void somaTodos(const std::vector<qint32> &ordens, Vendas &vendas, core::Andament
         if (obra.deixado()) {
             return;
         }
-        obra.avanca(linhas.soma(ordem, vendas));
+        linhas.soma(ordem, vendas);
+        obra.avanca();
     }
 }
 
