@@ -255,6 +255,7 @@ void frmRelaPreVisualiza::ligaTeclas()
     onKey(this, Qt::Key_End, &frmRelaPreVisualiza::ultimaPagina);
     tecla(Qt::Key_Down, [this] { rola(passoDeRolagem); });
     tecla(Qt::Key_Up, [this] { rola(-passoDeRolagem); });
+    tecla(QKeySequence::Print, [this] { btnPrint_Click(); }); // beside the letter of the button
     tecla(QKeySequence::ZoomIn, [this] { amplia(passoDeZoom); });
     tecla(QKeySequence::ZoomOut, [this] { amplia(1 / passoDeZoom); });
     tecla(Qt::CTRL | Qt::Key_0, [this] { amplia(1 / zoom_); });

@@ -346,7 +346,7 @@ void TestPecasVendidas::isLeftInTheSum()
                                           .deixa = [] { return true; },
                                           .demora = std::chrono::milliseconds(0)};
     defineMostrador(impaciente);
-    const auto todos = textos(itens(ItensContados::Todos, maio, 2 * ordens + 3 * (ordens + 1))); // behind three orders
+    const auto todos = textos(itens(ItensContados::Todos, maio, 2 * ordens + 3)); // behind three orders
     defineMostrador(impaciente);
     const auto pecas = textos(itens(ItensContados::Pecas, maio, 7));
     defineMostrador({});

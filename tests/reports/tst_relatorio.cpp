@@ -172,6 +172,7 @@ private slots:
     void printsAgainAsThePageIsAskedForThen();
     void previewsWhatItPrints();
     void thePreviewPrintsThroughTheReport();
+    void thePreviewPrintsByItsKeys();
     void thePreviewShowsWhatStoodOnTheScreen();
     void aSecondReportTakesThePlaceOfTheFirstInThePreview();
     void theListIsWorkedInBehindThePreview();
@@ -335,6 +336,19 @@ void TestRelatorio::thePreviewPrintsThroughTheReport()
     click(previa, u"btnPrint"_s);
     QCOMPARE(impresso(), esperado);
     QCOMPARE(support::text(form, u"lblPrint"_s), u"1"_s);
+}
+
+/// By the letter of its button, and by the one that every program prints by.
+void TestRelatorio::thePreviewPrintsByItsKeys()
+{
+    ui::Form *form = abre(92);
+    click(form, u"btnPrevisualizar"_s);
+    ui::Form *previa = support::show(u"frmRelaPreVisualiza"_s);
+    support::key(previa, u"btnVoltar"_s, Qt::Key_P, Qt::AltModifier);
+    QCOMPARE(support::text(form, u"lblPrint"_s), u"1"_s);
+    support::key(previa, u"btnVoltar"_s, Qt::Key_P, Qt::ControlModifier);
+    QCOMPARE(support::text(form, u"lblPrint"_s), u"2"_s);
+    QCOMPARE(impresso(), previsto());
 }
 
 /// Whatever becomes of the rows, of the boxes that were asked, and of the list.
