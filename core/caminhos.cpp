@@ -157,11 +157,20 @@ void preenchePasta(const QString &instalacao, const QString &destino)
     copiaArquivos(caminho(instalacao + u'/' + pastaDados), {u"*.BMP"_s}, destino + u'/' + pastaDados);
 }
 
-QString pastaDoPrograma(const QString &instalacao, const QString &dadosDoUsuario)
+QString pastaDaInstalacao(const QString &executaveis)
 {
+    const QString doPacote = QDir::cleanPath(executaveis + u"/../share/tarvelo"_s);
+    return QFileInfo(doPacote).isDir() ? doPacote : executaveis;
+}
+
+QString pastaDoPrograma(const QString &executaveis, const QString &dadosDoUsuario)
+{
+    const QString instalacao = pastaDaInstalacao(executaveis);
+    // The administrator could write beside a package's program, where a workshop's data would be in everybody's way.
+    const bool pacote = instalacao != executaveis;
     // Where a database stands, that one is meant, and never an empty one elsewhere.
-    if (temBanco(instalacao) || gravavel(instalacao)) {
-        return instalacao;
+    if (!pacote && (temBanco(executaveis) || gravavel(executaveis))) {
+        return executaveis;
     }
     if (!QFileInfo::exists(dadosDoUsuario + u'/' + pastaDados)) {
         preenchePasta(instalacao, dadosDoUsuario);

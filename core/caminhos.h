@@ -9,9 +9,14 @@ namespace core
 /// part that exists under another case is taken as it stands on disk, so `\DADOS` and `\dados` are one folder.
 QString caminho(const QString &texto);
 
-/// The program folder of an installation: `instalacao`, where the executable stands, when files can be written there or
-/// a database stands there; else `dadosDoUsuario`, filled from the installation on its first use.
-QString pastaDoPrograma(const QString &instalacao, const QString &dadosDoUsuario);
+/// Where an installation laid what it ships: `share/tarvelo` beside the `bin` of a package, else `executaveis`, the
+/// folder of the executable itself.
+QString pastaDaInstalacao(const QString &executaveis);
+
+/// The program folder of an installation: `executaveis`, where the executable stands, when files can be written there
+/// or a database stands there; else, and for a package whoever starts it, `dadosDoUsuario`, filled from the
+/// installation on its first use.
+QString pastaDoPrograma(const QString &executaveis, const QString &dadosDoUsuario);
 
 /// Why the program can't work in a folder, in words for the user and with the folder's name; "" where it can. It has to
 /// be written, as the folder of its database, and its path has to go through the settings unchanged. Nothing is created

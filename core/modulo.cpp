@@ -53,6 +53,11 @@ QString Path()
     return pasta();
 }
 
+QString shipped(const QString &name)
+{
+    return pastaDaInstalacao(QCoreApplication::applicationDirPath()) + u'/' + name;
+}
+
 void setPath(const QString &path)
 {
     pasta() = path;

@@ -39,6 +39,11 @@ QString version();
 /// The program folder, without a slash at its end: the executable's folder when it can be written or holds a database,
 /// else `tarvelo` below the user's data folder, filled from the installation's data at the first start.
 QString Path();
+
+/// A file that the installation ships and the user does not change, by its name: beside the executable or in the
+/// package's data.
+QString shipped(const QString &name);
+
 void setPath(const QString &path);
 } // namespace App
 

@@ -24,6 +24,7 @@ private slots:
     void absolutePathsDoNotDependOnTheCurrentFolder();
     void usesAFolderThatCanBeWritten();
     void fillsTheUsersFolderOnceWhereTheProgramsCanNotBeWritten();
+    void aPackageIsTheUsersWhoeverStartsIt();
     void keepsThePathWithoutItsLastSlash();
     void aSecondFillingKeepsWhatTheUserChanged();
 #ifdef Q_OS_UNIX
@@ -137,6 +138,21 @@ void TestCaminhos::fillsTheUsersFolderOnceWhereTheProgramsCanNotBeWritten()
     QVERIFY(QFileInfo::exists(usuario + u"/DADOS/logo.bmp"_s));
     QVERIFY(QFileInfo::exists(usuario + u"/BACKUPDA.BAT"_s));
     QVERIFY(!QFileInfo::exists(usuario + u"/tarvelo"_s));
+}
+
+void TestCaminhos::aPackageIsTheUsersWhoeverStartsIt()
+{
+    cria(u"usr/bin/tarvelo"_s);
+    cria(u"usr/share/tarvelo/DADOS/logo.bmp"_s);
+    cria(u"usr/share/tarvelo/BACKUPDA.BAT"_s);
+    const QString bin = pasta_->filePath(u"usr/bin"_s);
+    QCOMPARE(core::pastaDaInstalacao(bin), pasta_->filePath(u"usr/share/tarvelo"_s));
+
+    const QString usuario = pasta_->filePath(u"casa/tarvelo"_s);
+    QCOMPARE(core::pastaDoPrograma(bin, usuario), usuario);
+    QVERIFY(QFile::exists(usuario + u"/DADOS/logo.bmp"_s));
+    QVERIFY(QFile::exists(usuario + u"/BACKUPDA.BAT"_s));
+    QCOMPARE(QDir(bin).entryList(QDir::Files), QStringList{u"tarvelo"_s});
 }
 
 void TestCaminhos::keepsThePathWithoutItsLastSlash()
