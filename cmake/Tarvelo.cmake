@@ -77,6 +77,26 @@ function(tarvelo_program name)
   target_link_libraries(${name} PRIVATE tarvelo_settings ${ARG_LINK})
 endfunction()
 
+# tarvelo_install(TARGET [NAME])
+# A program that is handed out: beside the others in a portable folder, in the program folder of the package (as NAME, where
+# its own name is too common for one). A plain installation is the portable one; the package's files are the component `pacote`.
+function(tarvelo_install target)
+  set(rename)
+  if(ARGC GREATER 1)
+    set(rename RENAME ${ARGV1})
+  endif()
+  install(TARGETS ${target} RUNTIME DESTINATION .)
+  install(PROGRAMS $<TARGET_FILE:${target}> DESTINATION bin ${rename} COMPONENT pacote EXCLUDE_FROM_ALL)
+  tarvelo_check_hardening(${target})
+endfunction()
+
+# tarvelo_install_data(file...)
+# What is shipped and not the user's to change: beside the programs, in the package's folder of data.
+function(tarvelo_install_data)
+  install(FILES ${ARGN} DESTINATION .)
+  install(FILES ${ARGN} DESTINATION share/tarvelo COMPONENT pacote EXCLUDE_FROM_ALL)
+endfunction()
+
 # tarvelo_test(NAME SOURCES file... LINK target...)
 # A Qt Test program under ctest, off screen, with the folder of the test data at hand. The limits are for what hangs: Qt's
 # own, five minutes a function, ends the long random tests on a busy machine.
