@@ -1,6 +1,7 @@
 #include "core/caminhos.h"
 
 #include "platform/files/files.h"
+#include "platform/files/replacefile.h"
 #include "platform/ini/profile.h"
 
 #include <QDir>
@@ -43,15 +44,41 @@ bool gravavel(const QString &pasta)
     return prova.open();
 }
 
-void copiaArquivos(const QString &origem, const QStringList &filtros, const QString &destino)
+/// Whole or not at all: what a kill or a full disk kept from being copied is missing, and the next start brings it.
+void copiaArquivo(const QFileInfo &origem, const QString &copia)
+{
+    files::clearLeftovers(copia);
+    QFile arquivo(origem.filePath());
+    if (!arquivo.open(QIODevice::ReadOnly) || !files::replaceFile(copia, arquivo.readAll())) {
+        return;
+    }
+    if (origem.isExecutable()) {
+        QFile::setPermissions(copia, origem.permissions());
+        files::restrictToGroup(copia);
+    }
+}
+
+void copiaFaltantes(const QString &origem, const QStringList &filtros, const QString &destino)
 {
     for (const QFileInfo &arquivo : QDir(origem).entryInfoList(filtros, QDir::Files)) {
         const QString copia = destino + u'/' + arquivo.fileName();
         // An existing file is the user's own, whatever the case of its name.
-        if (!QFileInfo::exists(caminho(copia)) && QFile::copy(arquivo.filePath(), copia)) {
-            files::restrictToGroup(copia);
+        if (!QFileInfo::exists(caminho(copia))) {
+            copiaArquivo(arquivo, copia);
         }
     }
+}
+
+/// The program's texts say both \DADOS and \dados. Where the file system tells them apart, both names lead to one
+/// folder.
+void ligaNomes([[maybe_unused]] const QString &pasta)
+{
+#ifndef Q_OS_WIN
+    const QString verdadeira = QFileInfo(caminho(pasta + u'/' + pastaDados)).fileName();
+    for (const QString &nome : {u"DADOS"_s, u"dados"_s}) {
+        QFile::link(verdadeira, pasta + u'/' + nome); // does nothing where the name is taken
+    }
+#endif
 }
 
 /// The settings give back a path as it is when it has up to 254 characters of the Western code page on one line. The
@@ -152,9 +179,11 @@ QString caminho(const QString &texto)
 
 void preenchePasta(const QString &instalacao, const QString &destino)
 {
-    QDir().mkpath(destino + u'/' + pastaDados);
-    copiaArquivos(instalacao, {u"*.BAT"_s, u"CEP.MDB"_s}, destino);
-    copiaArquivos(caminho(instalacao + u'/' + pastaDados), {u"*.BMP"_s}, destino + u'/' + pastaDados);
+    const QString dados = caminho(destino + u'/' + pastaDados);
+    QDir().mkpath(dados);
+    ligaNomes(destino);
+    copiaFaltantes(instalacao, {u"*.BAT"_s, u"CEP.MDB"_s}, destino);
+    copiaFaltantes(caminho(instalacao + u'/' + pastaDados), {u"*.BMP"_s}, dados);
 }
 
 QString pastaDaInstalacao(const QString &executaveis)
@@ -172,9 +201,7 @@ QString pastaDoPrograma(const QString &executaveis, const QString &dadosDoUsuari
     if (!pacote && (temBanco(executaveis) || gravavel(executaveis))) {
         return executaveis;
     }
-    if (!QFileInfo::exists(dadosDoUsuario + u'/' + pastaDados)) {
-        preenchePasta(instalacao, dadosDoUsuario);
-    }
+    preenchePasta(instalacao, dadosDoUsuario);
     return dadosDoUsuario;
 }
 

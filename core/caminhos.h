@@ -14,8 +14,9 @@ QString caminho(const QString &texto);
 QString pastaDaInstalacao(const QString &executaveis);
 
 /// The program folder of an installation: `executaveis`, where the executable stands, when files can be written there
-/// or a database stands there; else, and for a package whoever starts it, `dadosDoUsuario`, filled from the
-/// installation on its first use.
+/// or a database stands there; else, and for a package whoever starts it, `dadosDoUsuario`. At every start it
+/// is given what it lacks: at the first all, later what a kill or a full disk kept from it and what a new version
+/// brings.
 QString pastaDoPrograma(const QString &executaveis, const QString &dadosDoUsuario);
 
 /// Why the program can't work in a folder, in words for the user and with the folder's name; "" where it can. It has to
@@ -23,8 +24,8 @@ QString pastaDoPrograma(const QString &executaveis, const QString &dadosDoUsuari
 /// but for a moment, to try.
 QString defeitoDaPasta(const QString &pasta);
 
-/// Copies what an installation ships (pictures, batch files, postal codes) to `destino`; files that stand there are
-/// kept.
+/// Copies what an installation ships (pictures, batch files, postal codes) to `destino`, each file whole or not at all;
+/// files that stand there are kept. The folder of data gets both names by which the program's texts call it.
 void preenchePasta(const QString &instalacao, const QString &destino);
 
 } // namespace core

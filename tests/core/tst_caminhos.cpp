@@ -8,6 +8,11 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#ifdef Q_OS_UNIX
+#include <csignal>
+#include <sys/resource.h>
+#endif
+
 using namespace Qt::StringLiterals;
 
 class TestCaminhos : public QObject
@@ -23,11 +28,17 @@ private slots:
     void resolvesRelativePaths();
     void absolutePathsDoNotDependOnTheCurrentFolder();
     void usesAFolderThatCanBeWritten();
-    void fillsTheUsersFolderOnceWhereTheProgramsCanNotBeWritten();
+    void fillsTheUsersFolderWhereTheProgramsCanNotBeWritten();
     void aPackageIsTheUsersWhoeverStartsIt();
     void keepsThePathWithoutItsLastSlash();
     void aSecondFillingKeepsWhatTheUserChanged();
+    void aFolderHalfMadeIsFilledAtTheNextStart();
+    void aNewVersionBringsWhatTheFolderLacks();
 #ifdef Q_OS_UNIX
+    void theFolderOfDataHasBothNames_data();
+    void theFolderOfDataHasBothNames();
+    void whatIsCopiedIsTheUsersAndHisGroups();
+    void aFullDiskLeavesNoHalfFile();
     void staysWithTheDatabaseThatCanNotBeWritten_data();
     void staysWithTheDatabaseThatCanNotBeWritten();
     void aPackageWithoutADatabaseGoesToTheUsersFolder();
@@ -42,6 +53,7 @@ private slots:
 private:
     void protege(const QString &nome) const;
     void cria(const QString &nome) const;
+    QByteArray conteudo(const QString &nome) const;
 
     std::unique_ptr<QTemporaryDir> pasta_;
 };
@@ -59,6 +71,12 @@ void TestCaminhos::cria(const QString &nome) const
     QFile novo(arquivo);
     QVERIFY(novo.open(QIODevice::WriteOnly));
     QVERIFY(novo.write(nome.toUtf8()) > 0);
+}
+
+QByteArray TestCaminhos::conteudo(const QString &nome) const
+{
+    QFile arquivo(pasta_->filePath(nome));
+    return arquivo.open(QIODevice::ReadOnly) ? arquivo.readAll() : QByteArray();
 }
 
 void TestCaminhos::findsNamesWhateverTheirCase_data()
@@ -122,7 +140,7 @@ void TestCaminhos::usesAFolderThatCanBeWritten()
     QVERIFY(QDir(pasta_->path()).isEmpty());
 }
 
-void TestCaminhos::fillsTheUsersFolderOnceWhereTheProgramsCanNotBeWritten()
+void TestCaminhos::fillsTheUsersFolderWhereTheProgramsCanNotBeWritten()
 {
     cria(u"instalada/dados/logo.bmp"_s);
     cria(u"instalada/BACKUPDA.BAT"_s);
@@ -179,7 +197,110 @@ void TestCaminhos::aSecondFillingKeepsWhatTheUserChanged()
     QCOMPARE(script.readAll(), QByteArray("usuario/BackupDa.bat"));
 }
 
+/// What a program killed in its first start leaves: the folder, some of the files, and one that it was just writing.
+void TestCaminhos::aFolderHalfMadeIsFilledAtTheNextStart()
+{
+    cria(u"usr/bin/tarvelo"_s);
+    cria(u"usr/share/tarvelo/DADOS/bg800.bmp"_s);
+    cria(u"usr/share/tarvelo/DADOS/logo.bmp"_s);
+    cria(u"usr/share/tarvelo/CEP.MDB"_s);
+    cria(u"usuario/DADOS/bg800.bmp"_s);
+    cria(u"usuario/DADOS/logo.bmp.gravando-0123abcd"_s);
+    const QString usuario = pasta_->filePath(u"usuario"_s);
+    QCOMPARE(core::pastaDoPrograma(pasta_->filePath(u"usr/bin"_s), usuario), usuario);
+
+    QCOMPARE(QDir(usuario).entryList(QDir::Files), QStringList{u"CEP.MDB"_s});
+    QCOMPARE(QDir(usuario + u"/DADOS"_s).entryList(QDir::Files), (QStringList{u"bg800.bmp"_s, u"logo.bmp"_s}));
+    QCOMPARE(conteudo(u"usuario/DADOS/logo.bmp"_s), QByteArray("usr/share/tarvelo/DADOS/logo.bmp"));
+    QCOMPARE(conteudo(u"usuario/DADOS/bg800.bmp"_s), QByteArray("usuario/DADOS/bg800.bmp"));
+}
+
+void TestCaminhos::aNewVersionBringsWhatTheFolderLacks()
+{
+    cria(u"usr/bin/tarvelo"_s);
+    cria(u"usr/share/tarvelo/DADOS/logo.bmp"_s);
+    cria(u"usr/share/tarvelo/BACKUPDA.BAT"_s);
+    const QString bin = pasta_->filePath(u"usr/bin"_s);
+    const QString usuario = pasta_->filePath(u"usuario"_s);
+    core::pastaDoPrograma(bin, usuario);
+    cria(u"usuario/DADOS/logo.bmp"_s);
+
+    cria(u"usr/share/tarvelo/DADOS/bg1920.bmp"_s);
+    QFile script(pasta_->filePath(u"usr/share/tarvelo/BACKUPDA.BAT"_s));
+    QVERIFY(script.open(QIODevice::WriteOnly));
+    QVERIFY(script.write("a newer one") > 0);
+    script.close();
+    core::pastaDoPrograma(bin, usuario);
+
+    QCOMPARE(conteudo(u"usuario/DADOS/bg1920.bmp"_s), QByteArray("usr/share/tarvelo/DADOS/bg1920.bmp"));
+    QCOMPARE(conteudo(u"usuario/DADOS/logo.bmp"_s), QByteArray("usuario/DADOS/logo.bmp"));
+    QCOMPARE(conteudo(u"usuario/BACKUPDA.BAT"_s), QByteArray("usr/share/tarvelo/BACKUPDA.BAT"));
+}
+
 #ifdef Q_OS_UNIX
+
+void TestCaminhos::theFolderOfDataHasBothNames_data()
+{
+    QTest::addColumn<QString>("existente");
+    QTest::addColumn<QString>("verdadeira");
+    QTest::newRow("a new folder") << u"usuario/x"_s << u"DADOS"_s;
+    QTest::newRow("brought from a system that makes no difference") << u"usuario/dados/DADOS.MDB"_s << u"dados"_s;
+}
+
+/// A second folder beside the one with the database would hide it.
+void TestCaminhos::theFolderOfDataHasBothNames()
+{
+    QFETCH(const QString, existente);
+    QFETCH(const QString, verdadeira);
+    cria(u"instalada/DADOS/logo.bmp"_s);
+    cria(existente);
+    const QString usuario = pasta_->filePath(u"usuario"_s);
+    core::preenchePasta(pasta_->filePath(u"instalada"_s), usuario);
+
+    const auto pastas = QDir::Dirs | QDir::NoDotAndDotDot;
+    QCOMPARE(QDir(usuario).entryList(pastas, QDir::Name), (QStringList{u"DADOS"_s, u"dados"_s}));
+    QCOMPARE(QDir(usuario).entryList(pastas | QDir::NoSymLinks), QStringList{verdadeira});
+    for (const QString &nome : {u"DADOS"_s, u"dados"_s}) {
+        QCOMPARE(conteudo(u"usuario/"_s + nome + u"/logo.bmp"_s), QByteArray("instalada/DADOS/logo.bmp"));
+    }
+}
+
+void TestCaminhos::whatIsCopiedIsTheUsersAndHisGroups()
+{
+    cria(u"instalada/CEP.MDB"_s);
+    cria(u"instalada/BACKUPDA.BAT"_s);
+    const QString script = pasta_->filePath(u"instalada/BACKUPDA.BAT"_s);
+    QVERIFY(QFile::setPermissions(script, QFile::permissions(script) | QFile::ExeOwner | QFile::ExeOther));
+    core::preenchePasta(pasta_->filePath(u"instalada"_s), pasta_->filePath(u"usuario"_s));
+
+    const auto deDono = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser;
+    const auto deTodos = deDono | QFile::ReadGroup | QFile::WriteGroup;
+    const auto deInicio = QFile::ExeOwner | QFile::ExeUser | QFile::ExeGroup;
+    QCOMPARE(QFile::permissions(pasta_->filePath(u"usuario/CEP.MDB"_s)), deTodos);
+    QCOMPARE(QFile::permissions(pasta_->filePath(u"usuario/BACKUPDA.BAT"_s)), deTodos | deInicio);
+}
+
+/// A limit on the size of files stands for the disk.
+void TestCaminhos::aFullDiskLeavesNoHalfFile()
+{
+    cria(u"instalada/CEP.MDB"_s);
+    cria(u"instalada/DADOS/logo.bmp"_s);
+    const QString usuario = pasta_->filePath(u"usuario"_s);
+    rlimit antes{};
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &antes), 0);
+    const auto sinal = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit cheio = antes;
+    cheio.rlim_cur = QByteArrayView("instalada/CEP.MDB").size();
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &cheio), 0);
+    core::preenchePasta(pasta_->filePath(u"instalada"_s), usuario);
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &antes), 0);
+    std::signal(SIGXFSZ, sinal);
+
+    QCOMPARE(conteudo(u"usuario/CEP.MDB"_s), QByteArray("instalada/CEP.MDB"));
+    QVERIFY(QDir(usuario + u"/DADOS"_s).isEmpty());
+    core::preenchePasta(pasta_->filePath(u"instalada"_s), usuario);
+    QCOMPARE(conteudo(u"usuario/DADOS/logo.bmp"_s), QByteArray("instalada/DADOS/logo.bmp"));
+}
 
 /// Nobody writes there any more, and everybody may look.
 void TestCaminhos::protege(const QString &nome) const
