@@ -27,7 +27,7 @@ void interrompe(int /*sinal*/)
 
 enum Saida { feito = 0, falhou = 1, malChamado = 2 };
 
-const QString uso = u"uso: cep [--latin1] [--substitui] ENTRADA.csv SAIDA.MDB\n"
+const QString uso = u"uso: %1 [--latin1] [--substitui] ENTRADA.csv SAIDA.MDB\n"
                     u"\n"
                     u"Faz o banco de CEPs de um arquivo de texto com as colunas\n"
                     u"CEP, Tipo, Rua, Bairro, Cidade, Estado, separadas por ';' ou ','.\n"
@@ -121,7 +121,7 @@ void faz(const ceps::Pedido &pedido)
 
 int recusa(const QString &motivo)
 {
-    escreve(u"cep: "_s + motivo + u'\n', stderr);
+    escreve(QCoreApplication::applicationName() + u": "_s + motivo + u'\n', stderr);
     return falhou;
 }
 
@@ -132,7 +132,7 @@ int main(int argc, char **argv)
     const QCoreApplication programa(argc, argv);
     const std::optional<ceps::Pedido> pedido = lePedido(QCoreApplication::arguments().mid(1));
     if (!pedido) {
-        escreve(uso, stderr);
+        escreve(uso.arg(QCoreApplication::applicationName()), stderr);
         return malChamado;
     }
     std::signal(SIGINT, interrompe);
