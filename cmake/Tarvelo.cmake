@@ -77,17 +77,25 @@ function(tarvelo_program name)
   target_link_libraries(${name} PRIVATE tarvelo_settings ${ARG_LINK})
 endfunction()
 
+# All that is handed out, as one target.
+add_custom_target(instalacao)
+
 # tarvelo_install(TARGET [NAME])
 # A program that is handed out: beside the others in a portable folder, in the program folder of the package (as NAME, where
-# its own name is too common for one). A plain installation is the portable one; the package's files are the component `pacote`.
+# its own name is too common for one) with its manual page. A plain installation is the portable one; the package's files are
+# the component `pacote`.
 function(tarvelo_install target)
-  set(rename)
+  get_target_property(name ${target} OUTPUT_NAME)
   if(ARGC GREATER 1)
-    set(rename RENAME ${ARGV1})
+    set(name ${ARGV1})
+  elseif(NOT name)
+    set(name ${target})
   endif()
   install(TARGETS ${target} RUNTIME DESTINATION .)
-  install(PROGRAMS $<TARGET_FILE:${target}> DESTINATION bin ${rename} COMPONENT pacote EXCLUDE_FROM_ALL)
+  install(PROGRAMS $<TARGET_FILE:${target}> DESTINATION bin RENAME ${name} COMPONENT pacote EXCLUDE_FROM_ALL)
+  install(FILES "${CMAKE_SOURCE_DIR}/packaging/man/${name}.1" DESTINATION share/man/pt_BR/man1 COMPONENT pacote EXCLUDE_FROM_ALL)
   tarvelo_check_hardening(${target})
+  add_dependencies(instalacao ${target})
 endfunction()
 
 # tarvelo_install_data(file...)

@@ -1,4 +1,4 @@
-# Sourced by run.sh, test.sh, bench.sh and lint.sh: installs the Debian packages that are missing, and says what and why.
+# Sourced by run.sh, test.sh, bench.sh, lint.sh and package.sh: installs the Debian packages that are missing, and says what and why.
 
 # to build and run the program
 pacotes_programa=(
@@ -11,8 +11,10 @@ pacotes_programa=(
     breeze-icon-theme
     fonts-liberation fonts-dejavu-core
 )
+# to make a Debian package of it
+pacotes_pacote=(dpkg-dev file)
 # to test it
-pacotes_testes=(poppler-utils python3)
+pacotes_testes=(poppler-utils python3 "${pacotes_pacote[@]}" desktop-file-utils appstream)
 # to look its sources over
 pacotes_exame=(clang-format clang-tidy git python3)
 # to measure it
@@ -32,6 +34,10 @@ declare -A para_que=(
     [fonts-liberation]="the fixed-pitch font of the prints"
     [fonts-dejavu-core]="the font of the windows"
     [poppler-utils]="the tests read the printed PDFs by it"
+    [dpkg-dev]="the package and what it depends on"
+    [file]="tells the package's programs from its texts"
+    [desktop-file-utils]="the tests check the menu entry by it"
+    [appstream]="the tests check the package's description by it"
     [python3]="looks at the layers of the sources"
     [clang-format]="the format of the sources"
     [clang-tidy]="checks of the sources"
