@@ -25,7 +25,7 @@ LAYERS = (
 WINDOWLESS = ("runtime", "files", "dao", "ini", "pages", "core")
 WINDOW_MODULES = ("Qt6::Widgets", "Qt6::PrintSupport", "Qt6::Svg")
 DATABASE = "dao"  # the one library that knows SQLite
-OTHERS = ("support", "tests", "tools", "data", "bench")  # may use every library, and stand in no layer
+OTHERS = ("support", "tests", "tools", "data", "docs", "bench")  # may use every library, and stand in no layer
 SYSTEM_FOLDER = "platform/"  # below it alone stands what differs between systems
 
 

@@ -9,12 +9,13 @@ pacotes_programa=(
     qt6-translations-l10n
     qt6-wayland
     breeze-icon-theme
+    python3 python3-markdown
     fonts-liberation fonts-dejavu-core
 )
 # to make a Debian package of it
 pacotes_pacote=(dpkg-dev file)
 # to test it
-pacotes_testes=(poppler-utils python3 "${pacotes_pacote[@]}" desktop-file-utils appstream)
+pacotes_testes=(poppler-utils "${pacotes_pacote[@]}" desktop-file-utils appstream)
 # to look its sources over
 pacotes_exame=(clang-format clang-tidy git python3)
 # to measure it
@@ -31,6 +32,7 @@ declare -A para_que=(
     [qt6-translations-l10n]="Qt's own buttons in Portuguese"
     [qt6-wayland]="windows on a Wayland desktop"
     [breeze-icon-theme]="icons, drawn into the program"
+    [python3-markdown]="the manual, made as it is built"
     [fonts-liberation]="the fixed-pitch font of the prints"
     [fonts-dejavu-core]="the font of the windows"
     [poppler-utils]="the tests read the printed PDFs by it"
@@ -38,7 +40,7 @@ declare -A para_que=(
     [file]="tells the package's programs from its texts"
     [desktop-file-utils]="the tests check the menu entry by it"
     [appstream]="the tests check the package's description by it"
-    [python3]="looks at the layers of the sources"
+    [python3]="makes the manual; looks at the layers of the sources"
     [clang-format]="the format of the sources"
     [clang-tidy]="checks of the sources"
     [git]="tells what has changed"
