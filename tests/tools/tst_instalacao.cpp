@@ -65,6 +65,7 @@ void TestInstalacao::holdsTheWholeProgram()
         QVERIFY(QFile::exists(path(u"dados/"_s + picture)));
     }
     QVERIFY(contents(u"CEP.MDB"_s).startsWith("SQLite"));
+    QVERIFY(contents(u"manual.html"_s).startsWith("<!DOCTYPE html>"));
 }
 
 void TestInstalacao::aSecondOneKeepsWhatTheUserChanged()
