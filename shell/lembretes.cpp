@@ -6,11 +6,12 @@
 #include "platform/runtime/runtime.h"
 #include "platform/ui/boxes.h"
 #include "platform/ui/forms.h"
+#include "shell/passos.h"
+#include "shell/vencimentos.h"
 
 #include <QApplication>
 
 #include <algorithm>
-#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -19,21 +20,12 @@ namespace shell
 namespace
 {
 
-constexpr int diasAntesEDepois = 15;
-
-/// What falls due, each with the range in the place of %1.
-constexpr auto consultas = std::to_array<QStringView>({
-    u"SELECT Descricao, Valor, Vencimento FROM ContasPagar WHERE Vencimento BETWEEN %1 AND Pago = False",
-    u"SELECT Descricao, Valor, Vencimento FROM ContasReceber WHERE Vencimento BETWEEN %1 AND Pago = False",
-    u"SELECT Codigo, Valor, Vencimento FROM Cheques WHERE Vencimento BETWEEN %1 AND Pago = False",
-    u"SELECT Clientes.Nome, Fiados.Valor, Fiados.Vencimento FROM Fiados, Clientes WHERE Fiados.Vencimento BETWEEN %1 "
-    u"AND"
-    u" Fiados.Pago = False AND Clientes.Codigo = Fiados.CodCliente",
-});
-
+/// One that can't be asked finds nothing, and the next one is asked all the same.
 bool temLinhas(const QString &consulta)
 {
-    return !core::DBDados->OpenRecordset(consulta).Eof();
+    bool tem = false;
+    passaErros([&] { tem = !core::DBDados->OpenRecordset(consulta).Eof(); });
+    return tem;
 }
 
 } // namespace
@@ -58,17 +50,13 @@ void LembraBackup()
 
 void AvisaVencimentos()
 {
-    auto &janelas = ui::Forms::instance();
-    const QString janela = u"frmInfoAviso"_s;
-    if (!janelas.exists(janela) || core::Config(u"ExibeAviso"_s) != u"S") {
+    if (core::Config(u"ExibeAviso"_s) != u"S") {
         return;
     }
-    const auto agora = runtime::Now();
-    const QString periodo = core::DataSQL(runtime::DateAdd(u"d", -diasAntesEDepois, agora), 4,
-                                          runtime::DateAdd(u"d", diasAntesEDepois, agora));
-    if (std::ranges::any_of(consultas, [&](QStringView texto) { return temLinhas(texto.toString().arg(periodo)); })) {
+    const PeriodoDosAvisos periodo = PeriodoAtual();
+    if (std::ranges::any_of(vencimentos, [&](Vencimento qual) { return temLinhas(ConsultaDe(qual, periodo)); })) {
         QApplication::beep();
-        janelas.Show(janela);
+        ui::Forms::instance().Show(u"frmInfoAviso"_s);
     }
 }
 

@@ -7,6 +7,7 @@
 #include "platform/ui/application.h"
 #include "platform/ui/controls.h"
 #include "shell/frmInfo.h"
+#include "shell/frmInfoAviso.h"
 #include "shell/frmMDI.h"
 #include "shell/frmSenha.h"
 #include "shell/frmSenhaManut.h"
@@ -24,6 +25,7 @@ namespace shell
 void registerForms()
 {
     core::RegistraJanela(u"frmInfo"_s, [] { return new frmInfo; });
+    core::RegistraJanela(u"frmInfoAviso"_s, [] { return new frmInfoAviso; });
     core::RegistraJanela(u"frmSenha"_s, [] { return new frmSenha; });
     core::RegistraJanela(u"frmSenhaManut"_s, [] { return new frmSenhaManut; });
     core::RegistraJanela(u"frmSplash"_s, [] { return new frmSplash; });
