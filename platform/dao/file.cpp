@@ -21,6 +21,8 @@ namespace
 constexpr quint32 applicationId = 0x54564C44; // "TVLD"
 constexpr qsizetype headerSize = 100;
 constexpr qsizetype applicationIdAt = 68;
+constexpr qsizetype journalKindAt = 19;
+constexpr char writeAhead = 2;
 
 QString shownName(const QString &path)
 {
@@ -38,7 +40,14 @@ bool isOurs(const QByteArray &header)
            qFromBigEndian<quint32>(header.constData() + applicationIdAt) == applicationId;
 }
 
-void checkHeader(const QString &path)
+/// Somebody's tool left the file with another kind of journal, which a mere reader could not read without making files
+/// beside it. Opened for writing the file becomes what it was.
+bool keepsOtherJournal(const QByteArray &header)
+{
+    return header[journalKindAt] == writeAhead;
+}
+
+void checkHeader(const QString &path, bool readOnly)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -50,6 +59,9 @@ void checkHeader(const QString &path)
     }
     if (!isOurs(header)) {
         runtime::raise(3343, {shownName(path)});
+    }
+    if (readOnly && keepsOtherJournal(header)) {
+        runtime::raise(3428, {shownName(path)});
     }
 }
 
@@ -121,7 +133,7 @@ void fill(const QString &path)
 std::shared_ptr<Connection> openFile(const QString &path, bool readOnly)
 {
     checkExists(path);
-    checkHeader(path);
+    checkHeader(path, readOnly);
     auto connection =
         std::make_shared<Connection>(path, openHandle(path, readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE));
     configure(*connection, readOnly);

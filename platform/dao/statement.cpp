@@ -21,6 +21,10 @@ int numberOf(int result)
     if (result == SQLITE_IOERR_WRITE) {
         return 3183;
     }
+    // What a kill left half written waits for the next program that may write.
+    if (result == SQLITE_READONLY_ROLLBACK) {
+        return 3428;
+    }
     switch (result & 0xFF) {
     case SQLITE_FULL:
         return 3183;

@@ -92,6 +92,12 @@ qint32 TableWriter::nextCounter()
     return static_cast<qint32>(++given_->counter);
 }
 
+qint64 TableWriter::lastNumber()
+{
+    refresh();
+    return given_->counter;
+}
+
 qint64 TableWriter::insert(std::vector<runtime::Value> values)
 {
     for (size_t i = 0; i < values.size(); ++i) {

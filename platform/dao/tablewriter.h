@@ -27,6 +27,9 @@ public:
     /// The next number of the counter. It is lost when the row is not written.
     qint32 nextCounter();
 
+    /// The counter's highest number so far, 0 for none.
+    qint64 lastNumber();
+
     /// Writes a new row, all its fields in order, and gives its row number.
     qint64 insert(std::vector<runtime::Value> values);
 

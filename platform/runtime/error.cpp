@@ -85,6 +85,7 @@ constexpr std::array standingTexts{
     StandingText{3381, u"O campo '%1' não existe na tabela '%2'."},
     StandingText{3409, u"O campo '%1' da definição do índice não existe na tabela '%2'."},
     StandingText{3421, u"Erro de conversão do tipo de dados."},
+    StandingText{3428, u"A última gravação no arquivo '%1' foi interrompida e ainda não foi desfeita."},
     StandingText{3464, u"Tipo de dados incompatível na expressão de critério."},
 };
 
