@@ -10,6 +10,7 @@
 #include "platform/ui/application.h"
 #include "platform/ui/boxes.h"
 #include "platform/ui/forms.h"
+#include "platform/ui/help.h"
 #include "platform/ui/wait.h"
 #include "shell/lembretes.h"
 #include "shell/menus.h"
@@ -18,6 +19,8 @@
 
 #include <QCloseEvent>
 #include <QDir>
+#include <QKeyEvent>
+#include <QMdiSubWindow>
 
 using namespace Qt::StringLiterals;
 
@@ -132,6 +135,17 @@ void frmMDI::closeEvent(QCloseEvent *event)
 {
     event->accept();
     ui::Application::run([] { ui::End(); });
+}
+
+/// A window in the area answers its own keys: what comes here was pressed on the main window itself.
+void frmMDI::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() != Qt::Key_F1 || event->modifiers() != Qt::NoModifier) {
+        QMainWindow::keyPressEvent(event);
+        return;
+    }
+    const auto *frente = ui_->MDIArea->activeSubWindow();
+    ui::askHelp(frente != nullptr ? frente->widget()->objectName() : objectName());
 }
 
 frmMDI &principal()

@@ -6,9 +6,11 @@
 #include "platform/printer/printer.h"
 #include "platform/ui/application.h"
 #include "platform/ui/controls.h"
+#include "platform/ui/help.h"
 #include "shell/frmInfo.h"
 #include "shell/frmInfoAviso.h"
 #include "shell/frmMDI.h"
+#include "shell/frmManual.h"
 #include "shell/frmSenha.h"
 #include "shell/frmSenhaManut.h"
 #include "shell/frmSplash.h"
@@ -26,6 +28,7 @@ void registerForms()
 {
     core::RegistraJanela(u"frmInfo"_s, [] { return new frmInfo; });
     core::RegistraJanela(u"frmInfoAviso"_s, [] { return new frmInfoAviso; });
+    core::RegistraJanela(u"frmManual"_s, [] { return new frmManual; });
     core::RegistraJanela(u"frmSenha"_s, [] { return new frmSenha; });
     core::RegistraJanela(u"frmSenhaManut"_s, [] { return new frmSenhaManut; });
     core::RegistraJanela(u"frmSplash"_s, [] { return new frmSplash; });
@@ -37,6 +40,7 @@ void liga()
     printer::printer().setOutputFolder(QDir(core::App::Path() + u"/impressos"_s));
     core::LigaPerguntas();
     core::LigaBanco();
+    ui::setHelp(AbreManual);
 }
 
 void comeca()

@@ -2,6 +2,7 @@
 
 #include "platform/ui/controls.h"
 #include "platform/ui/focus.h"
+#include "platform/ui/help.h"
 #include "platform/ui/listview.h"
 #include "platform/ui/reasons.h"
 #include "platform/ui/tabstops.h"
@@ -341,6 +342,10 @@ bool Form::keyPressed(QWidget *control, QKeyEvent *event)
     }
     if (event->key() == Qt::Key_Escape && escapeUnloads_) {
         Unload();
+        return true;
+    }
+    if (event->key() == Qt::Key_F1 && event->modifiers() == Qt::NoModifier) {
+        askHelp(objectName());
         return true;
     }
     return false;

@@ -1,0 +1,138 @@
+#include "shell/paginamanual.h"
+
+#include "platform/ui/style.h"
+
+#include <QFile>
+#include <QImage>
+#include <QTextBlock>
+
+namespace shell
+{
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// The file's own style is for browsers, which know more of it and other palettes.
+QString semEstilo(QString html)
+{
+    const qsizetype inicio = html.indexOf(u"<style"_s);
+    const QString marca = u"</style>"_s;
+    const qsizetype fim = html.indexOf(marca, inicio);
+    return inicio < 0 || fim < 0 ? html : html.remove(inicio, fim + marca.size() - inicio);
+}
+
+/// The links of a palette are those of a light desktop more often than not.
+QString estilo(const QPalette &paleta)
+{
+    const bool escura = ui::isDark(paleta);
+    const QString elo = escura ? u"#6cb6f0"_s : u"#0b57a4"_s;
+    const QString traco = escura ? u"#6b7178"_s : u"#b4bac0"_s;
+    return u"a { color: %1; } "
+           u"h1, h2, h3 { margin-top: 18px; margin-bottom: 6px; } "
+           u"p, ul, ol, table { margin-top: 6px; margin-bottom: 6px; } "
+           u"table { border-collapse: collapse; border: 1px solid %2; } "
+           u"th, td { border: 1px solid %2; padding: 4px 8px; } "
+           u"th { text-align: left; background-color: %3; }"_s.arg(elo, traco, paleta.color(QPalette::Window).name());
+}
+
+QImage vazia()
+{
+    QImage ponto(1, 1, QImage::Format_ARGB32);
+    ponto.fill(Qt::transparent);
+    return ponto;
+}
+
+QString lido(const QString &arquivo)
+{
+    QFile manual(arquivo);
+    return manual.open(QIODevice::ReadOnly) ? QString::fromUtf8(manual.readAll()) : QString();
+}
+
+} // namespace
+
+PaginaManual::PaginaManual(QWidget *parent) : QTextBrowser(parent)
+{
+    setOpenLinks(false);
+    connect(this, &QTextBrowser::anchorClicked, this, &PaginaManual::segue);
+}
+
+void PaginaManual::mostra(const QString &arquivo, const QString &secao)
+{
+    QUrl endereco = QUrl::fromLocalFile(arquivo);
+    if (!endereco.matches(source(), QUrl::RemoveFragment)) {
+        document()->setDefaultStyleSheet(estilo(palette()));
+        setSource(endereco, QTextDocument::HtmlResource);
+    }
+    if (lugarDe(secao) > 0) {
+        endereco.setFragment(secao);
+    }
+    vaiPara(endereco);
+}
+
+/// Setting the source to another place of the same file scrolls and keeps the way back.
+void PaginaManual::vaiPara(const QUrl &endereco)
+{
+    setSource(endereco, QTextDocument::HtmlResource);
+    QTextCursor cursor(document());
+    cursor.setPosition(lugarDe(endereco.fragment(QUrl::FullyDecoded)));
+    setTextCursor(cursor); // what is searched next is searched from here on
+}
+
+/// The file has no other links than those to its own sections; one that leads out of it leads nowhere.
+void PaginaManual::segue(const QUrl &elo)
+{
+    const bool daqui = elo.matches(source(), QUrl::RemoveFragment);
+    if (daqui && (!elo.hasFragment() || lugarDe(elo.fragment(QUrl::FullyDecoded)) > 0)) {
+        vaiPara(elo);
+    }
+}
+
+/// 0, the top, for an anchor that is not there.
+int PaginaManual::lugarDe(const QString &ancora) const
+{
+    if (ancora.isEmpty()) {
+        return 0;
+    }
+    for (QTextBlock bloco = document()->begin(); bloco.isValid(); bloco = bloco.next()) {
+        for (auto trecho = bloco.begin(); !trecho.atEnd(); ++trecho) {
+            if (trecho.fragment().charFormat().anchorNames().contains(ancora)) {
+                return trecho.fragment().position();
+            }
+        }
+    }
+    return 0;
+}
+
+bool PaginaManual::localiza(const QString &texto)
+{
+    QTextCursor achado = document()->find(texto, textCursor());
+    if (achado.isNull()) {
+        achado = document()->find(texto);
+    }
+    if (achado.isNull()) {
+        return false;
+    }
+    setTextCursor(achado);
+    return true;
+}
+
+QVariant PaginaManual::loadResource(int type, const QUrl &name)
+{
+    if (type == QTextDocument::HtmlResource && name.isLocalFile()) {
+        return semEstilo(lido(name.toLocalFile()));
+    }
+    if (name.scheme() == u"data") {
+        return {}; // inside the file: the document reads it by itself
+    }
+    return vazia(); // for nothing at all Qt would look beside the file
+}
+
+/// Its links are no stops: there are too many of them for a way through the window.
+bool PaginaManual::focusNextPrevChild(bool next)
+{
+    return QTextEdit::focusNextPrevChild(next);
+}
+
+} // namespace shell
