@@ -80,8 +80,8 @@ QString wordsOfTheProgram()
             words += QString::fromUtf8(bytesOf(files.next()));
         }
     }
-    words.remove(QRegularExpression(uR"("(_s)?\s*\n\s*u?")"_s));
-    words.replace(QRegularExpression(uR"((\\r|\\n)+)"_s), u" "_s);
+    words.remove(QRegularExpression(u"\"(_s)?\\s*\\n\\s*u?\""_s));
+    words.replace(QRegularExpression(u"(\\\\r|\\\\n)+"_s), u" "_s);
     return words.replace(u"&quot;"_s, u"\""_s).replace(u"&lt;"_s, u"<"_s).remove(u'&').simplified();
 }
 
@@ -99,6 +99,7 @@ private slots:
     void hasASectionForEveryWindow();
     void namesEveryCommandAsTheMenusDo();
     void quotesNothingThatTheProgramDoesNotSay();
+    void explainsEveryMessage();
     void showsEveryPicture();
     void theProgramsWindowGoesToEverySection();
 
@@ -125,12 +126,12 @@ void TestManual::initTestCase()
 
 void TestManual::isOneFileThatAsksForNothingElse()
 {
-    const auto sources = all(uR"re(\bsrc="([^"]{0,40}))re"_s, html_);
+    const auto sources = all(u"\\bsrc=\"([^\"]{0,40})"_s, html_);
     QVERIFY(sources.size() >= 25);
     for (const auto &source : sources) {
         QVERIFY2(source.startsWith(u"data:image/png;base64,"), qPrintable(source));
     }
-    const auto links = all(uR"re(\bhref="([^"]*)")re"_s, html_);
+    const auto links = all(u"\\bhref=\"([^\"]*)\""_s, html_);
     QVERIFY(!links.isEmpty());
     for (const auto &link : links) {
         QVERIFY2(link.startsWith(u'#'), qPrintable(link));
@@ -142,7 +143,7 @@ void TestManual::isOneFileThatAsksForNothingElse()
 
 void TestManual::hasASectionForEveryWindow()
 {
-    const auto anchors = all(uR"re(<h[23] id="(\w+)">)re"_s, html_);
+    const auto anchors = all(u"<h[23] id=\"(\\w+)\">"_s, html_);
     auto windows = ui::Forms::instance().names();
     QVERIFY(windows.size() >= 35);
     windows << u"frmMDI"_s; // the one that no other window knows by its name
@@ -153,7 +154,7 @@ void TestManual::hasASectionForEveryWindow()
 
 void TestManual::namesEveryCommandAsTheMenusDo()
 {
-    auto told = all(uR"re(<strong>([^<]+ › [^<]+)</strong>)re"_s, html_);
+    auto told = all(u"<strong>([^<]+ › [^<]+)</strong>"_s, html_);
     told.removeDuplicates();
     const auto commands = commandsOfTheMenus();
     QVERIFY(commands.size() > 60);
@@ -179,9 +180,26 @@ void TestManual::quotesNothingThatTheProgramDoesNotSay()
     }
 }
 
+/// What a box says as it stands in the sources: its first piece, where something is put in.
+void TestManual::explainsEveryMessage()
+{
+    const auto text = QString::fromUtf8(bytesOf(QStringLiteral(SOURCES) + u"/docs/manual.pt-BR.md"_s)).simplified();
+    const auto words = wordsOfTheProgram();
+    QStringList messages;
+    for (const auto &call : {u"(?:MsgBox|ClosingBox|InputBox|Recusa|Confirm|ConfirmOk|recusa)\\("_s,
+                             u"ValidaCampo\\([^,]*, "_s, u"enableIf\\([^;]*?, "_s}) {
+        messages << all(u"\\b"_s + call + u"u\"([^\"]*)\""_s, words);
+    }
+    messages.removeDuplicates();
+    QVERIFY(messages.size() > 90);
+    messages.removeIf(
+        [&](const QString &message) { return text.contains(message.left(message.indexOf(u'%')).trimmed()); });
+    QVERIFY2(messages.isEmpty(), qPrintable(messages.join(u'\n')));
+}
+
 void TestManual::showsEveryPicture()
 {
-    const auto pictures = all(uR"re(base64,([^"]*)")re"_s, html_);
+    const auto pictures = all(u"base64,([^\"]*)\""_s, html_);
     QVERIFY(pictures.size() >= 25);
     for (const auto &picture : pictures) {
         const auto image = QImage::fromData(QByteArray::fromBase64(picture.toLatin1()), "PNG");
@@ -189,7 +207,7 @@ void TestManual::showsEveryPicture()
         QVERIFY2(image.width() <= widestPicture, qPrintable(QString::number(image.width())));
     }
     // Told to who can't see it.
-    QCOMPARE(all(uR"re(<img alt="([^"]+)")re"_s, html_).size(), pictures.size());
+    QCOMPARE(all(u"<img alt=\"([^\"]+)\""_s, html_).size(), pictures.size());
 }
 
 void TestManual::theProgramsWindowGoesToEverySection()
@@ -201,7 +219,7 @@ void TestManual::theProgramsWindowGoesToEverySection()
     QVERIFY(QTest::qWaitForWindowExposed(&browser));
     const auto *bar = browser.verticalScrollBar();
     int before = 0;
-    for (const auto &anchor : all(uR"re(<h[23] id="([^"]+)">)re"_s, html_)) {
+    for (const auto &anchor : all(u"<h[23] id=\"([^\"]+)\">"_s, html_)) {
         browser.scrollToAnchor(anchor);
         QVERIFY2(bar->value() > before || bar->value() == bar->maximum(), qPrintable(anchor));
         before = bar->value();
