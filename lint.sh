@@ -16,7 +16,7 @@ mapfile -t pastas < <(sed -n 's|^ *add_subdirectory(\([a-z/]*\)).*|\1|p' CMakeLi
 produto=()
 for pasta in "${pastas[@]}"; do
     case $pasta in
-    support | tests | tools | data | bench) ;;
+    support | tests | tools | data | docs | bench) ;;
     *) produto+=("$pasta") ;;
     esac
 done
