@@ -27,9 +27,9 @@ constexpr std::array colunasDasContas{
     core::ColunaLista{.titulo = u"Vencimento", .largura = 1300},
 };
 constexpr std::array colunasDosClientes{
-    core::ColunaLista{.titulo = u"Nome Cliente", .largura = 1800},
-    core::ColunaLista{.titulo = u"Saldo Devedor", .largura = 1200, .alinhamento = Qt::AlignRight},
-    core::ColunaLista{.titulo = u"Data Últ. Registro", .largura = 1300},
+    core::ColunaLista{.titulo = u"Nome Cliente", .largura = 2600},
+    core::ColunaLista{.titulo = u"Saldo Devedor", .largura = 1500, .alinhamento = Qt::AlignRight},
+    core::ColunaLista{.titulo = u"Data Últ. Registro", .largura = 1700},
 };
 
 QString descricaoDaConta(const dao::Recordset &linha)
