@@ -34,7 +34,6 @@ frmManual::frmManual() : Form(u"frmManual"_s), ui_(std::make_unique<Ui::frmManua
     ui_->setupUi(this);
     setEscapeUnloads(true);
 
-    onKey(ui_->txtLocalizar, Qt::Key_Return, &frmManual::btnLocalizar_Click);
     onClick(ui_->btnLocalizar, &frmManual::btnLocalizar_Click);
     onClick(ui_->btnNavegador, &frmManual::btnNavegador_Click);
     onClick(ui_->btnVoltar, &frmManual::btnVoltar_Click);

@@ -246,10 +246,12 @@ void TstFrmManual::searchBeginsAtTheSection()
 {
     shell::AbreManual(u"frmInfo"_s);
     support::type(manual(), u"txtLocalizar"_s, u"abacaxi"_s, false);
-    support::key(manual(), u"txtLocalizar"_s, Qt::Key_Return);
+    support::key(manual(), u"txtLocalizar"_s, Qt::Key_Return); // goes on to the button, as everywhere
+    QCOMPARE(cadastro::focusOf(manual()), u"btnLocalizar"_s);
+    support::key(manual(), u"btnLocalizar"_s, Qt::Key_Return);
     QCOMPARE(page()->textCursor().block().text(), u"Outro abacaxi."_s);
-    QCOMPARE(cadastro::focusOf(manual()), u"txtLocalizar"_s); // Enter goes on searching
-    support::key(manual(), u"txtLocalizar"_s, Qt::Key_Return);
+    QCOMPARE(cadastro::focusOf(manual()), u"btnLocalizar"_s); // and stays there for the next place
+    support::key(manual(), u"btnLocalizar"_s, Qt::Key_Return);
     QCOMPARE(page()->textCursor().block().text(), u"Aqui está o ABACAXI."_s);
 }
 
