@@ -87,6 +87,8 @@ constexpr std::array uses{
     Use{"frmMoviCaixa", 30},
     Use{"frmMoviLivroOrigem"},
     Use{"frmBalanco"},
+    Use{"frmInfoAviso"},
+    Use{"frmManual"},
     Use{"frmMoviFiados"},
     Use{"frmMoviFiadosConta"},
     Use{"frmMoviFiadosConta", 11},

@@ -234,6 +234,8 @@ constexpr std::array rows{
     Row{u"frmSenhaManut", u"txtNome", u"Senha", u"Nome"},
     Row{u"frmSenhaManut", u"txtSenha"}, // scrambled it is longer
     Row{u"frmSenhaManut", u"txtConfirma"},
+
+    Row{u"frmManual", u"txtLocalizar"},
 };
 
 QString nameOf(const Row &row)

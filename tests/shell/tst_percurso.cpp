@@ -44,6 +44,8 @@ constexpr State states[] = {
     {"login", "frmSenha"},
     {"operators", "frmSenhaManut"},
     {"about", "frmInfo"},
+    {"notices", "frmInfoAviso"},
+    {"manual", "frmManual"},
     {"customers", "frmCadaCliente"},
     {"customers as picker", "frmCadaCliente", 1},
     {"suppliers", "frmCadaFornecedor"},

@@ -65,6 +65,7 @@ constexpr auto commands = std::to_array<Command>({
     {u"itmRelaVisitas", u"frmRelatorio", u"btnVoltar"},
     {u"itmRelaVeiculos", u"frmRelatorio", u"btnVoltar"},
     {u"itmRelaNiver", u"frmRelatorio", u"btnVoltar"},
+    {u"itmRelaVencimentosContas", u"frmInfoAviso", u"btnVoltar"},
     {u"itmRelaBalanco", u"frmBalanco", u"btnVoltar"},
     {u"itmOSAbrir", u"frmOSAbre", u"btnVoltar"},
     {u"itmOSConsultar", u"frmOSConsulta", u"btnVoltar"},
