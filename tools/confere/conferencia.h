@@ -1,0 +1,65 @@
+#pragma once
+
+#include "tools/confere/banco.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <vector>
+
+namespace confere
+{
+
+/// What a finding means: the program by itself never leaves such a row, or its ordinary use may leave one (a customer
+/// is deleted whose orders stay).
+enum class Nivel { Erro, Aviso };
+
+/// What one check counts and finds.
+class Achados
+{
+public:
+    void conta() { ++contadas_; }
+    void acha(const QString &frase) { frases_.append(frase); }
+
+    qint64 contadas() const { return contadas_; }
+    const QStringList &frases() const { return frases_; }
+
+private:
+    qint64 contadas_ = 0;
+    QStringList frases_;
+};
+
+/// One check: its title, what it asks in a sentence of the help, the columns without which there is nothing to be
+/// checked, and the check itself.
+struct Conferencia {
+    QString nome;
+    QString pergunta;
+    Nivel nivel = Nivel::Erro;
+    struct Precisa {
+        QStringView tabela;
+        QStringList colunas;
+    };
+    std::vector<Precisa> precisa = {};
+    std::function<void(Banco &, Achados &)> confere;
+    QStringView oQueConta = u"linha"; ///< one of what it counts
+};
+
+/// The kinds of check, a file each.
+std::vector<Conferencia> ConferenciasDoArquivo();      ///< integridade.cpp: the inner order of the file
+std::vector<Conferencia> ConferenciasDosSaldos();      ///< saldos.cpp: ledgers and stock
+std::vector<Conferencia> ConferenciasDosDocumentos();  ///< documentos.cpp: orders, estimates, notes and their lines
+std::vector<Conferencia> ConferenciasDasReferencias(); ///< referencias.cpp: rows that refer to nothing
+std::vector<Conferencia> ConferenciasDosPagamentos();  ///< pagamentos.cpp: what is paid, and when
+std::vector<Conferencia> ConferenciasDosCodigos();     ///< codigos.cpp: codes and counters
+
+/// All of them in the order of the report.
+std::vector<Conferencia> Conferencias();
+
+/// "Caixa, código 0012": how a finding names a row.
+QString NomeDaLinha(QStringView tabela, std::optional<qint64> codigo);
+
+/// A code as the windows show it.
+QString TextoDoCodigo(qint64 codigo);
+
+} // namespace confere

@@ -1,0 +1,115 @@
+// Examines a workshop's database and changes nothing in it: tarvelo-confere [--tudo] [ARQUIVO|PASTA]
+#include "core/modulo.h"
+#include "platform/dao/database.h"
+#include "platform/runtime/runtime.h"
+#include "tools/confere/arquivo.h"
+#include "tools/confere/relatorio.h"
+
+#include <QCoreApplication>
+#include <QStandardPaths>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+enum Saida { nadaAchado = 0, algoAchado = 1, naoLido = 2 };
+
+constexpr std::chrono::seconds maiorEspera{10};
+
+const QString uso = u"uso: tarvelo-confere [--tudo] [ARQUIVO|PASTA]\n"
+                    u"\n"
+                    u"Confere o banco de dados da oficina e diz o que está errado. Só lê: não muda nada no\n"
+                    u"arquivo nem ao lado dele. Sem ARQUIVO nem PASTA confere o banco desta instalação. Com o\n"
+                    u"programa aberto as gravações dele esperam até a conferência acabar.\n"
+                    u"\n"
+                    u"  --tudo   mostra todos os achados (sem isto, os 10 primeiros de cada conferência)\n"
+                    u"  --ajuda  mostra este texto e o que cada conferência pergunta\n"
+                    u"\n"
+                    u"Um 'erro' é o que o programa sozinho nunca deixa: um dano no arquivo, a mão de outro\n"
+                    u"programa, duas gravações ao mesmo tempo. Um 'aviso' é o que o uso normal pode deixar,\n"
+                    u"como a ordem de um cliente excluído, e vale a pena olhar.\n"
+                    u"\n"
+                    u"Resultado ao sair: 0 nada foi encontrado, 1 há erros ou avisos, 2 o arquivo não pôde ser\n"
+                    u"lido ou o comando não foi entendido.\n"_s;
+
+void escreve(const QString &texto, std::FILE *onde = stdout)
+{
+    std::fputs(qPrintable(texto), onde);
+    std::fflush(onde);
+}
+
+struct Pedido {
+    QString alvo;
+    bool tudo = false;
+    bool ajuda = false;
+};
+
+/// Nothing where the command line is no request.
+std::optional<Pedido> lePedido(const QStringList &argumentos)
+{
+    Pedido pedido;
+    for (const QString &argumento : argumentos) {
+        if (argumento == u"--tudo") {
+            pedido.tudo = true;
+        } else if (argumento == u"--ajuda") {
+            pedido.ajuda = true;
+        } else if (argumento.startsWith(u'-') || argumento.isEmpty() || !pedido.alvo.isEmpty()) {
+            return std::nullopt;
+        } else {
+            pedido.alvo = argumento;
+        }
+    }
+    return pedido;
+}
+
+void mostraAjuda()
+{
+    escreve(uso + u"\nO que é conferido:\n"_s);
+    for (const confere::Conferencia &conferencia : confere::Conferencias()) {
+        escreve(u"  %1 (%2): %3\n"_s.arg(conferencia.nome,
+                                         conferencia.nivel == confere::Nivel::Erro ? u"erro"_s : u"aviso"_s,
+                                         conferencia.pergunta));
+    }
+}
+
+QString arquivoDe(const Pedido &pedido)
+{
+    if (!pedido.alvo.isEmpty()) {
+        return confere::ArquivoDe(pedido.alvo);
+    }
+    const QString dados = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    return confere::ArquivoDaInstalacao(QCoreApplication::applicationDirPath(), dados + u"/tarvelo"_s);
+}
+
+Saida confereArquivo(const Pedido &pedido)
+{
+    dao::DBEngine::SetLockWait(maiorEspera);
+    try {
+        const confere::Relatorio relatorio = confere::Confere(arquivoDe(pedido));
+        escreve(confere::Texto(relatorio, pedido.tudo));
+        return relatorio.nadaAchado() ? nadaAchado : algoAchado;
+    } catch (const runtime::RuntimeError &erro) {
+        escreve(u"tarvelo-confere: "_s + confere::Explica(erro) + u'\n', stderr);
+        return naoLido;
+    }
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication programa(argc, argv);
+    const std::optional<Pedido> pedido = lePedido(QCoreApplication::arguments().mid(1));
+    if (!pedido) {
+        escreve(uso, stderr);
+        return naoLido;
+    }
+    if (pedido->ajuda) {
+        mostraAjuda();
+        return nadaAchado;
+    }
+    return confereArquivo(*pedido);
+}
