@@ -1,5 +1,6 @@
 #include "platform/dao/database.h"
 
+#include "platform/dao/copy.h"
 #include "platform/dao/execute.h"
 #include "platform/dao/file.h"
 #include "platform/dao/recordsetdata.h"
@@ -99,6 +100,16 @@ std::shared_ptr<Database> DBEngine::CreateDatabase(const QString &path, const QS
 {
     createFile(path);
     return OpenDatabase(path);
+}
+
+void DBEngine::CopyDatabase(const QString &from, const QString &to)
+{
+    copyDatabase(from, to);
+}
+
+void DBEngine::RestoreDatabase(const QString &from, const QString &to, const QString &kept)
+{
+    restoreDatabase(from, to, kept);
 }
 
 void DBEngine::SetLockWait(std::chrono::milliseconds longest)

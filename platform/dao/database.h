@@ -65,6 +65,14 @@ struct DBEngine {
     /// Creates an empty database file. The locale text is taken as given. Error 3204 where the file exists.
     static std::shared_ptr<Database> CreateDatabase(const QString &path, const QString &locale);
 
+    /// Copies a database, which others may be writing, as it stands at one moment to `to`, whole, examined and on the
+    /// disk, or not at all: 3183 on a full disk, 3343 where it is damaged.
+    static void CopyDatabase(const QString &from, const QString &to);
+
+    /// Puts the contents of the database `from` into the database `to`, all or nothing. Others may have it open, and
+    /// see it as they see any write. What it held goes to the new file `kept` first.
+    static void RestoreDatabase(const QString &from, const QString &to, const QString &kept);
+
     /// How long a read or a write waits while another program holds the file's lock, before it gives error 3051. Tools
     /// that copy files hold it, over a network for a minute; to end the program under the user's hands would cost him
     /// more than the wait.

@@ -143,6 +143,11 @@ std::shared_ptr<Connection> openFile(const QString &path, bool readOnly)
     return connection;
 }
 
+std::shared_ptr<Connection> openEmpty(const QString &path)
+{
+    return std::make_shared<Connection>(path, openHandle(path, SQLITE_OPEN_READWRITE));
+}
+
 void createFile(const QString &path)
 {
     const QFileInfo info(path);

@@ -124,7 +124,6 @@ QString targetOf(const QString &path)
     return file.exists() ? file.canonicalFilePath() : file.symLinkTarget();
 }
 
-/// A new file beside the one that is to be replaced, which nobody clears away while it is open.
 bool openDraft(QFile &draft, const QString &path)
 {
     constexpr int mostTries = 20;
@@ -144,35 +143,50 @@ bool openDraft(QFile &draft, const QString &path)
 }
 
 /// A file system that knows no rights refuses them; nothing is lost by that.
-void giveRights(QFile &draft, const QString &path)
+void giveRights(const QString &draft, const QString &path)
 {
-    QFile::exists(path) ? draft.setPermissions(QFile::permissions(path)) : restrictToGroup(draft.fileName());
-}
-
-/// A full disk is told by the write, a quota or a broken disk maybe not before the bytes are on their way to it.
-bool fill(QFile &draft, const QByteArray &contents)
-{
-    return draft.write(contents) == contents.size() && bringToDisk(draft);
+    QFile::exists(path) ? QFile::setPermissions(draft, QFile::permissions(path)) : restrictToGroup(draft);
 }
 
 } // namespace
 
+Draft::Draft(const QString &path) : path_(targetOf(path))
+{
+    if (QFileInfo::exists(path_) && !isOrdinary(path_)) {
+        return;
+    }
+    if (openDraft(file_, path_)) {
+        giveRights(file_.fileName(), path_);
+    }
+}
+
+Draft::~Draft()
+{
+    if (file_.isOpen()) {
+        takeAway(file_);
+    }
+}
+
+bool Draft::write(const QByteArray &contents)
+{
+    return file_.write(contents) == contents.size();
+}
+
+/// A full disk is told by the write, a quota or a broken disk maybe not before the bytes are on their way to it.
+bool Draft::putInPlace()
+{
+    if (!bringToDisk(file_) || !files::putInPlace(file_, path_)) {
+        takeAway(file_);
+        return false;
+    }
+    file_.close();
+    return true;
+}
+
 bool replaceFile(const QString &path, const QByteArray &contents)
 {
-    const QString target = targetOf(path);
-    if (QFileInfo::exists(target) && !isOrdinary(target)) {
-        return false;
-    }
-    QFile draft;
-    if (!openDraft(draft, target)) {
-        return false;
-    }
-    giveRights(draft, target);
-    if (fill(draft, contents) && putInPlace(draft, target)) {
-        return true;
-    }
-    takeAway(draft);
-    return false;
+    Draft draft(path);
+    return draft.isOpen() && draft.write(contents) && draft.putInPlace();
 }
 
 void clearLeftovers(const QString &path)
