@@ -1,0 +1,121 @@
+#include "platform/runtime/error.h"
+#include "platform/runtime/shell.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class tst_shell : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { folder_ = std::make_unique<QTemporaryDir>(); }
+
+    void aBatchFileIsStarted_data();
+    void aBatchFileIsStarted();
+    void itIsNotWaitedFor();
+    void itWorksInItsFolderAndWaitsForNoKeys();
+    void itOutlivesTheProgram();
+    void whatIsNotThereIsError53_data();
+    void whatIsNotThereIsError53();
+    void whatCanNotBeStartedIsError5();
+
+private:
+    QString path(const QString &name) const { return folder_->filePath(name); }
+    QString batch(const QByteArray &text, bool executable = true, const QString &name = u"COPIA DO ZÉ.BAT"_s) const
+    {
+        QFile file(path(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size()) {
+            qFatal("no batch file");
+        }
+        const auto rights = QFile::ReadOwner | QFile::WriteOwner;
+        file.setPermissions(executable ? rights | QFile::ExeOwner : rights);
+        return file.fileName();
+    }
+    QByteArray mark() const
+    {
+        QFile file(path(u"marca"_s));
+        return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray("(none)");
+    }
+    static int errorOf(const QString &path)
+    {
+        try {
+            runtime::Shell(path);
+        } catch (const runtime::RuntimeError &error) {
+            return error.number();
+        }
+        return 0;
+    }
+
+    std::unique_ptr<QTemporaryDir> folder_;
+};
+
+void tst_shell::aBatchFileIsStarted_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<bool>("executable");
+    QTest::newRow("by itself") << QByteArray("#!/bin/sh\necho sim >marca\n") << true;
+    QTest::newRow("by another interpreter") << QByteArray("#!/usr/bin/env -S sed -n -e 2wmarca\nsim\n") << true;
+    QTest::newRow("without the right") << QByteArray("#!/bin/sh\necho sim >marca\n") << false;
+    QTest::newRow("without an interpreter") << QByteArray("echo sim >marca\n") << true;
+    QTest::newRow("neither") << QByteArray("echo sim >marca\n") << false;
+}
+
+void tst_shell::aBatchFileIsStarted()
+{
+    QFETCH(const QByteArray, text);
+    QFETCH(const bool, executable);
+    runtime::Shell(batch(text, executable));
+    QTRY_COMPARE(mark(), QByteArray("sim"));
+}
+
+void tst_shell::itIsNotWaitedFor()
+{
+    runtime::Shell(batch("#!/bin/sh\nwhile [ ! -e segue ]; do sleep 0.05; done\necho sim >marca\n"));
+    QCOMPARE(mark(), QByteArray("(none)"));
+    QFile(path(u"segue"_s)).open(QIODevice::WriteOnly);
+    QTRY_COMPARE(mark(), QByteArray("sim"));
+}
+
+void tst_shell::itWorksInItsFolderAndWaitsForNoKeys()
+{
+    runtime::Shell(batch("#!/bin/sh\nread -r tecla\n[ -t 1 ] || { pwd; echo \"[$tecla]\"; } >marca\n"));
+    QTRY_COMPARE(mark(), folder_->path().toUtf8() + "\n[]");
+}
+
+/// A session of its own: what ends the program's leaves it alone.
+void tst_shell::itOutlivesTheProgram()
+{
+    const auto session = [](const QByteArray &stat) { return stat.split(' ').value(5).toInt(); };
+    runtime::Shell(batch("#!/bin/sh\ncat /proc/$$/stat >marca.novo; mv marca.novo marca\n", true, u"s.BAT"_s));
+    QTRY_VERIFY(mark() != "(none)");
+    QFile own(u"/proc/self/stat"_s);
+    QVERIFY(own.open(QIODevice::ReadOnly));
+    QVERIFY(session(mark()) > 0);
+    QVERIFY(session(mark()) != session(own.readAll()));
+}
+
+void tst_shell::whatIsNotThereIsError53_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("no file") << u"AUSENTE.BAT"_s;
+    QTest::newRow("no folder") << u"ausente/AUSENTE.BAT"_s;
+    QTest::newRow("a folder") << u"."_s;
+}
+
+void tst_shell::whatIsNotThereIsError53()
+{
+    QFETCH(const QString, name);
+    QCOMPARE(errorOf(path(name)), 53);
+}
+
+void tst_shell::whatCanNotBeStartedIsError5()
+{
+    QCOMPARE(errorOf(batch("#!/ausente/interpretador\n")), 5);
+}
+
+QTEST_GUILESS_MAIN(tst_shell)
+#include "tst_shell.moc"
