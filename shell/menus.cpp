@@ -5,6 +5,7 @@
 #include "platform/ui/application.h"
 #include "platform/ui/controls.h"
 #include "platform/ui/forms.h"
+#include "shell/copias.h"
 
 #include <QCursor>
 #include <QMenu>
@@ -176,11 +177,11 @@ constexpr auto configuracoes = std::to_array<ItemMenu>({
 });
 
 constexpr auto backup = std::to_array<ItemMenu>({
-    {u"itmBackBackBD", u"Fazer Backup Banco de Dados..."},
-    {u"itmBackBackFI", u"Fazer Backup Figuras..."},
+    {.nome = u"itmBackBackBD", .legenda = u"Fazer Backup Banco de Dados...", .funcao = FazBackupBanco},
+    {.nome = u"itmBackBackFI", .legenda = u"Fazer Backup Figuras...", .funcao = FazBackupFiguras},
     linha,
-    {u"itmBackRestBD", u"Restaurar Banco de Dados..."},
-    {u"itmBackRestFI", u"Restaurar Figuras..."},
+    {.nome = u"itmBackRestBD", .legenda = u"Restaurar Banco de Dados...", .funcao = RestauraBanco},
+    {.nome = u"itmBackRestFI", .legenda = u"Restaurar Figuras...", .funcao = RestauraFiguras},
     linha,
     {u"itmBackUltimo", u"Último Backup Banco Dados em"},
     {u"itmBackData", u""},
