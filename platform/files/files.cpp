@@ -24,6 +24,13 @@ bool isOrdinary(const QString &path)
     return QFileInfo(path).isFile();
 }
 
+bool isReadOnly(const QString &path)
+{
+    constexpr auto anyWrite = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
+    const QFileInfo file(path);
+    return file.exists() && (!(file.permissions() & anyWrite) || !file.isWritable());
+}
+
 void keepToGroup()
 {
 #ifdef Q_OS_UNIX

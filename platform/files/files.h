@@ -19,6 +19,10 @@ bool createForGroup(const QString &path);
 /// Gives a file that exists those same rights. Programs and scripts stay startable.
 bool restrictToGroup(const QString &path);
 
+/// True for a file that exists and is marked read-only, or is not to be written by the user. A new file put in its
+/// place (`replaceFile`) would not mind.
+bool isReadOnly(const QString &path);
+
 /// Takes a mark "read only" off a file of the user's own; false where it is not his, or only leads elsewhere.
 bool letWrite(const QString &path);
 

@@ -5,7 +5,6 @@
 #include "platform/runtime/text.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <vector>
 
@@ -210,12 +209,16 @@ std::optional<QByteArray> fileContents(const QString &path)
     return file.error() == QFile::NoError ? std::optional(contents) : std::nullopt;
 }
 
-// A new file put in place of the old one would not mind that the old one is marked read-only.
-bool isReadOnly(const QString &path)
+// Puts what `change` makes of the file's bytes in their place.
+template<class Change>
+bool rewrite(const QString &path, Change change)
 {
-    constexpr auto anyWrite = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
-    const QFileInfo file(path);
-    return file.exists() && (!(file.permissions() & anyWrite) || !file.isWritable());
+    const auto before = fileContents(path);
+    if (!before || files::isReadOnly(path)) {
+        return false;
+    }
+    files::clearLeftovers(path);
+    return files::replaceFile(path, change(*before));
 }
 
 } // namespace
@@ -250,12 +253,17 @@ QByteArray writeProfileText(const QString &section, const std::optional<QString>
 bool writeProfile(const QString &section, const std::optional<QString> &key, const std::optional<QString> &value,
                   const QString &path)
 {
-    const auto before = fileContents(path);
-    if (!before || isReadOnly(path)) {
-        return false;
-    }
-    files::clearLeftovers(path);
-    return files::replaceFile(path, writeProfileText(section, key, value, *before));
+    return rewrite(path, [&](const QByteArray &before) { return writeProfileText(section, key, value, before); });
+}
+
+bool writeProfileKeys(const QString &section, const std::vector<std::pair<QString, QString>> &keys, const QString &path)
+{
+    return rewrite(path, [&](QByteArray contents) {
+        for (const auto &[key, value] : keys) {
+            contents = writeProfileText(section, key, value, contents);
+        }
+        return contents;
+    });
 }
 
 } // namespace ini

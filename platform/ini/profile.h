@@ -4,6 +4,8 @@
 #include <QString>
 
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace ini
 {
@@ -24,6 +26,10 @@ QString readProfileText(const QString &section, const QString &key, const QStrin
 /// lines stay. Returns false where the file can't be written; the old file then stays whole.
 bool writeProfile(const QString &section, const std::optional<QString> &key, const std::optional<QString> &value,
                   const QString &path);
+
+/// Writes several keys of a section by the same rules, in one go: a kill or a full disk leaves all of them or none.
+bool writeProfileKeys(const QString &section, const std::vector<std::pair<QString, QString>> &keys,
+                      const QString &path);
 
 /// The bytes that such a file holds after the write; a line that is written ends in CR LF, all others
 /// keep their bytes.
