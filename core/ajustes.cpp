@@ -5,6 +5,8 @@
 #include "platform/runtime/runtime.h"
 #include "platform/ui/boxes.h"
 
+#include <cmath>
+
 namespace core
 {
 
@@ -30,7 +32,7 @@ bool aceita(const Ajuste &ajuste, const QString &resposta)
     case Resposta::SimNao:
         return resposta == u"S" || resposta == u"N";
     case Resposta::Numero:
-        return runtime::IsNumeric(resposta);
+        return NumeroValido(resposta);
     case Resposta::Texto:
         break;
     }
@@ -76,6 +78,12 @@ void PerguntaAjuste(const Ajuste &ajuste)
         ajuste.depois(resposta);
     }
     ui::MsgBox(u"Gravação Concluída com Sucesso"_s, ui::Icon::Information, NomeEmpresa);
+}
+
+bool NumeroValido(const QString &texto)
+{
+    const auto numero = runtime::parseNumber(texto);
+    return numero && std::isfinite(*numero);
 }
 
 QString TaxaGravada(const QString &resposta)

@@ -27,6 +27,9 @@ struct Ajuste {
 /// Asks for the setting and writes it. An empty answer, which Cancel gives too, changes nothing.
 void PerguntaAjuste(const Ajuste &ajuste);
 
+/// True for a number that the program can work with: a text like "1e999" reads as one, and has no value.
+bool NumeroValido(const QString &texto);
+
 /// A percentage as the settings hold it: "0," and the number of two digits, "02" for 2 %.
 QString TaxaGravada(const QString &resposta);
 

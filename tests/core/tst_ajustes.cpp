@@ -87,6 +87,7 @@ private slots:
     void aRateIsWrittenInItsForm();
     void aRateThatIsNoNumberIsRefused();
     void aNumberWithoutWordsIsPassedOver();
+    void aNumberBeyondAllBoundsIsNone();
     void aSettingMayShowAndWriteInItsOwnWay();
     void whatFollowsComesAheadOfTheConfirmation();
 
@@ -196,6 +197,18 @@ void TestAjustes::aNumberWithoutWordsIsPassedOver()
     QCOMPARE(core::Config(u"Vias"_s), QString());
     escolhe(u"itmVias");
     QCOMPARE(core::Config(u"Vias"_s), u"2"_s);
+}
+
+/// It reads as a number, and working with it is the run-time error of an overflow.
+void TestAjustes::aNumberBeyondAllBoundsIsNone()
+{
+    QVERIFY(core::NumeroValido(u"1e308"_s));
+    QVERIFY(!core::NumeroValido(u"1e309"_s));
+    QVERIFY(!core::NumeroValido(u"um"_s));
+    QVERIFY(!core::NumeroValido({}));
+    caixas_->input(u"Digite a multa (%)"_s, u"1e309"_s).exclamation(u"Você deve inserir uma multa válida"_s);
+    escolhe(u"itmMulta");
+    QCOMPARE(core::Config(u"Multa"_s), QString());
 }
 
 void TestAjustes::aSettingMayShowAndWriteInItsOwnWay()
