@@ -24,6 +24,9 @@ public:
     /// Writes the operator who has logged in to the status bar.
     void mostraOperador(qint16 codigo, const QString &nome);
 
+    /// Shows the workshop's name, the program's and its version, in the caption and on the status bar.
+    void mostraTitulos();
+
     /// Gates the menus, shows the window, brings the database up to its schema and reminds of what is due. A step that
     /// fails is passed over.
     void MDIForm_Load();
@@ -34,7 +37,6 @@ protected:
 
 private:
     void aplicaAdmin();
-    void mostraTitulos();
     void carregaFundo();
     void mostraUltimoBackup();
 

@@ -5,6 +5,7 @@
 #include "platform/ui/application.h"
 #include "platform/ui/controls.h"
 #include "platform/ui/forms.h"
+#include "shell/configuracoes.h"
 #include "shell/copias.h"
 
 #include <QCursor>
@@ -27,8 +28,8 @@ namespace
 
 using enum core::Modo;
 
-/// One command of the menus: the window it opens, or the function it runs. A command that has neither shows a text, or
-/// its window does not exist yet, and is unavailable.
+/// One command of the menus: the window it opens, the function it runs, or the setting of its name, which it asks for
+/// (`ajusteDe`). A command that has none of them shows a text, or its window does not exist yet, and is unavailable.
 /// One without a name is a line between its neighbours.
 struct ItemMenu {
     QStringView nome = {};
@@ -239,10 +240,11 @@ constexpr auto personalizados = std::to_array<Personalizado>({
     {u"itmOSImprimirNota", u"2-2"},
 });
 
-/// True when the item's window exists or its function is there.
+/// True when the item's window exists, or its function or setting is there.
 bool disponivel(const ItemMenu &item)
 {
-    return item.funcao != nullptr || (!item.janela.isEmpty() && ui::Forms::instance().exists(item.janela.toString()));
+    return item.funcao != nullptr || ajusteDe(item.nome) != nullptr ||
+           (!item.janela.isEmpty() && ui::Forms::instance().exists(item.janela.toString()));
 }
 
 /// A command with a mode wants its window in that mode, and gets it afresh where it stands open in another. One without
@@ -260,12 +262,14 @@ void abreJanela(const ItemMenu &item)
     }
 }
 
-/// Runs an item: sets `ModoChamada`, then shows its window or calls its function.
+/// Runs an item: sets `ModoChamada`, then shows its window, calls its function or asks for its setting.
 void aciona(const ItemMenu &item)
 {
     core::ModoChamada = item.modo.value_or(core::ModoChamada);
     if (item.funcao != nullptr) {
         item.funcao();
+    } else if (const core::Ajuste *ajuste = ajusteDe(item.nome)) {
+        core::PerguntaAjuste(*ajuste);
     } else {
         abreJanela(item);
     }
