@@ -49,6 +49,11 @@ namespace
 {
 
 const QStringList scripts{u"BACKUPDA.BAT"_s, u"BACKUPFI.BAT"_s, u"RESTORDA.BAT"_s, u"RESTORFI.BAT"_s};
+#ifdef Q_OS_WIN
+const QByteArray firstLine = "@echo off\r\n";
+#else
+const QByteArray firstLine = "#!/bin/sh\n";
+#endif
 
 } // namespace
 
@@ -56,8 +61,9 @@ void TestInstalacao::holdsTheWholeProgram()
 {
     install();
     QVERIFY(QFileInfo(path(u"tarvelo"_s)).isExecutable());
+    QVERIFY(QFileInfo(path(u"tarvelo-copia"_s)).isExecutable());
     for (const QString &script : scripts) {
-        QVERIFY2(contents(script).startsWith("@echo off"), qPrintable(script));
+        QVERIFY2(contents(script).startsWith(firstLine), qPrintable(script));
         QVERIFY(QFileInfo(path(script)).isExecutable());
     }
     for (const QString &picture : {u"splash.bmp"_s, u"bg800.bmp"_s, u"bg1024.bmp"_s, u"bg1280.bmp"_s, u"logo.bmp"_s}) {
@@ -98,7 +104,7 @@ void TestInstalacao::aSecondOneBringsWhatIsMissing()
     QVERIFY(QFile::remove(path(u"RESTORFI.BAT"_s)));
     QVERIFY(QFile::remove(path(u"DADOS/bg800.bmp"_s)));
     install();
-    QVERIFY(contents(u"RESTORFI.BAT"_s).startsWith("@echo off"));
+    QVERIFY(contents(u"RESTORFI.BAT"_s).startsWith(firstLine));
     QVERIFY(contents(u"DADOS/bg800.bmp"_s).startsWith("BM"));
 }
 
