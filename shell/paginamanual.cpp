@@ -55,6 +55,8 @@ QString lido(const QString &arquivo)
 PaginaManual::PaginaManual(QWidget *parent) : QTextBrowser(parent)
 {
     setOpenLinks(false);
+    // Its links are no stops of the keyboard: there are too many of them for a way through the window.
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::LinksAccessibleByMouse);
     connect(this, &QTextBrowser::anchorClicked, this, &PaginaManual::segue);
 }
 
@@ -127,12 +129,6 @@ QVariant PaginaManual::loadResource(int type, const QUrl &name)
         return {}; // inside the file: the document reads it by itself
     }
     return vazia(); // for nothing at all Qt would look beside the file
-}
-
-/// Its links are no stops: there are too many of them for a way through the window.
-bool PaginaManual::focusNextPrevChild(bool next)
-{
-    return QTextEdit::focusNextPrevChild(next);
 }
 
 } // namespace shell

@@ -23,9 +23,6 @@ public:
 
     QVariant loadResource(int type, const QUrl &name) override;
 
-protected:
-    bool focusNextPrevChild(bool next) override;
-
 private:
     void segue(const QUrl &elo);
     void vaiPara(const QUrl &endereco);

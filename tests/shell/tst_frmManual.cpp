@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QScopeGuard>
+#include <QScrollBar>
 
 using namespace Qt::StringLiterals;
 using namespace manualdeteste;
@@ -65,6 +66,7 @@ private slots:
     void searchTellsWhatIsNotThere();
     void searchForNothingAsksForAText();
     void keysLeadToTheSearch();
+    void keysTurnThePages();
     void theBrowserGetsTheFile();
     void aBrowserThatDoesNotOpenIsTold();
     void itIsLeftByEscAndByItsButton();
@@ -284,6 +286,23 @@ void TstFrmManual::keysLeadToTheSearch()
     QCOMPARE(cadastro::focusOf(manual()), u"txtLocalizar"_s);
     QCOMPARE(support::control<QLineEdit>(manual(), u"txtLocalizar"_s)->selectedText(), u"ABC"_s);
     support::key(manual(), u"btnVoltar"_s, Qt::Key_L, Qt::AltModifier);
+    QCOMPARE(cadastro::focusOf(manual()), u"txtLocalizar"_s);
+}
+
+void TstFrmManual::keysTurnThePages()
+{
+    shell::AbreManual(QString());
+    auto *bar = page()->verticalScrollBar();
+    support::key(manual(), u"txtManual"_s, Qt::Key_PageDown);
+    const int onePage = bar->value();
+    QVERIFY(onePage > 100);
+    support::key(manual(), u"txtManual"_s, Qt::Key_Down);
+    QVERIFY(bar->value() > onePage);
+    support::key(manual(), u"txtManual"_s, Qt::Key_End);
+    QCOMPARE(bar->value(), bar->maximum());
+    support::key(manual(), u"txtManual"_s, Qt::Key_Home);
+    QCOMPARE(bar->value(), 0);
+    support::key(manual(), u"txtManual"_s, Qt::Key_Tab); // past all links
     QCOMPARE(cadastro::focusOf(manual()), u"txtLocalizar"_s);
 }
 
