@@ -39,7 +39,7 @@ QString ArquivoDe(const QString &argumento)
 QString ArquivoDaInstalacao(const QString &executaveis, const QString &dadosDoUsuario)
 {
     const bool pacote = core::pastaDaInstalacao(executaveis) != executaveis;
-    const QString aoLado = pacote ? QString() : bancoDaPasta(executaveis);
+    QString aoLado = pacote ? QString() : bancoDaPasta(executaveis);
     if (!aoLado.isEmpty() && (QFileInfo::exists(aoLado) || !QFileInfo(dadosDoUsuario).isDir())) {
         return aoLado;
     }

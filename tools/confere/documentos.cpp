@@ -68,6 +68,7 @@ void confereDocumentos(const Documento &documento, Banco &banco, Achados &achado
 std::vector<Conferencia> ConferenciasDosDocumentos()
 {
     std::vector<Conferencia> conferencias;
+    conferencias.reserve(documentos.size());
     for (const Documento &documento : documentos) {
         conferencias.push_back(
             {.nome = documento.nome.toString(),

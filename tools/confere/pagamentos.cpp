@@ -73,6 +73,7 @@ void confereSituacao(const Situacao &situacao, Banco &banco, Achados &achados)
 std::vector<Conferencia> ConferenciasDosPagamentos()
 {
     std::vector<Conferencia> conferencias;
+    conferencias.reserve(situacoes.size());
     for (const Situacao &situacao : situacoes) {
         std::vector<Conferencia::Precisa> precisa{{situacao.tabela, colunas}};
         if (ehOrdem(situacao)) {

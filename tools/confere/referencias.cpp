@@ -81,6 +81,7 @@ void confereReferencia(const Referencia &referencia, Banco &banco, Achados &acha
 std::vector<Conferencia> ConferenciasDasReferencias()
 {
     std::vector<Conferencia> conferencias;
+    conferencias.reserve(referencias.size());
     for (const Referencia &referencia : referencias) {
         conferencias.push_back(
             {.nome = referencia.titulo.toString(),

@@ -176,6 +176,7 @@ void confereLivro(const Livro &livro, Banco &banco, Achados &achados)
 std::vector<Conferencia> ConferenciasDosSaldos()
 {
     std::vector<Conferencia> conferencias;
+    conferencias.reserve(livros.size());
     for (const Livro &livro : livros) {
         const bool recalculado = livro.tipo == TipoDeRazao::Recalculado;
         conferencias.push_back(
