@@ -5,6 +5,7 @@
 #include "core/caminhos.h"
 #include "core/razao.h"
 #include "platform/runtime/runtime.h"
+#include "support/ordinaryuser.h"
 #include "support/otherprogram.h"
 #include "tools/confere/arquivo.h"
 
@@ -190,17 +191,27 @@ void TestConfereFerramenta::leavesEverythingAsItWas()
     QCOMPARE(everythingIn(path()), before);
 }
 
+/// Another user's file in another user's folder.
 void TestConfereFerramenta::readsWhatItMayNotWrite()
 {
+    post();
     const QString file = database();
     core::DBDados->Close();
-    const QString folder = QFileInfo(file).path();
-    QVERIFY(QFile::setPermissions(file, QFile::ReadOwner));
-    QVERIFY(QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner));
-    const Ended ended = run({file});
-    QVERIFY(QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
-    QCOMPARE(ended.errors, QString());
-    QCOMPARE(ended.code, 0);
+    const auto readable = QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther;
+    const auto enterable = readable | QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther;
+    QVERIFY(QFile::setPermissions(file, readable));
+    QVERIFY(QFile::setPermissions(QFileInfo(file).path(), enterable));
+    QVERIFY(QFile::setPermissions(path(), enterable));
+    {
+        const support::OrdinaryUser user;
+        QVERIFY(!QFile(file).open(QIODevice::ReadWrite));
+        QVERIFY(!QFile(file + u"-journal"_s).open(QIODevice::WriteOnly));
+        QCOMPARE(conferido::findings(confere::Confere(file)), QStringList());
+        QCOMPARE(conferido::counted(confere::Confere(file), u"Saldos do Livro Caixa"_s), 1);
+    }
+    for (const QString &folder : {QFileInfo(file).path(), path()}) {
+        QVERIFY(QFile::setPermissions(folder, enterable | QFile::WriteOwner));
+    }
 }
 
 void TestConfereFerramenta::takesAFileOrAFolder()

@@ -62,6 +62,7 @@ void TestInstalacao::holdsTheWholeProgram()
     install();
     QVERIFY(QFileInfo(path(u"tarvelo"_s)).isExecutable());
     QVERIFY(QFileInfo(path(u"tarvelo-copia"_s)).isExecutable());
+    QVERIFY(QFileInfo(path(u"tarvelo-confere"_s)).isExecutable());
     for (const QString &script : scripts) {
         QVERIFY2(contents(script).startsWith(firstLine), qPrintable(script));
         QVERIFY(QFileInfo(path(script)).isExecutable());
