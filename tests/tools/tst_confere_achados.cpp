@@ -197,7 +197,7 @@ void TestConfereAchados::rowsThatReferToNothing_data()
     row("stock without its part",
         {u"DELETE * FROM Pecas"_s, u"DELETE * FROM OSPecas WHERE CodOS > 1"_s, u"UPDATE OSPecas SET CodPeca = 0"_s,
          u"UPDATE OrcaPecas SET CodPeca = 0"_s, u"UPDATE NotasPecas SET CodPeca = 0"_s},
-        {u"Linhas do estoque e as suas peças: Estoque, código 0001 cita a peça 0001, que não existe em Pecas."_s});
+        {u"aviso Linhas do estoque e as suas peças: Estoque, código 0001 cita a peça 0001, que não existe em Pecas."_s});
     row("a customer that was deleted", {u"DELETE * FROM Clientes"_s},
         {u"aviso Clientes dos veículos: Veiculos, código 0001 cita o cliente 0001, que não existe em Clientes."_s,
          u"aviso Clientes das ordens: OrdemServico, código 0001 cita o cliente 0001, que não existe em Clientes."_s,

@@ -292,7 +292,7 @@ void TestConfereFerramenta::filesThatAreNone_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("words");
-    const QString none = u"não é um banco de dados reconhecido.\nSe este é o arquivo da oficina, ele está danificado: "
+    const QString none = u"não é um banco de dados reconhecido.\nSe este é o arquivo em que a oficina trabalha, "
                          "restaure a última cópia de segurança.\n"_s;
     QTest::newRow("empty") << QByteArray() << none;
     QTest::newRow("text") << QByteArray("texto qualquer").repeated(100) << none;

@@ -58,7 +58,7 @@ QString Explica(const runtime::RuntimeError &erro)
                    "tente de novo."_s;
         break;
     case 3343:
-        conselho = u"Se este é o arquivo da oficina, ele está danificado: restaure a última cópia de segurança."_s;
+        conselho = u"Se este é o arquivo em que a oficina trabalha, restaure a última cópia de segurança."_s;
         break;
     case 3428:
         conselho = u"Abra o Tarvelo uma vez, que ele a desfaz, e confira de novo."_s;

@@ -18,15 +18,20 @@ struct Referencia {
     QStringView alvo;
     QStringView nome; ///< of what is referred to, with its article
     Nivel nivel = Nivel::Aviso;
+    bool parte = false; ///< the row is a part of what it refers to and is nothing without it
 };
 
-/// A row that is a part of another goes with it whenever the program deletes that, and is nothing without it: an error.
-/// Of all else the program looks at nothing when it deletes: a warning.
+/// Lines go with their document whenever the program deletes that: an error. Of all else the program looks at nothing
+/// when it deletes, and the window of a part's stock that is open while the part goes begins its ledger anew: a
+/// warning.
 constexpr std::array<Referencia, 21> referencias{{
-    {u"Itens de ordens e as suas ordens", u"OSPecas", u"CodOS", u"OrdemServico", u"a ordem de serviço", Nivel::Erro},
-    {u"Itens de orçamentos e os seus orçamentos", u"OrcaPecas", u"CodOrca", u"Orcamento", u"o orçamento", Nivel::Erro},
-    {u"Itens de notas e as suas notas", u"NotasPecas", u"CodNota", u"NotasEntradas", u"a nota de entrada", Nivel::Erro},
-    {u"Linhas do estoque e as suas peças", u"Estoque", u"CodPeca", u"Pecas", u"a peça", Nivel::Erro},
+    {u"Itens de ordens e as suas ordens", u"OSPecas", u"CodOS", u"OrdemServico", u"a ordem de serviço", Nivel::Erro,
+     true},
+    {u"Itens de orçamentos e os seus orçamentos", u"OrcaPecas", u"CodOrca", u"Orcamento", u"o orçamento", Nivel::Erro,
+     true},
+    {u"Itens de notas e as suas notas", u"NotasPecas", u"CodNota", u"NotasEntradas", u"a nota de entrada", Nivel::Erro,
+     true},
+    {u"Linhas do estoque e as suas peças", u"Estoque", u"CodPeca", u"Pecas", u"a peça", Nivel::Aviso, true},
     {u"Clientes dos veículos", u"Veiculos", u"CodCliente", u"Clientes", u"o cliente"},
     {u"Clientes das ordens", u"OrdemServico", u"CodCliente", u"Clientes", u"o cliente"},
     {u"Veículos das ordens", u"OrdemServico", u"CodVeiculo", u"Veiculos", u"o veículo"},
@@ -51,18 +56,13 @@ QStringList colunasDe(const Referencia &referencia)
     return {u"Codigo"_s, referencia.coluna.toString()};
 }
 
-bool ehParte(const Referencia &referencia)
-{
-    return referencia.nivel == Nivel::Erro;
-}
-
 void confereReferencia(const Referencia &referencia, Banco &banco, Achados &achados)
 {
     const QSet<qint64> &existem = banco.codigos(referencia.alvo, u"Codigo"_s);
     banco.paraCada(referencia.tabela, colunasDe(referencia), [&](const dao::Recordset &linha) {
         const qint64 codigo = Codigo(linha.value(1)).value_or(0);
         const bool nenhum = codigo == 0;
-        if (nenhum && !ehParte(referencia)) {
+        if (nenhum && !referencia.parte) {
             return; // as the program writes it where there is nothing to refer to
         }
         achados.conta();
@@ -87,7 +87,7 @@ std::vector<Conferencia> ConferenciasDasReferencias()
             {.nome = referencia.titulo.toString(),
              .pergunta = u"%1 que %2 cita existe%3"_s.arg(
                  referencia.nome, referencia.tabela,
-                 ehParte(referencia) ? QString() : u" (o programa deixa excluir o que outros citam)"_s),
+                 referencia.nivel == Nivel::Erro ? QString() : u" (o programa deixa excluir o que outros citam)"_s),
              .nivel = referencia.nivel,
              .precisa = {{referencia.tabela, colunasDe(referencia)}, {referencia.alvo, {u"Codigo"_s}}},
              .confere = [&referencia](Banco &banco, Achados &achados) {
