@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <numeric>
 #include <utility>
@@ -68,6 +69,53 @@ float esperado(const LinhaDoRazao &linha, float anterior, TipoDeRazao tipo)
     return ehContagem(linha, tipo) ? *linha.entrada : static_cast<float>(double{anterior} + movimento(linha));
 }
 
+/// The rows in the order of their dates, and how many of them do not follow the one before. Any of them can leave.
+class FilaPorData
+{
+public:
+    using Quebra = std::function<bool(size_t linha, size_t anterior)>;
+
+    FilaPorData(const std::vector<size_t> &ordem, Quebra quebra)
+        : quebra_(std::move(quebra)), antes_(ordem.size(), nenhuma), depois_(ordem.size(), nenhuma)
+    {
+        size_t anterior = nenhuma;
+        for (const size_t linha : ordem) {
+            liga(anterior, linha);
+            anterior = linha;
+        }
+    }
+
+    size_t falhas() const { return falhas_; }
+
+    void retira(size_t linha)
+    {
+        const size_t antes = antes_[linha];
+        const size_t depois = depois_[linha];
+        falhas_ -= quebra_(linha, antes) ? 1 : 0;
+        if (depois != nenhuma) {
+            falhas_ -= quebra_(depois, linha) ? 1 : 0;
+            liga(antes, depois);
+        } else if (antes != nenhuma) {
+            depois_[antes] = nenhuma;
+        }
+    }
+
+private:
+    void liga(size_t antes, size_t linha)
+    {
+        antes_[linha] = antes;
+        if (antes != nenhuma) {
+            depois_[antes] = linha;
+        }
+        falhas_ += quebra_(linha, antes) ? 1 : 0;
+    }
+
+    Quebra quebra_;
+    std::vector<size_t> antes_;
+    std::vector<size_t> depois_;
+    size_t falhas_ = 0;
+};
+
 /// One ledger, in its two orders.
 class Razao
 {
@@ -111,39 +159,19 @@ private:
     /// that each number costs the same.
     std::pair<size_t, size_t> quantasRecalculadas() const
     {
-        const size_t n = linhas_.size();
-        std::vector<size_t> antes(n, nenhuma);
-        std::vector<size_t> depois(n, nenhuma);
-        size_t falhas = 0;
-        size_t anterior = nenhuma;
-        for (const size_t linha : porData()) {
-            antes[linha] = anterior;
-            if (anterior != nenhuma) {
-                depois[anterior] = linha;
-            }
-            falhas += quebra(linha, anterior) ? 1 : 0;
-            anterior = linha;
-        }
-        std::pair melhores(n, n);
-        size_t menos = falhas;
+        const auto quebraEntre = [this](size_t linha, size_t anterior) { return quebra(linha, anterior); };
+        FilaPorData fila(porData(), quebraEntre);
+        std::pair melhores(linhas_.size(), linhas_.size());
+        size_t menos = fila.falhas();
         size_t porCodigo = 0;
-        for (size_t quantas = n; quantas-- > 0;) {
-            const size_t a = antes[quantas];
-            const size_t d = depois[quantas];
-            falhas -= quebra(quantas, a) ? 1 : 0;
-            if (d != nenhuma) {
-                falhas -= quebra(d, quantas) ? 1 : 0;
-                falhas += quebra(d, a) ? 1 : 0;
-                antes[d] = a;
-            }
-            if (a != nenhuma) {
-                depois[a] = d;
-            }
+        for (size_t quantas = linhas_.size(); quantas-- > 0;) {
+            fila.retira(quantas);
             porCodigo += quebra(quantas, quantas == 0 ? nenhuma : quantas - 1) ? 1 : 0;
-            if (falhas + porCodigo < menos) {
-                menos = falhas + porCodigo;
+            const size_t falhas = fila.falhas() + porCodigo;
+            if (falhas < menos) {
+                menos = falhas;
                 melhores = {quantas, quantas};
-            } else if (falhas + porCodigo == menos) {
+            } else if (falhas == menos) {
                 melhores.first = quantas;
             }
         }
