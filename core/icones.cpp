@@ -47,6 +47,7 @@ constexpr std::array icones{
     Icone{u"btnCancelar", u"edit-clear"},
     Icone{u"btnExcluir", u"edit-delete"},
     Icone{u"btnFechar", u"dialog-ok-apply"},
+    Icone{u"btnGravar", u"dialog-ok-apply"},
     Icone{u"btnIncluir", u"dialog-ok-apply"},
     Icone{u"btnLimpa", u"edit-clear-all"},
     Icone{u"btnLimpar", u"edit-clear"},

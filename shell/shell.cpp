@@ -7,6 +7,8 @@
 #include "platform/ui/application.h"
 #include "platform/ui/controls.h"
 #include "platform/ui/help.h"
+#include "shell/frmConfigLogo.h"
+#include "shell/frmConfigOrcamento.h"
 #include "shell/frmInfo.h"
 #include "shell/frmInfoAviso.h"
 #include "shell/frmMDI.h"
@@ -26,6 +28,8 @@ namespace shell
 
 void registerForms()
 {
+    core::RegistraJanela(u"frmConfigLogo"_s, [] { return new frmConfigLogo; });
+    core::RegistraJanela(u"frmConfigOrcamento"_s, [] { return new frmConfigOrcamento; });
     core::RegistraJanela(u"frmInfo"_s, [] { return new frmInfo; });
     core::RegistraJanela(u"frmInfoAviso"_s, [] { return new frmInfoAviso; });
     core::RegistraJanela(u"frmManual"_s, [] { return new frmManual; });

@@ -60,19 +60,6 @@ QString captionOf(QMessageBox::StandardButton button)
     }
 }
 
-/// Runs a dialog above the active window and gives the activity back to that window afterwards. A box that tells of
-/// what was written comes after that is in the file.
-int run(const QPointer<QDialog> &dialog)
-{
-    const UnitPause pause;
-    const QPointer<QWidget> caller = dialog->parentWidget();
-    FocusTracker::instance().noteModal();
-    dialog->setWindowModality(Qt::ApplicationModal);
-    const int answer = dialog->exec();
-    backTo(caller);
-    return answer;
-}
-
 void addButtons(QMessageBox &box, QMessageBox::StandardButtons buttons)
 {
     for (const auto button : {QMessageBox::Ok, QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel}) {
@@ -98,7 +85,7 @@ QMessageBox::StandardButton show(const QString &text, Icon icon, const QString &
     addButtons(*box, accept | refuse);
     box->setDefaultButton(accept);
     box->setEscapeButton(refuse);
-    const auto answer = run(box.data());
+    const auto answer = runDialog(box.data());
     delete box;
     return QMessageBox::StandardButton(answer);
 }
@@ -120,6 +107,17 @@ QInputDialog *newInputDialog(const QString &prompt, const QString &caption, cons
 }
 
 } // namespace
+
+int runDialog(const QPointer<QDialog> &dialog)
+{
+    const UnitPause pause;
+    const QPointer<QWidget> caller = dialog->parentWidget();
+    FocusTracker::instance().noteModal();
+    dialog->setWindowModality(Qt::ApplicationModal);
+    const int answer = dialog->exec();
+    backTo(caller);
+    return answer;
+}
 
 void setBoxTitle(const QString &text)
 {
@@ -160,7 +158,7 @@ bool ConfirmOk(const QString &text, Icon icon, const QString &caption)
 QString InputBox(const QString &prompt, const QString &caption, const QString &defaultText)
 {
     const QPointer<QInputDialog> dialog = newInputDialog(prompt, caption, defaultText);
-    const bool accepted = run(dialog.data()) == QDialog::Accepted;
+    const bool accepted = runDialog(dialog.data()) == QDialog::Accepted;
     auto answer = accepted && dialog ? dialog->textValue() : QString();
     delete dialog;
     checkEnded();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMessageBox>
+#include <QPointer>
 
 class QInputDialog;
 
@@ -18,6 +19,10 @@ public:
 protected:
     void showEvent(QShowEvent *event) override;
 };
+
+/// Runs a dialog above the active window and gives the activity back to that window afterwards. A box that tells of
+/// what was written comes after that is in the file. The caller checks for the program's end once the dialog is gone.
+int runDialog(const QPointer<QDialog> &dialog);
 
 /// Sets what stands behind the tabs of the box's text in one column, a long value below itself. The text stays as it
 /// is.
