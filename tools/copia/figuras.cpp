@@ -158,7 +158,7 @@ QString guarda(const Figuras &figuras, const QString &pasta)
     if (figuras.isEmpty()) {
         return {};
     }
-    const QString guardado = copiaNova(pasta, especie);
+    QString guardado = copiaNova(pasta, especie);
     if (!fazCopia(figuras, guardado)) {
         throw Erro(u"Não foi possível guardar as figuras atuais em:\n%1\n\nNenhuma figura foi mudada."_s.arg(
             mostrado(guardado)));
