@@ -277,7 +277,7 @@ int Recorder::opened(const QString &path, bool made)
     } else if (!names_.contains(name)) {
         names_[name] = files_++;
         QFile file(path);
-        before_[name] = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        before_[name] = {.file = names_[name], .bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray()};
     }
     return names_[name];
 }
@@ -289,12 +289,11 @@ void Recorder::removed(const QString &path, bool folder)
     add({.kind = Kind::Remove, .name = name, .folder = folder});
 }
 
-Disk::Disk(const std::map<QString, QByteArray> &before)
+Disk::Disk(const std::map<QString, Standing> &before)
 {
-    int file = 0;
-    for (const auto &[name, bytes] : before) {
-        names_[name] = file;
-        files_[file++].bytes = bytes;
+    for (const auto &[name, standing] : before) {
+        names_[name] = standing.file;
+        files_[standing.file].bytes = standing.bytes;
     }
 }
 

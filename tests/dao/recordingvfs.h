@@ -25,6 +25,12 @@ struct Operation {
     bool folder = false; ///< of Sync and Remove: the names of the folder are on the disk too
 };
 
+/// A file that stood on the disk when it was opened first.
+struct Standing {
+    int file = 0;
+    QByteArray bytes{};
+};
+
 /// Records, while it lives, what the engine does with every file that is opened. Files that stood there before count as
 /// being on the disk.
 class Recorder
@@ -37,8 +43,8 @@ public:
 
     const std::vector<Operation> &operations() const { return operations_; }
 
-    /// What stood on the disk when a file was opened first: its name and its bytes.
-    const std::map<QString, QByteArray> &before() const { return before_; }
+    /// What stood on the disk, by name.
+    const std::map<QString, Standing> &before() const { return before_; }
 
     int opened(const QString &name, bool made);
     void add(const Operation &operation) { operations_.push_back(operation); }
@@ -46,7 +52,7 @@ public:
 
 private:
     std::vector<Operation> operations_;
-    std::map<QString, QByteArray> before_;
+    std::map<QString, Standing> before_;
     QHash<QString, int> names_;
     int files_ = 0;
 };
@@ -56,7 +62,7 @@ private:
 class Disk
 {
 public:
-    explicit Disk(const std::map<QString, QByteArray> &before);
+    explicit Disk(const std::map<QString, Standing> &before);
 
     void apply(const Operation &operation);
 
