@@ -181,6 +181,9 @@ void Walk::lookAtBox(QDialog &box)
             fault(u"over %1: %2"_s.arg(error.window, message->text()));
         }
     }
+    if (message != nullptr && message->text() == u"Insira o disco com o backup do banco de dados no drive A:"_s) {
+        end_ = u"left to restore the database"_s;
+    }
     if (below(2) == 0) {
         hand_.stop();
     }

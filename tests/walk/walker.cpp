@@ -16,6 +16,8 @@
 #include "tools/amostra/amostra.h"
 #include "workorders/workorders.h"
 
+#include <QFile>
+
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
@@ -43,6 +45,17 @@ void fill(support::Program &program)
     walk::setPlates(plates);
 }
 
+/// Batch files that do nothing: what they do to the files is no affair of the windows.
+void layBatchFiles(const support::Program &program)
+{
+    for (const QString &name : {u"BACKUPDA.BAT"_s, u"BACKUPFI.BAT"_s, u"RESTORDA.BAT"_s, u"RESTORFI.BAT"_s}) {
+        QFile file(program.path(name));
+        if (!file.open(QIODevice::WriteOnly)) {
+            qFatal("%s can't be written", qPrintable(name));
+        }
+    }
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -65,6 +78,7 @@ int main(int argc, char **argv)
     support::Program program;
     configure(program, arguments.at(1).toUInt());
     fill(program);
+    layBatchFiles(program);
     core::DBDados->Close();
     shell::liga();
     walk::Walk walk(arguments.at(1).toUInt(), arguments.at(2).toInt());
