@@ -27,7 +27,7 @@ constexpr std::array colunasDasContas{
     core::ColunaLista{.titulo = u"Vencimento", .largura = 1300},
 };
 constexpr std::array colunasDosClientes{
-    core::ColunaLista{.titulo = u"Nome Cliente", .largura = 2600},
+    core::ColunaLista{.titulo = u"Nome Cliente", .largura = 2200},
     core::ColunaLista{.titulo = u"Saldo Devedor", .largura = 1500, .alinhamento = Qt::AlignRight},
     core::ColunaLista{.titulo = u"Data Últ. Registro", .largura = 1700},
 };
