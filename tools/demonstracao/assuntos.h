@@ -20,6 +20,7 @@ Assunto estoque();                         ///< the stock ledger
 Assunto financas();                        ///< books, accounts, cheques and pending orders that the orders left
 Assunto orcamentos();                      ///< estimates, an order made of one, an order altered, a note
 Assunto entradas();                        ///< a supplier's note, the balance, the origin book
+Assunto instalacao();                      ///< settings, what falls due, a backup and its restore
 Assunto reabertura();                      ///< the program ended and started again
 Assunto oficina(const QString &folder);    ///< a workshop of 300 customers
 Assunto relatorios(const QString &folder); ///< every report of that workshop, on paper and previewed

@@ -99,6 +99,7 @@ bool workAll(const QString &installation, const QString &workshop)
     subjects.push_back(demonstracao::financas());
     subjects.push_back(demonstracao::orcamentos());
     subjects.push_back(demonstracao::entradas());
+    subjects.push_back(demonstracao::instalacao());
     subjects.push_back(demonstracao::reabertura());
     subjects.push_back(demonstracao::oficina(workshop));
     subjects.push_back(demonstracao::relatorios(workshop));

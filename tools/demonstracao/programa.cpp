@@ -2,6 +2,7 @@
 
 #include "core/modulo.h"
 #include "platform/ui/form.h"
+#include "platform/ui/forms.h"
 #include "shell/shell.h"
 #include "support/modal.h"
 #include "support/program.h"
@@ -51,6 +52,11 @@ void install(const QString &folder)
         copy(shipped.filePath(file), program.filePath(u"DADOS/"_s + file));
     }
     copy(shipped.filePath(u"CEP.MDB"_s), program.filePath(u"CEP.MDB"_s));
+    for (const auto &script : shipped.entryList({u"*.BAT"_s})) {
+        copy(shipped.filePath(script), program.filePath(script));
+    }
+    const QString copier = program.filePath(u"tarvelo-copia"_s);
+    QVERIFY(QFile::exists(copier) || QFile::link(QStringLiteral(COPIA), copier));
     useFolder(folder);
 }
 
@@ -64,7 +70,7 @@ void setScreen(QSize size)
     screen() = size;
 }
 
-void start(const Operador &who, const std::function<void()> &before)
+void start(const Operador &who, const std::function<void()> &before, Avisos avisos)
 {
     support::whenShown(u"frmSenha"_s, [&] {
         if (before) {
@@ -77,6 +83,9 @@ void start(const Operador &who, const std::function<void()> &before)
     support::failNotShown();
     mainWindow()->resize(screen());
     QVERIFY(QTest::qWaitForWindowActive(mainWindow()));
+    if (auto *notices = ui::Forms::instance().find(u"frmInfoAviso"_s); notices && avisos == Avisos::Fecham) {
+        notices->Unload();
+    }
 }
 
 void stop()

@@ -24,9 +24,12 @@ struct Operador {
     QString password;
 };
 
+/// What becomes of the notices that a start may open.
+enum class Avisos { Fecham, Ficam };
+
 /// Starts the program and logs in; the main window then has the size of the screen told above. `before` runs in front
 /// of the login, with its window open.
-void start(const Operador &who, const std::function<void()> &before = {});
+void start(const Operador &who, const std::function<void()> &before = {}, Avisos avisos = Avisos::Fecham);
 
 void stop();
 

@@ -83,6 +83,9 @@ private slots:
     void balanco();
     void relatorios();
     void preVisualizacao();
+    void avisos();
+    void configuracoes();
+    void manual();
     void sobre();
     void operadores();
 
@@ -566,6 +569,33 @@ void Telas::preVisualizacao()
     picture(u"frmRelaPreVisualiza"_s);
     close(form(u"frmRelaPreVisualiza"_s));
     close(query);
+}
+
+void Telas::avisos()
+{
+    auto *window = choose(u"itmRelaVencimentosContas"_s, u"frmInfoAviso"_s);
+    picture(u"frmInfoAviso"_s);
+    close(window);
+}
+
+void Telas::configuracoes()
+{
+    for (const auto &[item, name] : {std::pair(u"itmConfigOrcamento"_s, u"frmConfigOrcamento"_s),
+                                     std::pair(u"itmConfigLogo"_s, u"frmConfigLogo"_s)}) {
+        auto *window = choose(item, name);
+        picture(name);
+        window->Unload();
+    }
+}
+
+void Telas::manual()
+{
+    auto *window = choose(u"itmMoviCaixa"_s, u"frmMoviCaixa"_s);
+    support::key(window, u"Lista"_s, Qt::Key_F1);
+    QTRY_VERIFY(cadastro::isOpen(u"frmManual"_s));
+    picture(u"frmManual"_s);
+    close(form(u"frmManual"_s));
+    close(window);
 }
 
 void Telas::sobre()
