@@ -57,8 +57,9 @@ void TestCopia::aCopyIsMadeAndTold()
     QCOMPARE(ended.errors, QString());
     QCOMPARE(names(workshop_->copies()).size(), 1);
     const QString made = workshop_->madeCopies().value(0);
-    const QRegularExpression told(u"^A cópia do banco de dados foi feita e conferida \\(\\d+,\\d MB\\):\n%1\n$"_s.arg(
-        QRegularExpression::escape(made)));
+    const QRegularExpression told(
+        u"^A cópia do banco de dados foi feita e conferida \\(\\d+,\\d [kM]B\\):\n%1\n$"_s.arg(
+            QRegularExpression::escape(made)));
     QVERIFY2(told.match(ended.output).hasMatch(), qPrintable(ended.output));
     const auto moment = QDateTime::fromString(QFileInfo(made).fileName(), u"'DADOS-'yyyy-MM-dd-HHmmss'.MDB'"_s);
     QVERIFY(moment >= before && moment <= QDateTime::currentDateTime());

@@ -140,7 +140,7 @@ void TestLotes::aCopyAndItsRestoring()
     QCOMPARE(workshop_->rows(), 3000);
     QCOMPARE(notes().size(), 2);
     const QRegularExpression line(
-        u"^\\d\\d/\\d\\d/\\d{4} \\d\\d:\\d\\d:\\d\\d A cópia do banco de dados foi feita e conferida \\(.* MB\\): .*MDB$"_s);
+        u"^\\d\\d/\\d\\d/\\d{4} \\d\\d:\\d\\d:\\d\\d A cópia do banco de dados foi feita e conferida \\(.* [kM]B\\): .*MDB$"_s);
     QVERIFY2(line.match(notes()[0]).hasMatch(), qPrintable(notes()[0]));
     QVERIFY2(notes()[1].contains(u"O banco de dados foi restaurado da cópia de "), qPrintable(notes()[1]));
     QVERIFY2(notes()[1].endsWith(u"Abra o Tarvelo de novo."), qPrintable(notes()[1]));

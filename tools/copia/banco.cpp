@@ -15,8 +15,6 @@
 #include <QLocale>
 #include <QThread>
 
-#include <functional>
-
 using namespace Qt::StringLiterals;
 
 namespace copias
@@ -37,8 +35,8 @@ constexpr std::chrono::seconds esperaPorOutros{30};
 
 QString tamanhoDe(const QString &arquivo)
 {
-    const double megabytes = static_cast<double>(QFileInfo(arquivo).size()) / (1024.0 * 1024.0);
-    return QLocale(QLocale::Portuguese, QLocale::Brazil).toString(megabytes, 'f', 1) + u" MB"_s;
+    const QLocale brasil(QLocale::Portuguese, QLocale::Brazil);
+    return brasil.formattedDataSize(QFileInfo(arquivo).size(), 1, QLocale::DataSizeTraditionalFormat);
 }
 
 /// What a failure of the database means to who wanted the copy; `nada` says that nothing was changed.
