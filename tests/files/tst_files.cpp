@@ -20,6 +20,7 @@ private slots:
     void cleanup() { folder_.reset(); }
 
     void onlyFilesAreOrdinary();
+    void aMarkedFileIsReadOnly();
 #ifdef Q_OS_UNIX
     void pipesAndDevicesAreNotOrdinary();
     void whatIsCreatedIsForUserAndGroup_data();
@@ -63,6 +64,15 @@ void tst_files::onlyFilesAreOrdinary()
     QVERIFY(!files::isOrdinary(QString()));
     QVERIFY(QFile::link(path(u"a.txt"_s), path(u"c.lnk"_s)));
     QVERIFY(files::isOrdinary(path(u"c.lnk"_s)));
+}
+
+void tst_files::aMarkedFileIsReadOnly()
+{
+    make(u"a.txt"_s);
+    QVERIFY(!files::isReadOnly(path(u"a.txt"_s)));
+    QVERIFY(QFile::setPermissions(path(u"a.txt"_s), QFile::ReadOwner | QFile::ReadGroup));
+    QVERIFY(files::isReadOnly(path(u"a.txt"_s)));
+    QVERIFY(!files::isReadOnly(path(u"ausente.txt"_s))); // it can be made
 }
 
 #ifdef Q_OS_UNIX

@@ -46,6 +46,7 @@ private slots:
     void lettersOfTheCodePage();
     void otherBytesStay();
     void readOnlyFileIsLeftAlone();
+    void severalKeysAreWrittenInOneGo();
     void folderThatIsNotThere();
     void folderInPlaceOfTheFile();
 #ifdef Q_OS_UNIX
@@ -223,6 +224,18 @@ void tst_profile::readOnlyFileIsLeftAlone()
     QVERIFY(QFile::setPermissions(path(), QFile::ReadOwner));
     QVERIFY(!writeProfile(u"s"_s, u"k"_s, u"2"_s, path()));
     QCOMPARE(stored(), QByteArray("[s]\r\nk=1\r\n"));
+}
+
+void tst_profile::severalKeysAreWrittenInOneGo()
+{
+    QVERIFY(writeProfile(u"s"_s, u"b"_s, u"1"_s, path()));
+    QVERIFY(ini::writeProfileKeys(u"S"_s, {{u"a"_s, u"2"_s}, {u"B"_s, u"3"_s}, {u"a"_s, u"4"_s}}, path()));
+    QCOMPARE(stored(), QByteArray("[s]\r\nb=3\r\na=4\r\n"));
+    QVERIFY(ini::writeProfileKeys(u"t"_s, {}, path()));
+    QCOMPARE(stored(), QByteArray("[s]\r\nb=3\r\na=4\r\n"));
+    QVERIFY(QFile::setPermissions(path(), QFile::ReadOwner));
+    QVERIFY(!ini::writeProfileKeys(u"s"_s, {{u"a"_s, u"5"_s}}, path()));
+    QCOMPARE(stored(), QByteArray("[s]\r\nb=3\r\na=4\r\n"));
 }
 
 void tst_profile::folderThatIsNotThere()

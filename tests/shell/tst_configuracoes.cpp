@@ -119,6 +119,8 @@ private slots:
     void theReminderChangesNothingWithoutDays();
     void theReminderIsSwitchedOffAlone();
     void writesToAReadOnlyFileAreLostInSilence();
+    void aMissingFileIsMadeAnew();
+    void aValueThatIsNotScrambledIsAskedAbout();
     void noSettingSetsTheMode();
 
 private:
@@ -476,6 +478,29 @@ void TstConfiguracoes::writesToAReadOnlyFileAreLostInSilence()
     ask(u"itmConfigAvisaBackup"_s);
     QCOMPARE(file(), before);
     QVERIFY(QFile::setPermissions(program_->path(u"config.ini"_s), QFile::ReadOwner | QFile::WriteOwner));
+}
+
+/// Nothing is offered, and what is answered is the file's first key.
+void TstConfiguracoes::aMissingFileIsMadeAnew()
+{
+    QVERIFY(QFile::remove(program_->path(u"config.ini"_s)));
+    boxes_->inputKeep(u"Digite o Telefone da Empresa"_s, {});
+    ask(u"itmConfigTelefone"_s);
+    QVERIFY(!QFile::exists(program_->path(u"config.ini"_s)));
+    boxes_->input(u"Digite o Telefone da Empresa"_s, u"3232-1010"_s).information(done);
+    ask(u"itmConfigTelefone"_s);
+    QCOMPARE(file(), QByteArray("[Config]\r\nTelefone=" + scrambled(u"3232-1010"_s) + "\r\n"));
+}
+
+void TstConfiguracoes::aValueThatIsNotScrambledIsAskedAbout()
+{
+    core::GravaINI(u"Config"_s, u"Telefone"_s, u"$$$$"_s, false);
+    boxes_->title({})
+        .okCancel(u"Illegal Characters <$$$$> found"_s, QMessageBox::Warning, true)
+        .inputKeep(u"Digite o Telefone da Empresa"_s, u"<<<"_s)
+        .information(done);
+    ask(u"itmConfigTelefone"_s);
+    isStored(u"Telefone"_s, u"<<<"_s);
 }
 
 void TstConfiguracoes::noSettingSetsTheMode()

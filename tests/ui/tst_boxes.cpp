@@ -1,7 +1,9 @@
 #include "platform/ui/boxes.h"
+#include "platform/ui/filebox.h"
 #include "support/boxes.h"
 #include "support/testmain.h"
 
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -10,6 +12,7 @@
 #include <QScreen>
 #include <QSet>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>
@@ -99,6 +102,10 @@ private slots:
     void boxComesUpBesideAValueThatMustStayVisible();
     void boxIsModalAboveTheActiveWindow();
     void boxSurvivesAParentThatGoes();
+    void fileBoxGivesThePath();
+    void fileBoxChangesNothingOnTheDisk();
+    void fileBoxLeftByEscIsEmpty();
+    void fileBoxSurvivesAParentThatGoes();
 
     void unexpectedBoxFailsTheTest();
     void boxThatDiffersFailsTheTest_data();
@@ -364,6 +371,49 @@ void tst_boxes::boxSurvivesAParentThatGoes()
     QVERIFY(QTest::qWaitForWindowActive(window));
     whenBox([&](QWidget *) { delete window; });
     QVERIFY(!ui::Confirm(u"x"_s));
+}
+
+void tst_boxes::fileBoxGivesThePath()
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(u"LOGO.BMP"_s));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QStringList seen;
+    whenBox([&](QWidget *box) {
+        seen = {box->windowTitle(), qobject_cast<QFileDialog *>(box)->nameFilters().join(u'|')};
+        auto *line = box->findChild<QLineEdit *>(u"fileNameEdit"_s);
+        line->setText(file.fileName());
+        QTest::keyClick(line, Qt::Key_Return);
+    });
+    QCOMPARE(ui::OpenFileBox(u"Escolha"_s, u"Figuras (*.bmp)"_s), file.fileName());
+    QCOMPARE(seen, (QStringList{u"Escolha"_s, u"Figuras (*.bmp)"_s}));
+}
+
+void tst_boxes::fileBoxChangesNothingOnTheDisk()
+{
+    bool readOnly = false;
+    whenBox([&](QWidget *box) {
+        readOnly = qobject_cast<QFileDialog *>(box)->testOption(QFileDialog::ReadOnly);
+        QTest::keyClick(box, Qt::Key_Escape);
+    });
+    ui::OpenFileBox(u"Escolha"_s, u"Figuras (*.bmp)"_s);
+    QVERIFY(readOnly);
+}
+
+void tst_boxes::fileBoxLeftByEscIsEmpty()
+{
+    whenBox([](QWidget *box) { QTest::keyClick(box, Qt::Key_Escape); });
+    QCOMPARE(ui::OpenFileBox(u"Escolha"_s, u"Figuras (*.bmp)"_s), QString());
+}
+
+void tst_boxes::fileBoxSurvivesAParentThatGoes()
+{
+    auto *window = new QWidget;
+    window->show();
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window));
+    whenBox([window](QWidget *) { delete window; });
+    QCOMPARE(ui::OpenFileBox(u"Escolha"_s, u"Figuras (*.bmp)"_s), QString());
 }
 
 void tst_boxes::unexpectedBoxFailsTheTest()
