@@ -56,6 +56,8 @@ constexpr std::array uses{
     Use{"frmSenha", 0, "1", false},
     Use{"frmSenhaManut", 0, "1", false},
     Use{"frmInfo", 0, "1", false},
+    Use{"frmConfigOrcamento"},
+    Use{"frmConfigLogo"},
     Use{"frmOSFormaPagto", 0, "1", false},
     Use{"frmMoviContasPRBaixa", 0, "1", false},
     Use{"frmMoviContasPR"},

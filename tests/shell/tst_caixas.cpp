@@ -236,6 +236,8 @@ constexpr std::array rows{
     Row{u"frmSenhaManut", u"txtConfirma"},
 
     Row{u"frmManual", u"txtLocalizar"},
+    Row{u"frmConfigOrcamento", u"txtLinha1"}, // no column: a setting gives back 48 characters
+    Row{u"frmConfigOrcamento", u"txtLinha2"},
 };
 
 QString nameOf(const Row &row)

@@ -261,8 +261,7 @@ private slots:
     {
         shell::principal().MDIForm_Load();
         QVERIFY(!ui::Forms::instance().exists(u"frmCadaCliente"_s));
-        for (const auto &item : {u"itmCadaClie"_s, u"itmConfigNome"_s, u"itmConfigLogo"_s, u"itmBackUltimo"_s,
-                                 u"itmMoviOrigem"_s, u"Toolbar1_1"_s}) {
+        for (const auto &item : {u"itmCadaClie"_s, u"itmBackUltimo"_s, u"itmMoviOrigem"_s, u"Toolbar1_1"_s}) {
             QVERIFY2(!action(item)->isEnabled(), qPrintable(item));
         }
         QVERIFY(action(u"itmConfigSenha"_s)->isEnabled());

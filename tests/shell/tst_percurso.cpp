@@ -46,6 +46,8 @@ constexpr State states[] = {
     {"about", "frmInfo"},
     {"notices", "frmInfoAviso"},
     {"manual", "frmManual"},
+    {"settings of estimates", "frmConfigOrcamento"},
+    {"logo", "frmConfigLogo"},
     {"customers", "frmCadaCliente"},
     {"customers as picker", "frmCadaCliente", 1},
     {"suppliers", "frmCadaFornecedor"},

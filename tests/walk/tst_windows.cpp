@@ -8,6 +8,7 @@
 #include "platform/ui/form.h"
 #include "registers/registers.h"
 #include "reports/reports.h"
+#include "shell/configuracoes.h"
 #include "shell/frmMDI.h"
 #include "shell/shell.h"
 #include "stock/stock.h"
@@ -75,6 +76,8 @@ constexpr auto commands = std::to_array<Command>({
     {u"itmOSOrcaConsulta", u"frmOSOrcaConsulta", u"btnVoltar"},
     {u"itmOSOrcaAltera", u"frmOSOrcaAltera", u"btnVoltar"},
     {u"itmOSFecha", u"frmOSConsulta", u"btnVoltar"},
+    {u"itmConfigLogo", u"frmConfigLogo", u"btnVoltar"},
+    {u"itmConfigOrcamento", u"frmConfigOrcamento", u"btnCancelar"},
     {u"itmInfoSobre", u"frmInfo", u"cmdOK"},
 });
 
@@ -222,7 +225,8 @@ void TstWindows::everyCommandIsWalked()
     }
     QSet<QString> available;
     for (const auto *item : shell::principal().findChildren<QAction *>()) {
-        if (item->isEnabled() && item->objectName().startsWith(u"itm"_s)) {
+        const bool asks = shell::ajusteDe(item->objectName()) != nullptr; // a box, and no window of its own
+        if (item->isEnabled() && item->objectName().startsWith(u"itm"_s) && !asks) {
             available << item->objectName();
         }
     }
