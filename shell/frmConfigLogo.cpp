@@ -41,6 +41,7 @@ bool gravaFigura(const QImage &figura, const QString &arquivo)
 {
     QBuffer bytes;
     const QString lugar = core::caminho(arquivo);
+    files::clearLeftovers(lugar); // of a write that was killed
     return figura.save(&bytes, "BMP") && !files::isReadOnly(lugar) && files::replaceFile(lugar, bytes.data());
 }
 

@@ -9,6 +9,10 @@
 #include "support/modal.h"
 
 #include <QComboBox>
+#include <QImage>
+
+#include <algorithm>
+#include <variant>
 
 using namespace Qt::StringLiterals;
 
@@ -39,6 +43,7 @@ private slots:
 
     void anAddressOf60CharactersPrintsCutTo48_data();
     void anAddressOf60CharactersPrintsCutTo48();
+    void theSavedLogoIsPrinted();
     void completionStaysOffInACombo();
     void theNextStartBringsCompletionBack();
     void aRateOf150IsReadAsFifteenPerCent();
@@ -100,6 +105,29 @@ void TstConfiguracoesUsos::anAddressOf60CharactersPrintsCutTo48()
     QVERIFY2(!paper.contains(cut + u'X'), qPrintable(paper));
     boxes_->inputKeep(u"Digite o Endereço da Empresa"_s, cut).information(done); // and so it is offered
     ask(u"itmConfigEndereco"_s);
+}
+
+void TstConfiguracoesUsos::theSavedLogoIsPrinted()
+{
+    QImage made(1200, 350, QImage::Format_RGB32);
+    made.fill(Qt::blue);
+    QVERIFY(made.save(program_->path(u"DADOS/logo.bmp"_s)));
+    ask(u"itmConfigLogo"_s);
+    boxes_->information(u"Gravação efetuada com sucesso!"_s);
+    support::click(ui::Forms::instance().find(u"frmConfigLogo"_s), u"Command6"_s);
+    boxes_->finish();
+    program_->config(u"LayoutOS"_s, u"2"_s);
+
+    printAnEstimate();
+
+    const auto &marks = printer::printer().lastDocument().front().marks();
+    const auto found = std::ranges::find_if(
+        marks, [](const printer::Mark &mark) { return std::holds_alternative<printer::PictureMark>(mark); });
+    QVERIFY(found != marks.end());
+    const auto &logo = std::get<printer::PictureMark>(*found);
+    QCOMPARE(logo.size, QSizeF(12, 3.5) * printer::twipsPerCentimetre);
+    QVERIFY(logo.picture.size() != made.size()); // the one that was saved, in its size
+    QCOMPARE(logo.picture.pixelColor(5, 5), QColor(Qt::blue));
 }
 
 /// What a combo makes of a "G" that is typed.

@@ -117,6 +117,7 @@ private slots:
     void aPictureOfAnySizeIsScaled_data();
     void aPictureOfAnySizeIsScaled();
     void transparencyIsWhite();
+    void whatAKilledWriteLeftIsCleared();
     void tellsOfAFailedWrite_data();
     void tellsOfAFailedWrite();
     void leaves_data();
@@ -333,6 +334,19 @@ void TstFrmConfigLogo::transparencyIsWhite()
     open();
     load(put(u"nova.bmp"_s, made, "PNG")); // a bitmap by its name
     QCOMPARE(colourOf(u"Picture1"_s), QColor(Qt::white));
+}
+
+void TstFrmConfigLogo::whatAKilledWriteLeftIsCleared()
+{
+    put(u"DADOS/logo.bmp"_s, picture(Qt::red));
+    QFile left(program_->path(u"DADOS/logo.bmp.gravando-0123abcd"_s));
+    QVERIFY(left.open(QIODevice::WriteOnly));
+    left.close();
+    open();
+    boxes_->information(saved);
+    support::click(form(), u"Command6"_s);
+    boxes_->finish();
+    QCOMPARE(QDir(program_->path(u"DADOS"_s)).entryList({u"logo*"_s}), QStringList{u"logo.bmp"_s});
 }
 
 void TstFrmConfigLogo::tellsOfAFailedWrite_data()
