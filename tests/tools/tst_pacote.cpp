@@ -124,7 +124,7 @@ void TestPacote::itsControlFileTellsWhatItIs_data()
     QTest::newRow("Section") << u"misc"_s;
     QTest::newRow("Priority") << u"optional"_s;
     QTest::newRow("Maintainer") << u"Tarvelo maintainers <\\S+@\\S+>"_s;
-    QTest::newRow("Recommends") << u"qt6-wayland, xdg-utils, zenity \\| kdialog \\| x11-utils"_s;
+    QTest::newRow("Recommends") << u"qt6-wayland, xdg-utils, xdg-user-dirs, zenity \\| kdialog \\| x11-utils"_s;
     QTest::newRow("Homepage") << QString();
 }
 
