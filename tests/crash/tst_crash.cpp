@@ -457,9 +457,12 @@ void tst_crash::everyFinishedOperationSurvivesAKill()
     for (std::size_t row = 1; row < rows.size(); ++row) {
         QVERIFY2(rows[row - 1] != rows[row], "a number was given twice");
     }
+    const auto audit = confere::Confere(core::caminho(core::ArquivoDB));
+    QVERIFY2(audit.achados(confere::Nivel::Erro) == 0, qPrintable(confere::Texto(audit, true)));
 }
 
 } // namespace
 
 TARVELO_TEST_MAIN(tst_crash)
+#include "tools/confere/relatorio.h"
 #include "tst_crash.moc"
