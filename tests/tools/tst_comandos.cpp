@@ -17,8 +17,8 @@ struct Result {
 
 } // namespace
 
-/// run.sh, test.sh and lint.sh in a scratch tree, where everything that they call is a stand-in that tells its name:
-/// cmake, apt-get, clang-tidy, the program, the demonstration. What looks for the display is the real one.
+/// run.sh, test.sh, lint.sh and package.sh in a scratch tree, where everything that they call is a stand-in that tells
+/// its name: cmake, apt-get, clang-tidy, the program, the demonstration. What looks for the display is the real one.
 class TestComandos : public QObject
 {
     Q_OBJECT
@@ -34,6 +34,8 @@ private slots:
     void missingPackagesAreNamedBeforeTheyAreInstalled();
     void missingPackagesAreNamedWhereTheyCanNotBeInstalled();
     void everyPackageStandsInTheReadme();
+    void packageIsPackedByTheDateOfItsChanges();
+    void packageThatCanNotBePackedIsTold();
     void lintLooksAtTheWholeProduct();
     void lintLooksAtWhatHasChanged_data();
     void lintLooksAtWhatHasChanged();
@@ -66,13 +68,17 @@ void TestComandos::init()
 {
     folder_ = std::make_unique<QTemporaryDir>();
     QVERIFY(QDir(folder_->path()).mkpath(u"tools"_s));
-    for (const QString &name : {u"run.sh"_s, u"test.sh"_s, u"lint.sh"_s, u"tools/pacotes.sh"_s}) {
+    for (const QString &name : {u"run.sh"_s, u"test.sh"_s, u"lint.sh"_s, u"package.sh"_s, u"tools/pacotes.sh"_s}) {
         QVERIFY(QFile::copy(QStringLiteral(SOURCES) + u'/' + name, path(name)));
     }
     script(u"bin/cmake"_s, u"exit 0"_s);
     script(u"bin/ctest"_s, u"echo ctest"_s);
     script(u"bin/dpkg-query"_s, u"echo installed"_s);
     script(u"bin/apt-get"_s, u"echo apt-get \"$@\""_s);
+    script(u"bin/dpkg-parsechangelog"_s, u"echo 1700000000"_s);
+    script(u"bin/cpack"_s,
+           u"echo cpack $SOURCE_DATE_EPOCH \"$@\"; umask; mkdir -p build/pacote; >build/pacote/tarvelo_1.deb"_s);
+    script(u"bin/dpkg-deb"_s, u"echo dpkg-deb \"$@\""_s);
     script(u"bin/id"_s, u"echo 0"_s);
     script(u"build/release/build.ninja"_s, {});
     script(u"build/release/app/tarvelo"_s, {});
@@ -161,6 +167,8 @@ void TestComandos::missingPackagesAreNamedBeforeTheyAreInstalled_data()
                              << QStringList{ninja, poppler};
     QTest::newRow("run.sh does not want those of the tests")
         << u"run.sh"_s << QStringList{u"ninja-build"_s, u"poppler-utils"_s} << QStringList{ninja};
+    QTest::newRow("package.sh") << u"package.sh"_s << QStringList{u"ninja-build"_s, u"dpkg-dev"_s}
+                                << QStringList{ninja, u"  dpkg-dev               the package and what it depends on"_s};
 }
 
 void TestComandos::missingPackagesAreNamedBeforeTheyAreInstalled()
@@ -220,6 +228,24 @@ void TestComandos::everyPackageStandsInTheReadme()
     for (const QString &package : packages) {
         QVERIFY2(text.contains(u'`' + package + u'`'), qPrintable(package));
     }
+}
+
+/// What an earlier run left is no part of it.
+void TestComandos::packageIsPackedByTheDateOfItsChanges()
+{
+    script(u"build/pacote/tarvelo_0.deb"_s, {});
+    const Result result = run(u"package.sh"_s, variables());
+    QCOMPARE(result.lines, (QStringList{u"cpack 1700000000 --config build/release/CPackConfig.cmake -B build/pacote"_s,
+                                        u"0022"_s, u"dpkg-deb --info build/pacote/tarvelo_1.deb"_s}));
+    QCOMPARE(result.code, 0);
+}
+
+void TestComandos::packageThatCanNotBePackedIsTold()
+{
+    script(u"bin/cpack"_s, u"echo no; exit 1"_s);
+    const Result result = run(u"package.sh"_s, variables());
+    QCOMPARE(result.lines, QStringList{u"no"_s});
+    QCOMPARE(result.code, 1);
 }
 
 /// A product of one folder, with its tests.
