@@ -171,16 +171,17 @@ void TestPacote::nothingRunsWhenItComesAndGoes()
 void TestPacote::laysTheWholeProgram_data()
 {
     QTest::addColumn<QByteArray>("beginning");
-    QTest::newRow("usr/bin/tarvelo") << QByteArray("\x7f"
-                                                   "ELF");
-    QTest::newRow("usr/bin/tarvelo-cep") << QByteArray("\x7f"
-                                                       "ELF");
+    for (const char *program : {"tarvelo", "tarvelo-cep", "tarvelo-confere", "tarvelo-copia"}) {
+        QTest::addRow("usr/bin/%s", program) << QByteArray("\x7f"
+                                                           "ELF");
+    }
     for (const char *picture : {"splash", "bg800", "bg1024", "bg1280", "logo"}) {
         QTest::addRow("usr/share/tarvelo/DADOS/%s.bmp", picture) << QByteArray("BM");
     }
     for (const char *script : {"BACKUPDA", "BACKUPFI", "RESTORDA", "RESTORFI"}) {
         QTest::addRow("usr/share/tarvelo/%s.BAT", script) << QByteArray();
     }
+    QTest::newRow("usr/share/tarvelo/manual.html") << QByteArray("<");
     QTest::newRow("usr/share/tarvelo/CEP.MDB") << QByteArray("SQLite format 3");
     QTest::newRow("usr/share/applications/tarvelo.desktop") << QByteArray("[Desktop Entry]");
     QTest::newRow("usr/share/metainfo/br.tarvelo.tarvelo.metainfo.xml") << QByteArray("<?xml");
