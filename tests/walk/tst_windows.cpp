@@ -225,9 +225,11 @@ void TstWindows::everyCommandIsWalked()
     }
     QSet<QString> available;
     for (const auto *item : shell::principal().findChildren<QAction *>()) {
-        const bool asks = shell::ajusteDe(item->objectName()) != nullptr; // a box, and no window of its own
-        if (item->isEnabled() && item->objectName().startsWith(u"itm"_s) && !asks) {
-            available << item->objectName();
+        const QString name = item->objectName();
+        // Settings and copies ask in boxes, and have no window of their own.
+        const bool asks = shell::ajusteDe(name) != nullptr || name.startsWith(u"itmBack"_s);
+        if (item->isEnabled() && name.startsWith(u"itm"_s) && !asks) {
+            available << name;
         }
     }
     QVERIFY(walked.remove(ofAnotherWorkshop));
