@@ -77,6 +77,7 @@ void PaginaManual::mostra(const QString &arquivo, const QString &secao)
 void PaginaManual::vaiPara(const QUrl &endereco)
 {
     setSource(endereco, QTextDocument::HtmlResource);
+    document()->size(); // lays out the whole page: half of it has its end, for the key of that name, in the middle
     QTextCursor cursor(document());
     cursor.setPosition(lugarDe(endereco.fragment(QUrl::FullyDecoded)));
     setTextCursor(cursor); // what is searched next is searched from here on
