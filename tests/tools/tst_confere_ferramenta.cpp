@@ -1,5 +1,6 @@
 // The audit as a user starts it: which file it reads, what it says, how it ends, and that it leaves everything as it
 // was.
+#include "support/diskfiles.h"
 #include "tests/tools/conferido.h"
 
 #include "core/caminhos.h"
@@ -18,6 +19,7 @@
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
+using support::contentsOf;
 
 namespace
 {
@@ -43,12 +45,6 @@ Ended run(const QStringList &arguments, const QString &program = QStringLiteral(
             .errors = QString::fromUtf8(tool.readAllStandardError())};
 }
 
-QByteArray contents(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 void write(const QString &path, const QByteArray &bytes)
 {
     QFile file(path);
@@ -68,7 +64,7 @@ QStringList everythingIn(const QString &folder)
                          .arg(info.permissions().toInt(), 0, 16)
                          .arg(info.lastModified().toMSecsSinceEpoch())
                          .arg(info.metadataChangeTime().toMSecsSinceEpoch())
-                         .arg(info.isFile() ? qHash(contents(info.filePath())) : 0));
+                         .arg(info.isFile() ? qHash(contentsOf(info.filePath())) : 0));
     }
     found.sort();
     return found;
@@ -315,7 +311,7 @@ void TestConfereFerramenta::filesThatAreNone()
     QCOMPARE(ended.output, QString());
     QVERIFY2(ended.errors.startsWith(u"tarvelo-confere: O arquivo '%1' "_s.arg(file)), qPrintable(ended.errors));
     QVERIFY2(ended.errors.contains(words), qPrintable(ended.errors));
-    QCOMPARE(contents(file), bytes);
+    QCOMPARE(contentsOf(file), bytes);
 }
 
 void TestConfereFerramenta::thePostalCodesAreNotTheMainDatabase()
@@ -363,15 +359,15 @@ void TestConfereFerramenta::anInterruptedWrite()
         QVERIFY(QFile::copy(database() + u"-journal"_s, copy + u"-journal"_s));
         other.giveBack();
     }
-    const QByteArray file = contents(copy);
-    const QByteArray journal = contents(copy + u"-journal"_s);
+    const QByteArray file = contentsOf(copy);
+    const QByteArray journal = contentsOf(copy + u"-journal"_s);
     const Ended ended = run({copy});
     QCOMPARE(ended.code, 2);
     QCOMPARE(ended.errors,
              u"tarvelo-confere: A última gravação no arquivo '%1' foi interrompida e ainda não foi desfeita.\nAbra o "
              "Tarvelo uma vez, que ele a desfaz, e confira de novo.\n"_s.arg(copy));
-    QCOMPARE(contents(copy), file);
-    QCOMPARE(contents(copy + u"-journal"_s), journal);
+    QCOMPARE(contentsOf(copy), file);
+    QCOMPARE(contentsOf(copy + u"-journal"_s), journal);
     dao::DBEngine::OpenDatabase(copy)->Close();
     QCOMPARE(run({copy}).code, 0);
 }

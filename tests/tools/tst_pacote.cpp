@@ -1,3 +1,5 @@
+#include "support/diskfiles.h"
+
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -7,6 +9,8 @@
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+using support::contentsOf;
+using support::filesOf;
 
 namespace
 {
@@ -25,24 +29,6 @@ Ended run(const QString &program, const QStringList &arguments)
     process.start(program, arguments);
     const bool ended = process.waitForFinished(patience) && process.exitStatus() == QProcess::NormalExit;
     return {ended ? process.exitCode() : -1, QString::fromUtf8(process.readAll())};
-}
-
-/// The names of all files below a folder, from there on.
-QStringList filesOf(const QString &folder)
-{
-    QStringList files;
-    QDirIterator all(folder, QDir::Files | QDir::Hidden | QDir::System, QDirIterator::Subdirectories);
-    while (all.hasNext()) {
-        files << QDir(folder).relativeFilePath(all.next());
-    }
-    files.sort();
-    return files;
-}
-
-QByteArray contentsOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "support/diskfiles.h"
 #include "support/ordinaryuser.h"
 
 #include <QDeadlineTimer>
@@ -14,28 +15,13 @@
 #include <optional>
 
 using namespace Qt::StringLiterals;
+using support::contentsOf;
+using support::filesOf;
 
 namespace
 {
 
 constexpr int patience = 60000;
-
-QStringList filesOf(const QString &folder)
-{
-    QStringList files;
-    QDirIterator all(folder, QDir::Files | QDir::Hidden | QDir::System, QDirIterator::Subdirectories);
-    while (all.hasNext()) {
-        files << QDir(folder).relativeFilePath(all.next());
-    }
-    files.sort();
-    return files;
-}
-
-QByteArray contentsOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 } // namespace
 
