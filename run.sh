@@ -20,7 +20,14 @@ cmake --build --preset release
 
 # Laid again only where something was built or the folder is not whole.
 instalado="$construcao/.instalado"
-if [ ! -x "$programa/tarvelo" ] || [ ! -e "$programa/DADOS/splash.bmp" ] || [ ! "$instalado" -nt "$construcao/app/tarvelo" ]; then
+algo_novo() {
+    local feito
+    for feito in "$construcao"/app/tarvelo "$construcao"/tools/*/tarvelo-* "$construcao"/docs/manual.html; do
+        [ "$instalado" -nt "$feito" ] || return 0
+    done
+    return 1
+}
+if [ ! -x "$programa/tarvelo" ] || [ ! -e "$programa/DADOS/splash.bmp" ] || algo_novo; then
     cmake --install "$construcao" --prefix "$programa"
     touch "$instalado"
 fi

@@ -27,6 +27,8 @@ private slots:
     void init();
 
     void programOpensOnADisplay();
+    void theFolderIsLaidAgainWhereSomethingWasBuilt_data();
+    void theFolderIsLaidAgainWhereSomethingWasBuilt();
     void withoutADisplayTheDemonstrationRuns();
     void displayThatDoesNotAnswerIsToldInOneSentence_data();
     void displayThatDoesNotAnswerIsToldInOneSentence();
@@ -122,6 +124,32 @@ void TestComandos::programOpensOnADisplay()
     const Result result = run(u"run.sh"_s, here);
     QCOMPARE(result.lines, QStringList{u"tarvelo"_s});
     QCOMPARE(result.code, 0);
+}
+
+void TestComandos::theFolderIsLaidAgainWhereSomethingWasBuilt_data()
+{
+    QTest::addColumn<QString>("built");
+    QTest::addColumn<bool>("again");
+    QTest::newRow("nothing") << QString() << false;
+    QTest::newRow("the program") << u"app/tarvelo"_s << true;
+    QTest::newRow("a tool") << u"tools/copia/tarvelo-copia"_s << true;
+    QTest::newRow("the manual") << u"docs/manual.html"_s << true;
+}
+
+void TestComandos::theFolderIsLaidAgainWhereSomethingWasBuilt()
+{
+    QFETCH(const QString, built);
+    QFETCH(const bool, again);
+    script(u"bin/cmake"_s, u"case $1 in --install) echo laid;; esac"_s);
+    QCOMPARE(run(u"run.sh"_s, variables()).lines.first(), u"laid"_s);
+    if (!built.isEmpty()) {
+        const QString file = u"build/release/"_s + built;
+        script(file, {});
+        QFile later(path(file));
+        QVERIFY(later.open(QIODevice::ReadWrite));
+        QVERIFY(later.setFileTime(QDateTime::currentDateTime().addSecs(60), QFileDevice::FileModificationTime));
+    }
+    QCOMPARE(run(u"run.sh"_s, variables()).lines.contains(u"laid"_s), again);
 }
 
 void TestComandos::withoutADisplayTheDemonstrationRuns()
