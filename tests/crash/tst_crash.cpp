@@ -5,6 +5,7 @@
 #include "support/program.h"
 #include "tests/crash/alteradas.h"
 #include "tests/crash/recebidas.h"
+#include "tools/confere/relatorio.h"
 
 #include "core/caminhos.h"
 #include "core/modulo.h"
@@ -464,5 +465,4 @@ void tst_crash::everyFinishedOperationSurvivesAKill()
 } // namespace
 
 TARVELO_TEST_MAIN(tst_crash)
-#include "tools/confere/relatorio.h"
 #include "tst_crash.moc"
