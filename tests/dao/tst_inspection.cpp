@@ -2,6 +2,7 @@
 #include "tests/dao/golden.h"
 
 #include "platform/dao/inspection.h"
+#include "support/diskfiles.h"
 #include "support/otherprogram.h"
 
 #include <QDir>
@@ -30,11 +31,7 @@ private slots:
 private:
     QString path(const QString &name = u"dados.mdb"_s) const { return folder_->filePath(name); }
     QStringList files() const { return QDir(folder_->path()).entryList(QDir::Files, QDir::Name); }
-    QByteArray contents(const QString &name) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray contents(const QString &name) const { return support::contentsOf(path(name)); }
 
     std::unique_ptr<QTemporaryDir> folder_;
 };

@@ -6,6 +6,7 @@
 #include "shell/frmMDI.h"
 #include "shell/shell.h"
 #include "support/boxes.h"
+#include "support/diskfiles.h"
 #include "support/program.h"
 
 #include <QAction>
@@ -66,11 +67,7 @@ protected:
         boxes_->finish();
     }
 
-    QByteArray file() const
-    {
-        QFile file(program_->path(QStringLiteral("config.ini")));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray file() const { return support::contentsOf(program_->path(QStringLiteral("config.ini"))); }
 
     /// The value of a key as its line holds it.
     QByteArray raw(const QString &key) const

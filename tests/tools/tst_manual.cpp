@@ -6,6 +6,7 @@
 #include "shell/menus.h"
 #include "shell/shell.h"
 #include "stock/stock.h"
+#include "support/diskfiles.h"
 #include "support/program.h"
 #include "workorders/workorders.h"
 
@@ -25,17 +26,12 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+using support::contentsOf;
 
 namespace
 {
 
 constexpr int widestPicture = 760;
-
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 /// The first group of every match, in order.
 QStringList all(const QString &pattern, const QString &text)
@@ -77,7 +73,7 @@ QString wordsOfTheProgram()
         QDirIterator files(QStringLiteral(SOURCES) + u'/' + folder, {u"*.cpp"_s, u"*.h"_s, u"*.ui"_s}, QDir::Files,
                            QDirIterator::Subdirectories);
         while (files.hasNext()) {
-            words += QString::fromUtf8(bytesOf(files.next()));
+            words += QString::fromUtf8(contentsOf(files.next()));
         }
     }
     words.remove(QRegularExpression(u"\"(_s)?\\s*\\n\\s*u?\""_s));
@@ -120,7 +116,7 @@ void TestManual::initTestCase()
     stock::registerForms();
     estimates::registerForms();
     finance::registerForms();
-    html_ = QString::fromUtf8(bytesOf(QStringLiteral(MANUAL)));
+    html_ = QString::fromUtf8(contentsOf(QStringLiteral(MANUAL)));
     QVERIFY(html_.startsWith(u"<!DOCTYPE html>"));
 }
 
@@ -169,7 +165,7 @@ void TestManual::namesEveryCommandAsTheMenusDo()
 void TestManual::quotesNothingThatTheProgramDoesNotSay()
 {
     const auto words = wordsOfTheProgram();
-    const auto text = QString::fromUtf8(bytesOf(QStringLiteral(SOURCES) + u"/docs/manual.pt-BR.md"_s));
+    const auto text = QString::fromUtf8(contentsOf(QStringLiteral(SOURCES) + u"/docs/manual.pt-BR.md"_s));
     const auto quotes = all(u"“([^”]*)”"_s, text);
     QVERIFY(quotes.size() > 150);
     for (const auto &quote : quotes) {
@@ -183,7 +179,7 @@ void TestManual::quotesNothingThatTheProgramDoesNotSay()
 /// What a box says as it stands in the sources: its first piece, where something is put in.
 void TestManual::explainsEveryMessage()
 {
-    const auto text = QString::fromUtf8(bytesOf(QStringLiteral(SOURCES) + u"/docs/manual.pt-BR.md"_s)).simplified();
+    const auto text = QString::fromUtf8(contentsOf(QStringLiteral(SOURCES) + u"/docs/manual.pt-BR.md"_s)).simplified();
     const auto words = wordsOfTheProgram();
     QStringList messages;
     for (const auto &call : {u"(?:MsgBox|ClosingBox|InputBox|Recusa|Confirm|ConfirmOk|recusa)\\("_s,
@@ -257,7 +253,7 @@ Run makePage(const QString &text)
         return {};
     }
     return {tool.exitCode(), QString::fromUtf8(tool.readAll()),
-            QString::fromUtf8(bytesOf(folder.filePath(u"p.html"_s)))};
+            QString::fromUtf8(contentsOf(folder.filePath(u"p.html"_s)))};
 }
 
 } // namespace
