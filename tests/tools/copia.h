@@ -5,10 +5,14 @@
 #include "platform/runtime/runtime.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <chrono>
+#include <thread>
 
 /// A program folder with a database, folders for its copies, and the tool at work on them.
 namespace copia
@@ -121,6 +125,47 @@ public:
 
 private:
     QTemporaryDir folder_;
+};
+
+/// The tool, killed again and again in the same work: the first time at its start, the last time behind its end,
+/// however quick the machine is. The work is done once whole to see how long it takes.
+class Kills
+{
+public:
+    Kills(const Workshop &workshop, const QStringList &arguments, int times)
+        : arguments_(QStringList{u"--pasta"_s, workshop.path()} + arguments), times_(times)
+    {
+        QElapsedTimer clock;
+        clock.start();
+        QProcess tool;
+        start(tool);
+        QVERIFY(tool.waitForFinished());
+        QCOMPARE(tool.exitCode(), 0);
+        whole_ = std::chrono::nanoseconds(clock.nsecsElapsed());
+    }
+
+    int times() const { return times_; }
+
+    /// The kill number `i`, from 0.
+    void kill(int i) const
+    {
+        QProcess tool;
+        start(tool);
+        std::this_thread::sleep_for(whole_ * 3 * i / (2 * (times_ - 1)));
+        tool.kill();
+        QVERIFY(tool.waitForFinished());
+    }
+
+private:
+    void start(QProcess &tool) const
+    {
+        tool.start(QStringLiteral(FERRAMENTA), arguments_);
+        QVERIFY(tool.waitForStarted());
+    }
+
+    QStringList arguments_;
+    int times_;
+    std::chrono::nanoseconds whole_{0};
 };
 
 } // namespace copia

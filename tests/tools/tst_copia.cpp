@@ -4,9 +4,6 @@
 #include <QDateTime>
 #include <QRegularExpression>
 
-#include <chrono>
-#include <thread>
-
 using namespace Qt::StringLiterals;
 using copia::Ended;
 using copia::names;
@@ -292,14 +289,10 @@ void TestCopia::aDatabaseOfAnotherKindIsTold()
 void TestCopia::killsInTheMiddleLeaveNothingThatLooksLikeACopy()
 {
     workshop_->add(20'000);
+    const copia::Kills kills(*workshop_, {u"banco"_s, workshop_->copies()}, 24);
     int leftovers = 0;
-    for (int i = 0; i < 24; ++i) {
-        QProcess tool;
-        tool.start(QStringLiteral(FERRAMENTA), {u"--pasta"_s, workshop_->path(), u"banco"_s, workshop_->copies()});
-        QVERIFY(tool.waitForStarted());
-        std::this_thread::sleep_for(std::chrono::milliseconds(40 + i * 15));
-        tool.kill();
-        QVERIFY(tool.waitForFinished());
+    for (int i = 0; i < kills.times(); ++i) {
+        kills.kill(i);
         for (const QString &made : workshop_->madeCopies()) {
             QCOMPARE(Workshop::rowsOf(made), 23'000);
         }

@@ -1,9 +1,6 @@
 // The tool that copies, at work on a program folder: its pictures, to a copy and back.
 #include "tests/tools/copia.h"
 
-#include <chrono>
-#include <thread>
-
 using namespace Qt::StringLiterals;
 using copia::contents;
 using copia::Ended;
@@ -126,14 +123,10 @@ void TestCopiaFiguras::killsInTheMiddleLeaveNothingThatLooksLikeACopy()
     for (int i = 0; i < 40; ++i) {
         put(picture(u"%1.bmp"_s.arg(i)), logo);
     }
+    const copia::Kills kills(*workshop_, {u"figuras"_s, workshop_->copies()}, 20);
     int leftovers = 0;
-    for (int i = 0; i < 20; ++i) {
-        QProcess tool;
-        tool.start(QStringLiteral(FERRAMENTA), {u"--pasta"_s, workshop_->path(), u"figuras"_s, workshop_->copies()});
-        QVERIFY(tool.waitForStarted());
-        std::this_thread::sleep_for(std::chrono::milliseconds(40 + i * 8));
-        tool.kill();
-        QVERIFY(tool.waitForFinished());
+    for (int i = 0; i < kills.times(); ++i) {
+        kills.kill(i);
         int beside = 0;
         for (const QString &name : names(workshop_->copies())) {
             if (name.contains(u".gravando-")) {

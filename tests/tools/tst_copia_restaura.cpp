@@ -8,9 +8,6 @@
 
 #include <QRegularExpression>
 
-#include <chrono>
-#include <thread>
-
 using namespace Qt::StringLiterals;
 using copia::contents;
 using copia::Ended;
@@ -421,16 +418,12 @@ void TestCopiaRestaura::aLockedDatabaseIsTold()
 /// Killed at every moment, and again in the next restoring: what opens afterwards is one or the other, whole.
 void TestCopiaRestaura::killsInTheMiddleLeaveTheOldOneOrTheCopy()
 {
+    const copia::Kills kills(*workshop_, {u"restaura-banco"_s, workshop_->copies()}, 30);
+    workshop_->add(10);
     int old = 0;
     int restored = 0;
-    for (int i = 0; i < 30; ++i) {
-        QProcess tool;
-        tool.start(QStringLiteral(FERRAMENTA),
-                   {u"--pasta"_s, workshop_->path(), u"restaura-banco"_s, workshop_->copies()});
-        QVERIFY(tool.waitForStarted());
-        std::this_thread::sleep_for(std::chrono::milliseconds(30 + i * 7));
-        tool.kill();
-        QVERIFY(tool.waitForFinished());
+    for (int i = 0; i < kills.times(); ++i) {
+        kills.kill(i);
         const int rows = workshop_->rows();
         QVERIFY2(rows == 3000 || rows == 3010, qPrintable(QString::number(rows)));
         (rows == 3000 ? restored : old) += 1;
@@ -447,22 +440,18 @@ void TestCopiaRestaura::killsInTheMiddleLeaveTheOldOneOrTheCopy()
 
 void TestCopiaRestaura::killsBesideADamagedOneLeaveItOrTheCopy()
 {
+    copia::put(workshop_->database(), "nenhum banco");
+    const copia::Kills kills(*workshop_, {u"restaura-banco"_s, workshop_->copies()}, 15);
     int replaced = 0;
-    for (int i = 0; i < 15; ++i) {
+    for (int i = 0; i < kills.times(); ++i) {
         copia::put(workshop_->database(), "nenhum banco");
-        QProcess tool;
-        tool.start(QStringLiteral(FERRAMENTA),
-                   {u"--pasta"_s, workshop_->path(), u"restaura-banco"_s, workshop_->copies()});
-        QVERIFY(tool.waitForStarted());
-        std::this_thread::sleep_for(std::chrono::milliseconds(30 + i * 10));
-        tool.kill();
-        QVERIFY(tool.waitForFinished());
+        kills.kill(i);
         if (contents(workshop_->database()) != "nenhum banco") {
             QCOMPARE(workshop_->rows(), 3000);
             ++replaced;
         }
     }
-    QVERIFY2(replaced > 0 && replaced < 15, qPrintable(QString::number(replaced)));
+    QVERIFY2(replaced > 0 && replaced < kills.times(), qPrintable(QString::number(replaced)));
     QCOMPARE(restore().code, 0);
     QCOMPARE(workshop_->rows(), 3000);
 }
