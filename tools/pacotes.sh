@@ -15,7 +15,7 @@ pacotes_programa=(
 # to make a Debian package of it
 pacotes_pacote=(dpkg-dev file)
 # to test it
-pacotes_testes=(poppler-utils "${pacotes_pacote[@]}" desktop-file-utils appstream)
+pacotes_testes=(mold poppler-utils "${pacotes_pacote[@]}" desktop-file-utils appstream)
 # to look its sources over
 pacotes_exame=(clang-format clang-tidy git python3)
 # to measure it
@@ -35,6 +35,7 @@ declare -A para_que=(
     [python3-markdown]="the manual, made as it is built"
     [fonts-liberation]="the fixed-pitch font of the prints"
     [fonts-dejavu-core]="the font of the windows"
+    [mold]="links the test programs"
     [poppler-utils]="the tests read the printed PDFs by it"
     [dpkg-dev]="the package and what it depends on"
     [file]="tells the package's programs from its texts"
