@@ -14,7 +14,7 @@ from pathlib import Path
 # From the bottom to the top: a library links those of lower layers only.
 LAYERS = (
     ("runtime", "files"),
-    ("dao", "ini", "pages", "ui"),
+    ("dao", "ini", "jet", "pages", "ui"),
     ("printer",),
     ("core",),
     ("core_janelas",),
@@ -22,9 +22,13 @@ LAYERS = (
     ("shell", "registers", "workorders", "estimates", "finance", "stock", "reports"),
     ("tarvelo",),
 )
-WINDOWLESS = ("runtime", "files", "dao", "ini", "pages", "core")
+WINDOWLESS = ("runtime", "files", "dao", "ini", "jet", "pages", "core")
 WINDOW_MODULES = ("Qt6::Widgets", "Qt6::PrintSupport", "Qt6::Svg")
-DATABASE = "dao"  # the one library that knows SQLite
+# What only one library knows: how it is linked, its header, that library, what it is.
+FOREIGN = (
+    ("SQLite::", "sqlite3.h", "dao", "the database library"),
+    ("PkgConfig::LIBMDB", "mdbtools.h", "jet", "the library of Jet files"),
+)
 OTHERS = ("support", "tests", "tools", "data", "docs", "bench")  # may use every library, and stand in no layer
 SYSTEM_FOLDER = "platform/"  # below it alone stands what differs between systems
 
@@ -74,8 +78,9 @@ def link_faults(libraries):
         for link in library.links:
             if link in libraries and (libraries[link].layer is None or libraries[link].layer >= library.layer):
                 yield f"{library.folder}: {library.name} links {link}, which is not below it"
-            if link.startswith("SQLite::") and library.name != DATABASE:
-                yield f"{library.folder}: {library.name} links {link}; only {DATABASE} knows the database library"
+            for name, _, knower, what in FOREIGN:
+                if link.startswith(name) and library.name != knower:
+                    yield f"{library.folder}: {library.name} links {link}; only {knower} knows {what}"
         if library.name in WINDOWLESS:
             for module in sorted(reach(library, libraries).intersection(WINDOW_MODULES)):
                 yield f"{library.folder}: {library.name} reaches {module} and has to do without windows"
@@ -134,8 +139,10 @@ def include_faults(tree, libraries):
         for name in files.strangers(file, owner):
             yield f"{file}: includes {name}, which {owner.name} does not link"
         for name in files.system_includes(file):
-            if name == "sqlite3.h" and owner.name != DATABASE:
-                yield f"{file}: includes {name}; only {DATABASE} knows the database library"
+            strange = [(knower, what) for _, header, knower, what in FOREIGN if name == header and owner.name != knower]
+            if strange:
+                knower, what = strange[0]
+                yield f"{file}: includes {name}; only {knower} knows {what}"
             elif not file.startswith(SYSTEM_FOLDER):
                 yield f"{file}: includes the system header {name}; such stand below {SYSTEM_FOLDER} only"
 

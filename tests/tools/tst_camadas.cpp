@@ -120,6 +120,9 @@ void TestCamadas::whatBreaksTheOrderIsToldByName_data()
         u"tarvelo_library(core SOURCES c.cpp LINK runtime dao SQLite::SQLite3)\n"
         "tarvelo_library(core_janelas SOURCES j.cpp LINK core ui)"_s,
         u"core: core links SQLite::SQLite3; only dao knows the database library"_s);
+    row("the library of old files beside its folder", u"stock/CMakeLists.txt"_s,
+        u"tarvelo_library(stock SOURCES s.cpp LINK core_janelas PkgConfig::LIBMDB)"_s,
+        u"stock: stock links PkgConfig::LIBMDB; only jet knows the library of Jet files"_s);
     row("windows below the rules", u"platform/dao/CMakeLists.txt"_s,
         u"tarvelo_library(dao SOURCES b.cpp LINK runtime Qt6::Widgets PRIVATE SQLite::SQLite3)"_s,
         u"core: core reaches Qt6::Widgets and has to do without windows"_s);
@@ -140,6 +143,8 @@ void TestCamadas::whatBreaksTheOrderIsToldByName_data()
         u"stock/s.cpp: includes tests/t.h, which stock does not link"_s);
     row("the database library's header", u"core/c.cpp"_s, u"#include <sqlite3.h>"_s,
         u"core/c.cpp: includes sqlite3.h; only dao knows the database library"_s);
+    row("the header of the library of old files", u"core/c.cpp"_s, u"#include <mdbtools.h>"_s,
+        u"core/c.cpp: includes mdbtools.h; only jet knows the library of Jet files"_s);
     row("a system header", u"app/main.cpp"_s, u"#include <sys/stat.h>"_s,
         u"app/main.cpp: includes the system header sys/stat.h; such stand below platform/ only"_s);
     row("a source that is not built", u"stock/velho.cpp"_s, {}, u"stock/velho.cpp: belongs to no library"_s);
