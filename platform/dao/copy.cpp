@@ -74,6 +74,14 @@ void copyPages(const Connection &from, const Connection &to)
     }
 }
 
+/// A journal that a killed program left is rolled back by whoever may write, and hides the contents from others.
+std::shared_ptr<Connection> openSource(const QString &path)
+{
+    return openFile(path, QFileInfo::exists(path) && !QFileInfo(path).isWritable());
+}
+
+} // namespace
+
 /// The draft has no name yet: it needs no journal that a killed program could leave beside it.
 std::shared_ptr<Connection> openDraft(const files::Draft &draft, const QString &path)
 {
@@ -93,8 +101,7 @@ void putInPlace(files::Draft &draft, const QString &path)
     }
 }
 
-/// As what reads it later would find it, and each of its pages.
-void examine(const QString &path)
+void examineFile(const QString &path)
 {
     const auto connection = openFile(path, true);
     Prepared check(connection->handle(), "PRAGMA integrity_check");
@@ -103,20 +110,12 @@ void examine(const QString &path)
     }
 }
 
-/// A journal that a killed program left is rolled back by whoever may write, and hides the contents from others.
-std::shared_ptr<Connection> openSource(const QString &path)
-{
-    return openFile(path, QFileInfo::exists(path) && !QFileInfo(path).isWritable());
-}
-
-} // namespace
-
 void copyDatabase(const QString &from, const QString &to)
 {
     const auto source = openSource(from);
     files::Draft draft(to);
     copyPages(*source, *openDraft(draft, to));
-    examine(draft.name());
+    examineFile(draft.name());
     putInPlace(draft, to);
 }
 

@@ -2,8 +2,26 @@
 
 #include <QString>
 
+#include <memory>
+
+namespace files
+{
+class Draft;
+}
+
 namespace dao
 {
+
+class Connection;
+
+/// Opens a file in the making, which is empty, for writing. 3051 where it could not be made; `path` is its name to be.
+std::shared_ptr<Connection> openDraft(const files::Draft &draft, const QString &path);
+
+/// Reads a database as what opens it later does, and each of its pages. 3343 where it is not whole.
+void examineFile(const QString &path);
+
+/// 3051 where the file that stood there stays.
+void putInPlace(files::Draft &draft, const QString &path);
 
 /// Copies a database that others may be writing, as it stands at one moment, to `to`: written beside it, brought to the
 /// disk, examined, then renamed. Whatever fails, the file that stood there stays. The failure is raised.

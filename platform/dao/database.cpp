@@ -74,6 +74,11 @@ Recordset Database::OpenRecordset(const QString &source)
     return Recordset(std::make_unique<RecordsetData>(connection_, std::move(plan), std::move(tokens.literals)));
 }
 
+RowLoader Database::LoadRows(const QString &table)
+{
+    return RowLoader(connection_, table);
+}
+
 QString Database::CheckIntegrity() const
 {
     Prepared check(connection_->handle(), "PRAGMA integrity_check");

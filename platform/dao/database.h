@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/dao/recordset.h"
+#include "platform/dao/rowloader.h"
 #include "platform/dao/tabledef.h"
 
 #include <QString>
@@ -41,6 +42,9 @@ public:
     /// Opens a table by its name or a SELECT statement. The set stands on its first row.
     Recordset OpenRecordset(const QString &source);
 
+    /// Takes rows over into a table as they are. Error 3078 where it is missing.
+    RowLoader LoadRows(const QString &table);
+
     /// Examines the whole file: "ok", or what is wrong with it.
     QString CheckIntegrity() const;
 
@@ -51,6 +55,7 @@ public:
 
 private:
     friend struct DBEngine;
+    friend class DatabaseDraft;
     explicit Database(std::shared_ptr<Connection> connection);
 
     std::shared_ptr<Connection> connection_;

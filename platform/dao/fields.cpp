@@ -96,6 +96,32 @@ Value convert(const Value &value, FieldType type)
     return textOf(value);
 }
 
+bool isOwnValue(const Value &value, FieldType type)
+{
+    switch (valueType(type)) {
+    case FieldType::Boolean:
+        return std::holds_alternative<bool>(value);
+    case FieldType::Integer:
+        return std::holds_alternative<qint16>(value);
+    case FieldType::Long:
+        return std::holds_alternative<qint32>(value);
+    case FieldType::Single:
+        return std::holds_alternative<float>(value) && !std::isnan(std::get<float>(value));
+    case FieldType::Currency:
+    case FieldType::Double:
+        return std::holds_alternative<double>(value) && !std::isnan(std::get<double>(value));
+    case FieldType::Date:
+        return std::holds_alternative<runtime::Date>(value) && !std::isnan(std::get<runtime::Date>(value).serial);
+    default:
+        return std::holds_alternative<QString>(value);
+    }
+}
+
+bool isTooLong(const QString &text, const Field &field)
+{
+    return field.type == FieldType::Text && text.size() > field.size;
+}
+
 } // namespace
 
 Value convertForField(const Value &value, const Field &field)
@@ -119,7 +145,21 @@ void checkForWriting(const Value &value, const Field &field)
     if (text->isEmpty()) {
         runtime::raise(3315, {field.name});
     }
-    if (field.type == FieldType::Text && text->size() > field.size) {
+    if (isTooLong(*text, field)) {
+        runtime::raise(3163, {field.name});
+    }
+}
+
+void checkForLoading(const Value &value, const Field &field)
+{
+    if (runtime::IsNull(value) && field.type != FieldType::Boolean) {
+        return;
+    }
+    if (!isOwnValue(value, field.type)) {
+        refuse();
+    }
+    const auto *const text = std::get_if<QString>(&value);
+    if (text != nullptr && isTooLong(*text, field)) {
         runtime::raise(3163, {field.name});
     }
 }

@@ -120,12 +120,7 @@ void configure(Connection &connection, bool readOnly)
 void fill(const QString &path)
 {
     Connection connection(path, openHandle(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE));
-    connection.run("PRAGMA encoding = 'UTF-8'");
-    connection.inTransaction(
-        {"PRAGMA application_id = " + QByteArray::number(applicationId),
-         (u"CREATE TABLE "_s + quoted(countersTable) + u" (Tabela TEXT PRIMARY KEY, Ultimo INTEGER) WITHOUT ROWID"_s)
-             .toUtf8()});
-    connection.commit();
+    layEmpty(connection);
 }
 
 } // namespace
@@ -146,6 +141,16 @@ std::shared_ptr<Connection> openFile(const QString &path, bool readOnly)
 std::shared_ptr<Connection> openEmpty(const QString &path)
 {
     return std::make_shared<Connection>(path, openHandle(path, SQLITE_OPEN_READWRITE));
+}
+
+void layEmpty(Connection &connection)
+{
+    connection.run("PRAGMA encoding = 'UTF-8'");
+    connection.inTransaction(
+        {"PRAGMA application_id = " + QByteArray::number(applicationId),
+         (u"CREATE TABLE "_s + quoted(countersTable) + u" (Tabela TEXT PRIMARY KEY, Ultimo INTEGER) WITHOUT ROWID"_s)
+             .toUtf8()});
+    connection.commit();
 }
 
 void createFile(const QString &path)

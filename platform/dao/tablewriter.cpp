@@ -98,11 +98,16 @@ qint64 TableWriter::lastNumber()
     return given_->counter;
 }
 
-qint64 TableWriter::insert(std::vector<runtime::Value> values)
+qint64 TableWriter::insert(const std::vector<runtime::Value> &values)
 {
     for (size_t i = 0; i < values.size(); ++i) {
         checkForWriting(values[i], table_->fields[i]);
     }
+    return append(values);
+}
+
+qint64 TableWriter::append(const std::vector<runtime::Value> &values)
+{
     Transaction transaction(connection_, Transaction::Holds::One);
     if (numbersAge_ < 0) {
         refresh();

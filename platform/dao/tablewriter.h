@@ -31,7 +31,10 @@ public:
     qint64 lastNumber();
 
     /// Writes a new row, all its fields in order, and gives its row number.
-    qint64 insert(std::vector<runtime::Value> values);
+    qint64 insert(const std::vector<runtime::Value> &values);
+
+    /// The same for values that have been looked at.
+    qint64 append(const std::vector<runtime::Value> &values);
 
     /// Writes the changed fields of a row: their places and new values. False where the row is gone.
     bool update(qint64 row, const std::vector<int> &places, const std::vector<runtime::Value> &values);
