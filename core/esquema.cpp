@@ -19,6 +19,8 @@ const QString camposSenha = u"Codigo.Integer,Nome.Text;50,Senha.Text;15,Admin.Bo
 namespace
 {
 
+constexpr QStringView nomeSenha = u"Senha";
+
 struct Tabela {
     QStringView nome;
     QStringView campos;
@@ -278,10 +280,20 @@ void criaBanco(const QString &arquivo, const AvisoCritico &aviso)
     // A file that can't be created shows in the failure of its first table.
     ignoraErros([&] { DBDados = dao::DBEngine::CreateDatabase(arquivo, u";LANGID=0x0409;CP=1252;COUNTRY=0"_s); });
     QString campos = camposSenha;
-    CriaTabela(u"Senha"_s, campos, aviso);
+    CriaTabela(nomeSenha.toString(), campos, aviso);
 }
 
 } // namespace
+
+QStringList TabelasDoPrograma()
+{
+    QStringList nomes{nomeSenha.toString()};
+    for (const Tabela &tabela : tabelas) {
+        nomes.append(tabela.nome.toString());
+    }
+    nomes.append(livroOrigem.nome.toString());
+    return nomes;
+}
 
 bool CriaTabela(const QString &nome, QString &campos, const AvisoCritico &aviso)
 {

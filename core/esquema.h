@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -9,6 +10,9 @@ namespace core
 
 /// Shows a critical box with this text; the schema code itself opens no window.
 using AvisoCritico = std::function<void(const QString &texto)>;
+
+/// The tables that the program makes, by their names.
+QStringList TabelasDoPrograma();
 
 /// Field list of the operators' table, made together with the file.
 extern const QString camposSenha;

@@ -49,17 +49,6 @@ QString nomes(const QString &entre)
     return lista.join(entre);
 }
 
-dao::TableDef tabela()
-{
-    dao::TableDef nova(QString::fromUtf16(nomeDaTabela));
-    for (const Coluna &coluna : colunas) {
-        dao::Field campo{coluna.nome.toString(), dao::FieldType::Text};
-        campo.size = coluna.tamanho;
-        nova.append(campo);
-    }
-    return nova;
-}
-
 QString soAlgarismos(QString cep)
 {
     if (cep.size() == algarismosDoCEP + 1 && cep[hifenDoCEP] == u'-') {
@@ -175,7 +164,7 @@ void gravaLinhas(LeitorCSV &leitor, Gravador &gravador, const Andamento &andamen
 qint64 preenche(const QString &arquivo, QFile &entrada, Codificacao codificacao, const Andamento &andamento)
 {
     const auto banco = dao::DBEngine::CreateDatabase(arquivo, u";LANGID=0x0409;CP=1252;COUNTRY=0"_s);
-    banco->AppendTableDef(tabela());
+    banco->AppendTableDef(Tabela());
     LeitorCSV leitor(entrada, codificacao);
     const dao::Unit juntas;
     Gravador gravador(*banco);
@@ -222,6 +211,17 @@ void poeNoLugar(const QString &arquivo, const Pedido &pedido)
 }
 
 } // namespace
+
+dao::TableDef Tabela()
+{
+    dao::TableDef nova(QString::fromUtf16(nomeDaTabela));
+    for (const Coluna &coluna : colunas) {
+        dao::Field campo{coluna.nome.toString(), dao::FieldType::Text};
+        campo.size = coluna.tamanho;
+        nova.append(campo);
+    }
+    return nova;
+}
 
 qint64 fazBanco(const Pedido &pedido, const Andamento &andamento)
 {

@@ -1,11 +1,15 @@
 #pragma once
 
+#include "platform/dao/tabledef.h"
 #include "tools/cep/csv.h"
 
 #include <functional>
 
 namespace ceps
 {
+
+/// The table of a postal-code database.
+dao::TableDef Tabela();
 
 /// What is to be made out of what.
 struct Pedido {

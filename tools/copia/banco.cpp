@@ -28,8 +28,6 @@ constexpr int emUso = 3051;
 constexpr int discoCheio = 3183;
 constexpr int semBanco = 3343;
 
-constexpr auto journal = u"-journal";
-
 /// Another workstation's write lasts a moment; a tool that copies the file may hold it for as long as the user waits.
 constexpr std::chrono::seconds esperaPorOutros{30};
 
@@ -110,7 +108,7 @@ void guarda(const QString &arquivo, const QString &nome)
 
 /// A database that can't be opened: nobody is at work on it, and its bytes are kept as they are. A journal would be
 /// played into whatever takes the name.
-void substitui(const QString &copia, const QString &banco, const QString &guardado)
+void guardaBytes(const QString &banco, const QString &guardado)
 {
     const QString diario = banco + journal;
     if (QFileInfo::exists(banco)) {
@@ -120,7 +118,6 @@ void substitui(const QString &copia, const QString &banco, const QString &guarda
         guarda(diario, guardado + journal);
         QFile::remove(diario);
     }
-    dao::DBEngine::CopyDatabase(copia, banco);
 }
 
 bool abre(const QString &banco)
@@ -148,7 +145,8 @@ void poeNoLugar(const QString &copia, const QString &banco, const QString &guard
             }
         }
     }
-    substitui(copia, banco, guardado);
+    guardaBytes(banco, guardado);
+    dao::DBEngine::CopyDatabase(copia, banco);
 }
 
 QString feito(const QString &copia, const QString &guardado)
@@ -163,6 +161,18 @@ QString feito(const QString &copia, const QString &guardado)
 }
 
 } // namespace
+
+void guardaBanco(const QString &banco, const QString &guardado)
+{
+    try {
+        dao::DBEngine::CopyDatabase(banco, guardado);
+    } catch (const runtime::RuntimeError &erro) {
+        if (erro.number() != semBanco && erro.number() != semArquivo) {
+            throw;
+        }
+        guardaBytes(banco, guardado);
+    }
+}
 
 QString bancoDaPasta(const QString &pasta)
 {

@@ -16,6 +16,13 @@ QString bancoDaPasta(const QString &pasta);
 /// go. Returns what is told to the user; raises `Erro`.
 QString copiaBanco(const QString &banco, const QStringList &destinos);
 
+/// What the engine puts behind the name of a database for that of its journal.
+constexpr auto journal = u"-journal";
+
+/// Keeps what stands at the place of a database, by the engine or, where that can't read it, as it lies; a journal
+/// there moves aside as well. Raises runtime::RuntimeError, or `Erro` where the bytes can't be kept.
+void guardaBanco(const QString &banco, const QString &guardado);
+
 /// What a restoring works on.
 struct Restauracao {
     QString pasta; ///< the program's folder: nobody may be at work in it
