@@ -4,7 +4,8 @@
 // the way, the stock ledger. Then a workshop of some hundred customers. Each step prints a line; pictures of the
 // windows and the printed PDFs land in RESULTS. The pictures of the workshop's windows are taken once for every
 // surrounding that users have (a low screen, twice the scale, a larger font, a dark desktop), each in a process of its
-// own: demonstracao --telas FOLDER RESULTS SURROUNDING.
+// own: demonstracao --telas FOLDER RESULTS SURROUNDING. With the name of a platform in DEMONSTRACAO_TELA ("windows")
+// the windows show themselves by that one, as it has them.
 #include "estimates/estimates.h"
 #include "finance/finance.h"
 #include "platform/printer/printer.h"
@@ -163,7 +164,7 @@ int ended(bool good)
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QPA_PLATFORM", qEnvironmentVariable("DEMONSTRACAO_TELA", u"offscreen"_s).toLatin1());
     ui::Application application(argc, argv);
     support::prepareApplication();
     const QStringList arguments = QCoreApplication::arguments();

@@ -63,10 +63,16 @@ void nameFolder(const QString &script, const QString &folder)
     QFile file(core::App::Path() + u'/' + script);
     QVERIFY(file.open(QIODevice::ReadWrite));
     QString text = QString::fromUtf8(file.readAll());
+#ifdef Q_OS_WIN
+    const QRegularExpression line(u"^set \"PASTA=[^\r\n]*"_s, QRegularExpression::MultilineOption);
+    const QString mine = u"set \"PASTA=%1\""_s.arg(QDir::toNativeSeparators(folder));
+#else
     const QRegularExpression line(u"^PASTA=.*$"_s, QRegularExpression::MultilineOption);
+    const QString mine = u"PASTA=\"%1\""_s.arg(folder);
+#endif
     QVERIFY(text.contains(line));
     file.resize(0);
-    file.write(text.replace(line, u"PASTA=\"%1\""_s.arg(folder)).toUtf8());
+    file.write(text.replace(line, mine).toLocal8Bit());
 }
 
 /// Copies and restorings work on behind the command; on a busy machine they take their time.

@@ -55,8 +55,7 @@ void install(const QString &folder)
     for (const auto &script : shipped.entryList({u"*.BAT"_s})) {
         copy(shipped.filePath(script), program.filePath(script));
     }
-    const QString copier = program.filePath(u"tarvelo-copia"_s);
-    QVERIFY(QFile::exists(copier) || QFile::link(QStringLiteral(COPIA), copier));
+    copy(QStringLiteral(COPIA), program.filePath(QFileInfo(QStringLiteral(COPIA)).fileName()));
     useFolder(folder);
 }
 
