@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QPainter>
+#include <QStyleFactory>
 #include <QStyleOption>
 
 #include <algorithm>
@@ -78,10 +79,15 @@ void setTone(QWidget &label, Tone tone)
     label.setPalette(palette);
 }
 
-Style::Style() : QProxyStyle(u"Fusion"_s) {}
-
 namespace
 {
+
+/// Windows has a look of its own; elsewhere every desktop shows the same.
+QString nameOfLook()
+{
+    const QString ofWindows = u"windowsvista"_s;
+    return QStyleFactory::keys().contains(ofWindows) ? ofWindows : u"Fusion"_s;
+}
 
 bool isLocked(const QStyleOption &option)
 {
@@ -114,6 +120,8 @@ QColor greyed(const QPalette &palette, QPalette::ColorRole text, QPalette::Color
 }
 
 } // namespace
+
+Style::Style() : QProxyStyle(nameOfLook()) {}
 
 void Style::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                           const QWidget *widget) const
