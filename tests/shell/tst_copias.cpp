@@ -25,6 +25,18 @@ const QString picturesDisk = u"Insira o disco com o backup de figuras no drive A
 
 constexpr auto before = u"08/05/2024 09:00:00";
 
+/// Batch files as this system has them: one that leaves a mark with the folder that it was started in, one that fails,
+/// one that is not named as the program names it.
+#ifdef Q_OS_WIN
+const QByteArray marking = "@cd>%~nx0.novo\r\n@ren %~nx0.novo %~nx0.marca\r\n";
+const QByteArray failing = "@echo.>fim.marca\r\n@exit /b 1\r\n";
+const QByteArray otherwiseNamed = "@echo sim>BACKUPDA.BAT.marca\r\n";
+#else
+const QByteArray marking = "#!/bin/sh\npwd >\"$0.novo\" && mv \"$0.novo\" \"$0.marca\"\n";
+const QByteArray failing = "#!/bin/sh\necho >fim.marca\nexit 1\n";
+const QByteArray otherwiseNamed = "#!/bin/sh\necho sim >BACKUPDA.BAT.marca\n";
+#endif
+
 QAction *action(const QString &name)
 {
     return shell::principal().findChild<QAction *>(name);
@@ -77,7 +89,8 @@ private slots:
         press(item);
         boxes.finish();
         QTRY_COMPARE(marks(), QStringList{batch});
-        QCOMPARE(contents(program_->path(batch + u".marca"_s)), program_->path().toUtf8()); // started in its folder
+        const QByteArray folder = QDir::toNativeSeparators(program_->path()).toLocal8Bit();
+        QCOMPARE(contents(program_->path(batch + u".marca"_s)), folder); // started in its folder
     }
 
     void cancelEndsTheCommand_data() { commandRows(); }
@@ -113,7 +126,7 @@ private slots:
 
     void theMomentIsNotedWhateverBecomesOfTheCopy()
     {
-        lay(u"BACKUPDA.BAT"_s, "#!/bin/sh\necho >fim.marca\nexit 1\n");
+        lay(u"BACKUPDA.BAT"_s, failing);
         support::Boxes boxes;
         boxes.okCancel(cleanDisk, QMessageBox::Warning, true);
         press(u"itmBackBackBD"_s);
@@ -167,7 +180,7 @@ private slots:
 
     void aBatchFileIsFoundWhateverTheCaseOfItsName()
     {
-        lay(u"BackupDa.bat"_s, "#!/bin/sh\necho sim >BACKUPDA.BAT.marca\n");
+        lay(u"BackupDa.bat"_s, otherwiseNamed);
         support::Boxes boxes;
         boxes.okCancel(cleanDisk, QMessageBox::Warning, true);
         press(u"itmBackBackBD"_s);
@@ -237,7 +250,7 @@ private:
     void layBatches() const
     {
         for (const QString &name : {u"BACKUPDA.BAT"_s, u"BACKUPFI.BAT"_s, u"RESTORDA.BAT"_s, u"RESTORFI.BAT"_s}) {
-            lay(name, "#!/bin/sh\npwd >\"$0.novo\" && mv \"$0.novo\" \"$0.marca\"\n");
+            lay(name, marking);
         }
     }
 

@@ -11,6 +11,7 @@
 #include "support/program.h"
 
 #include <QAction>
+#include <QDir>
 #include <QImage>
 #include <QLabel>
 #include <QMenu>
@@ -18,7 +19,12 @@
 #include <QTest>
 #include <QWindow>
 
+#include <array>
 #include <stdexcept>
+
+#ifdef Q_OS_WIN
+#include <windows.h>
+#endif
 
 using namespace Qt::StringLiterals;
 
@@ -46,6 +52,23 @@ void pressOnStatusBar(Qt::MouseButton button, Qt::KeyboardModifiers modifiers)
     const QPoint place = bar->mapTo(&shell::principal(), bar->rect().center());
     QTest::mouseClick(shell::principal().windowHandle(), button, modifiers, place);
     QCoreApplication::processEvents(); // returns behind the last box
+}
+
+/// The lamp of the key, where the system keeps it for the program: it switches with a press.
+void turnLock([[maybe_unused]] int key, [[maybe_unused]] bool on)
+{
+#ifdef Q_OS_WIN
+    std::array<BYTE, 256> states{};
+    QVERIFY(GetKeyboardState(states.data()));
+    states.at(key == Qt::Key_NumLock ? VK_NUMLOCK : VK_CAPITAL) = on ? 1 : 0;
+    QVERIFY(SetKeyboardState(states.data()));
+#endif
+}
+
+void pressLock(int key)
+{
+    QTest::keyClick(shell::principal().windowHandle(), Qt::Key(key));
+    QCoreApplication::processEvents(); // a lamp of the system is read behind the press
 }
 
 QString errorOf(const QString &statement)
@@ -135,14 +158,17 @@ private slots:
         QFETCH(const int, key);
         QFETCH(const int, number);
         QFETCH(const QString, name);
+        turnLock(key, false);
         shell::principal().MDIForm_Load();
         QVERIFY(!panel(number)->isEnabled());
 
-        QTest::keyClick(shell::principal().windowHandle(), Qt::Key(key));
+        turnLock(key, true);
+        pressLock(key);
         QVERIFY(panel(number)->isEnabled());
         QCOMPARE(panel(number)->toolTip(), QString(name + u" ligado"));
 
-        QTest::keyClick(shell::principal().windowHandle(), Qt::Key(key));
+        turnLock(key, false);
+        pressLock(key);
         QVERIFY(!panel(number)->isEnabled());
         QCOMPARE(panel(number)->toolTip(), QString(name + u" desligado"));
     }

@@ -21,6 +21,12 @@ namespace
 
 constexpr int patience = 60000;
 
+/// The program's name, as this system has it.
+QString programName()
+{
+    return QFileInfo(QStringLiteral(TARVELO_PROGRAM)).fileName();
+}
+
 /// The real program, started in a folder of its own.
 class Process
 {
@@ -30,7 +36,7 @@ public:
         auto environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
         process_.setProcessEnvironment(environment);
-        process_.start(folder + u"/tarvelo"_s, QStringList());
+        process_.start(folder + u'/' + programName(), QStringList());
     }
 
     ~Process() { kill(); }
@@ -188,7 +194,7 @@ private slots:
     void anotherFolderHasItsOwnProcess()
     {
         const QTemporaryDir other;
-        QVERIFY(QFile::copy(program(), other.filePath(u"tarvelo"_s)));
+        QVERIFY(QFile::copy(program(), other.filePath(programName())));
         const Process first(folder_->path());
         const Process second(other.path());
         QTRY_COMPARE_WITH_TIMEOUT(owner(folder_->path()), first.id(), patience);
@@ -198,7 +204,7 @@ private slots:
 private:
     QString program() const
     {
-        return folder_->filePath(u"tarvelo"_s);
+        return folder_->filePath(programName());
     }
 
     /// Starts the program's windows in this process as far as the login; true where it was refused.

@@ -53,6 +53,12 @@ inline void damage(const QString &path)
     QCOMPARE(file.write(QByteArray(8192, 'X')), 8192);
 }
 
+/// What the tool says, on every system alike: the slashes and the ends of the lines.
+inline QString said(const QByteArray &bytes)
+{
+    return QDir::fromNativeSeparators(QString::fromLocal8Bit(bytes)).remove(u'\r');
+}
+
 class Workshop
 {
 public:
@@ -108,22 +114,27 @@ public:
     }
 
     /// Runs the tool for this folder, without waiting for the program's end.
-    Ended run(const QStringList &arguments) const { return start(u"exec \"$0\" \"$@\""_s, arguments); }
+    Ended run(const QStringList &arguments) const { return ended(QStringLiteral(FERRAMENTA), options() + arguments); }
 
     /// The same by a line of the shell, in which "$0" is the tool and "$@" are its arguments.
     Ended start(const QString &line, const QStringList &arguments) const
     {
-        QProcess tool;
-        tool.start(u"/bin/sh"_s,
-                   QStringList{u"-c"_s, line, QStringLiteral(FERRAMENTA), u"--pasta"_s, path(), u"--espera"_s, u"0"_s} +
-                       arguments);
-        tool.waitForFinished(120'000);
-        return {.code = tool.exitStatus() == QProcess::NormalExit ? tool.exitCode() : -1,
-                .output = QString::fromUtf8(tool.readAllStandardOutput()),
-                .errors = QString::fromUtf8(tool.readAllStandardError())};
+        return ended(u"/bin/sh"_s, QStringList{u"-c"_s, line, QStringLiteral(FERRAMENTA)} + options() + arguments);
     }
 
 private:
+    QStringList options() const { return {u"--pasta"_s, path(), u"--espera"_s, u"0"_s}; }
+
+    static Ended ended(const QString &program, const QStringList &arguments)
+    {
+        QProcess tool;
+        tool.start(program, arguments);
+        tool.waitForFinished(120'000);
+        return {.code = tool.exitStatus() == QProcess::NormalExit ? tool.exitCode() : -1,
+                .output = said(tool.readAllStandardOutput()),
+                .errors = said(tool.readAllStandardError())};
+    }
+
     QTemporaryDir folder_;
 };
 

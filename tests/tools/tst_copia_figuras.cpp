@@ -26,8 +26,10 @@ private slots:
     void aCopyHoldsThePicturesAlone();
     void theLastTenStay();
     void withoutPicturesThereIsNoCopy();
+#ifdef Q_OS_UNIX // a shell takes the disk away
     void aFullTargetIsToldAndLosesNothing_data();
     void aFullTargetIsToldAndLosesNothing();
+#endif
     void killsInTheMiddleLeaveNothingThatLooksLikeACopy();
     void aRestoringPutsThePicturesBackAndKeepsTheOthers();
     void aRestoringDoesNotWaitForTheProgram();
@@ -37,14 +39,31 @@ private slots:
     void aDamagedCopyRestoresNothing_data();
     void aDamagedCopyRestoresNothing();
     void noCopyIsTold();
+#ifdef Q_OS_UNIX // a shell takes the disk away
     void aFullDiskIsToldAndChangesNothing();
+#endif
 
 private:
-    Ended copy() const { return workshop_->run({u"figuras"_s, workshop_->copies()}); }
-    Ended restore() const { return workshop_->run({u"restaura-figuras"_s, workshop_->copies()}); }
-    QStringList made() const { return workshop_->madeCopies(u"FIGURAS-*"_s); }
-    QString picture(const QString &name) const { return workshop_->path(u"DADOS/"_s + name); }
-    QStringList data() const { return names(workshop_->path(u"DADOS"_s)); }
+    Ended copy() const
+    {
+        return workshop_->run({u"figuras"_s, workshop_->copies()});
+    }
+    Ended restore() const
+    {
+        return workshop_->run({u"restaura-figuras"_s, workshop_->copies()});
+    }
+    QStringList made() const
+    {
+        return workshop_->madeCopies(u"FIGURAS-*"_s);
+    }
+    QString picture(const QString &name) const
+    {
+        return workshop_->path(u"DADOS/"_s + name);
+    }
+    QStringList data() const
+    {
+        return names(workshop_->path(u"DADOS"_s));
+    }
     QString kept() const
     {
         return picture(QDir(workshop_->path(u"DADOS"_s)).entryList({u"FIGURAS-antes-*"_s}, QDir::Dirs).value(0));
@@ -99,6 +118,8 @@ void TestCopiaFiguras::withoutPicturesThereIsNoCopy()
     QCOMPARE(names(workshop_->copies()), QStringList());
 }
 
+#ifdef Q_OS_UNIX
+
 void TestCopiaFiguras::aFullTargetIsToldAndLosesNothing_data()
 {
     QTest::addColumn<int>("blocks");
@@ -117,6 +138,8 @@ void TestCopiaFiguras::aFullTargetIsToldAndLosesNothing()
     QVERIFY2(ended.errors.startsWith(u"Não foi possível gravar em:\n"), qPrintable(ended.errors));
     QCOMPARE(names(workshop_->copies()), before);
 }
+
+#endif
 
 void TestCopiaFiguras::killsInTheMiddleLeaveNothingThatLooksLikeACopy()
 {
@@ -245,6 +268,8 @@ void TestCopiaFiguras::noCopyIsTold()
              u"Não há nenhuma cópia das figuras em:\n%1\n\nNada foi mudado.\n"_s.arg(workshop_->copies()));
 }
 
+#ifdef Q_OS_UNIX
+
 void TestCopiaFiguras::aFullDiskIsToldAndChangesNothing()
 {
     QCOMPARE(copy().code, 0);
@@ -257,6 +282,8 @@ void TestCopiaFiguras::aFullDiskIsToldAndChangesNothing()
     QCOMPARE(contents(picture(u"logo.bmp"_s)).size(), 299'002);
     QCOMPARE(data(), before);
 }
+
+#endif
 
 QTEST_GUILESS_MAIN(TestCopiaFiguras)
 #include "tst_copia_figuras.moc"
