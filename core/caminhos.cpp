@@ -85,7 +85,15 @@ void ligaNomes([[maybe_unused]] const QString &pasta)
 /// longest path below the program folder is the database's.
 constexpr auto bancoNaPasta = u"\\DADOS\\DADOS.MDB";
 constexpr int maiorCaminho = 254;
+
+#ifdef Q_OS_WIN
+/// The database engine opens paths of up to 259 characters here, and a restoring keeps what was there under a name of
+/// its own.
+constexpr auto maisLongoNaPasta = u"\\DADOS\\DADOS-antes-2024-05-15-103000.MDB.gravando-01234567";
+const qsizetype maiorPasta = 259 - QStringView(maisLongoNaPasta).size();
+#else
 const qsizetype maiorPasta = maiorCaminho - QStringView(bancoNaPasta).size();
+#endif
 
 bool voltaDasConfiguracoes(const QString &texto)
 {
@@ -96,7 +104,7 @@ bool voltaDasConfiguracoes(const QString &texto)
 }
 
 /// Both kinds of slash part folders in the program's texts.
-bool temBarraNoNome(const QString &pasta)
+bool temBarraNoNome([[maybe_unused]] const QString &pasta)
 {
 #ifdef Q_OS_WIN
     return false;

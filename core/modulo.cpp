@@ -3,6 +3,7 @@
 #include "core/caminhos.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
@@ -60,8 +61,8 @@ QString shipped(const QString &name)
 
 void setPath(const QString &path)
 {
-    pasta() = path;
-    while (pasta().size() > 1 && pasta().endsWith(u'/')) {
+    pasta() = QDir::toNativeSeparators(path);
+    while (pasta().size() > 1 && pasta().endsWith(QDir::separator())) {
         pasta().chop(1);
     }
 }

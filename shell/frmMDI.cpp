@@ -39,7 +39,7 @@ void avisaCritico(const QString &texto)
 /// A path as the user knows it: from the program folder on.
 QString dentroDaPasta(const QString &arquivo)
 {
-    return QDir(core::App::Path()).relativeFilePath(arquivo);
+    return QDir::toNativeSeparators(QDir(core::App::Path() + u'/').relativeFilePath(arquivo));
 }
 
 } // namespace

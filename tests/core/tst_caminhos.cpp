@@ -15,6 +15,18 @@
 
 using namespace Qt::StringLiterals;
 
+namespace
+{
+
+/// The longest path of a program folder.
+#ifdef Q_OS_WIN
+constexpr int longest = 201;
+#else
+constexpr int longest = 238;
+#endif
+
+} // namespace
+
 class TestCaminhos : public QObject
 {
     Q_OBJECT
@@ -23,7 +35,14 @@ private slots:
     void init();
     void findsNamesWhateverTheirCase_data();
     void findsNamesWhateverTheirCase();
+#ifdef Q_OS_UNIX
     void prefersTheNameAsItIsWritten();
+#endif
+#ifdef Q_OS_WIN
+    void takesPathsAsThisSystemWritesThem_data();
+    void takesPathsAsThisSystemWritesThem();
+    void aDriveMayBeTheProgramFolder();
+#endif
     void keepsWhatDoesNotExist();
     void resolvesRelativePaths();
     void absolutePathsDoNotDependOnTheCurrentFolder();
@@ -96,6 +115,8 @@ void TestCaminhos::findsNamesWhateverTheirCase()
              QFileInfo(pasta_->filePath(u"DADOS/Logo.bmp"_s)).canonicalFilePath());
 }
 
+#ifdef Q_OS_UNIX
+
 void TestCaminhos::prefersTheNameAsItIsWritten()
 {
     cria(u"a.txt"_s);
@@ -103,6 +124,38 @@ void TestCaminhos::prefersTheNameAsItIsWritten()
     QCOMPARE(core::caminho(pasta_->path() + u"\\a.txt"_s), pasta_->filePath(u"a.txt"_s));
     QCOMPARE(core::caminho(pasta_->path() + u"\\A.TXT"_s), pasta_->filePath(u"A.TXT"_s));
 }
+
+#endif
+
+#ifdef Q_OS_WIN
+
+void TestCaminhos::takesPathsAsThisSystemWritesThem_data()
+{
+    QTest::addColumn<QString>("texto");
+    QTest::addColumn<QString>("caminho");
+    QTest::newRow("a drive") << u"C:\\Oficina\\DADOS\\DADOS.MDB"_s << u"C:/Oficina/DADOS/DADOS.MDB"_s;
+    QTest::newRow("both kinds of slash") << u"c:/Oficina\\DADOS.MDB"_s << u"c:/Oficina/DADOS.MDB"_s;
+    QTest::newRow("another machine") << u"\\\\SERVIDOR\\oficina\\DADOS.MDB"_s << u"//SERVIDOR/oficina/DADOS.MDB"_s;
+}
+
+void TestCaminhos::takesPathsAsThisSystemWritesThem()
+{
+    QFETCH(const QString, texto);
+    QTEST(core::caminho(texto), "caminho");
+    QVERIFY(QFileInfo(core::caminho(texto)).isAbsolute());
+}
+
+/// A pen drive, with the program beside its data.
+void TestCaminhos::aDriveMayBeTheProgramFolder()
+{
+    core::App::setPath(u"E:/"_s);
+    QCOMPARE(core::App::Path(), u"E:"_s);
+    QCOMPARE(core::caminho(core::App::Path() + u"\\config.ini"_s), u"E:/config.ini"_s);
+    core::App::setPath(u"C:/Oficina do Zé/"_s);
+    QCOMPARE(core::App::Path(), u"C:\\Oficina do Zé"_s);
+}
+
+#endif
 
 void TestCaminhos::keepsWhatDoesNotExist()
 {
@@ -176,7 +229,7 @@ void TestCaminhos::aPackageIsTheUsersWhoeverStartsIt()
 void TestCaminhos::keepsThePathWithoutItsLastSlash()
 {
     core::App::setPath(u"/algum/lugar/"_s);
-    QCOMPARE(core::App::Path(), u"/algum/lugar"_s);
+    QCOMPARE(core::App::Path(), QDir::toNativeSeparators(u"/algum/lugar"_s));
     QCOMPARE(core::App::version(), u"2.1.34"_s);
 }
 
@@ -402,22 +455,23 @@ void TestCaminhos::tellsWhatAPathMayNotHave_data()
 #ifdef Q_OS_UNIX
     QTest::newRow("a backslash") << u"oficina\\nova"_s << letras;
 #endif
-    QTest::newRow("239 characters")
-        << QString(239, u'x')
-        << u"O caminho da pasta tem 239 caracteres e pode ter no máximo 238.\n\nMude o programa para uma pasta de "
-           "caminho mais curto."_s;
+    QTest::newRow("a character too many")
+        << QString(longest + 1, u'x')
+        << u"O caminho da pasta tem %1 caracteres e pode ter no máximo %2.\n\nMude o programa para uma pasta de "
+           "caminho mais curto."_s.arg(longest + 1)
+               .arg(longest);
 }
 
 void TestCaminhos::tellsWhatAPathMayNotHave()
 {
     QFETCH(const QString, nome);
     QFETCH(const QString, problema);
-    const bool longo = nome.size() > 200;
+    const bool longo = nome.size() >= longest;
     const QString pasta =
         longo ? pasta_->path() + u'/' + nome.chopped(pasta_->path().size() + 1) : pasta_->filePath(nome);
     QVERIFY(QDir().mkpath(pasta));
     QCOMPARE(core::defeitoDaPasta(pasta),
-             u"A pasta do programa não pode ser usada:\n"_s + pasta + u"\n\n"_s + problema);
+             u"A pasta do programa não pode ser usada:\n"_s + QDir::toNativeSeparators(pasta) + u"\n\n"_s + problema);
     QVERIFY(QDir(pasta).isEmpty());
 }
 
@@ -426,14 +480,14 @@ void TestCaminhos::takesThePathsThatItsSettingsTake_data()
     QTest::addColumn<QString>("nome");
     QTest::newRow("accents") << u"Oficina São João ção"_s;
     QTest::newRow("signs of the code page") << u"R$ 5,00 € “Zé” – nº 1;[x]=y"_s;
-    QTest::newRow("238 characters") << QString(238, u'x');
+    QTest::newRow("as long as it may be") << QString(longest, u'x');
 }
 
 /// To the file and back: the database of such a folder is found again.
 void TestCaminhos::takesThePathsThatItsSettingsTake()
 {
     QFETCH(const QString, nome);
-    const bool longo = nome.size() > 200;
+    const bool longo = nome.size() >= longest;
     const QString pasta =
         longo ? pasta_->path() + u'/' + nome.chopped(pasta_->path().size() + 1) : pasta_->filePath(nome);
     QVERIFY(QDir().mkpath(pasta));
@@ -441,7 +495,7 @@ void TestCaminhos::takesThePathsThatItsSettingsTake()
     core::App::setPath(pasta);
     core::ArquivoINI = pasta + u"\\config.ini"_s;
     core::CarregaConfig();
-    QCOMPARE(core::LeINI(u"Config"_s, u"FileDB"_s, false), pasta + u"\\DADOS\\DADOS.MDB"_s);
+    QCOMPARE(core::LeINI(u"Config"_s, u"FileDB"_s, false), QDir::toNativeSeparators(pasta) + u"\\DADOS\\DADOS.MDB"_s);
 }
 
 QTEST_GUILESS_MAIN(TestCaminhos)

@@ -178,7 +178,8 @@ private slots:
         shell::principal().MDIForm_Load();
         printer::printer().Print(u"ORDEM"_s);
         printer::printer().EndDoc();
-        QCOMPARE(support::text(&shell::principal(), u"lblMensagem"_s), u"impresso em impressos/0001.pdf"_s);
+        QCOMPARE(support::text(&shell::principal(), u"lblMensagem"_s),
+                 u"impresso em "_s + QDir::toNativeSeparators(u"impressos/0001.pdf"_s));
     }
 
     void longWorkShowsInThePlaceOfTheMessage()
