@@ -1,6 +1,7 @@
 #include "platform/runtime/error.h"
 #include "platform/runtime/shell.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -18,13 +19,18 @@ private slots:
     void aBatchFileIsStarted();
     void itIsNotWaitedFor();
     void itWorksInItsFolderAndWaitsForNoKeys();
-    void itOutlivesTheProgram();
     void whatIsNotThereIsError53_data();
     void whatIsNotThereIsError53();
+#ifdef Q_OS_UNIX
+    void itOutlivesTheProgram();
     void whatCanNotBeStartedIsError5();
+#endif
 
 private:
-    QString path(const QString &name) const { return folder_->filePath(name); }
+    QString path(const QString &name) const
+    {
+        return folder_->filePath(name);
+    }
     QString batch(const QByteArray &text, bool executable = true, const QString &name = u"COPIA DO ZÉ.BAT"_s) const
     {
         QFile file(path(name));
@@ -57,11 +63,16 @@ void tst_shell::aBatchFileIsStarted_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<bool>("executable");
+#ifdef Q_OS_WIN
+    QTest::newRow("of this system") << QByteArray("@echo off\r\necho sim>marca\r\n") << true;
+    QTest::newRow("by its own path") << QByteArray("@echo sim>\"%~dp0marca\"\r\n") << true;
+#else
     QTest::newRow("by itself") << QByteArray("#!/bin/sh\necho sim >marca\n") << true;
     QTest::newRow("by another interpreter") << QByteArray("#!/usr/bin/env -S sed -n -e 2wmarca\nsim\n") << true;
     QTest::newRow("without the right") << QByteArray("#!/bin/sh\necho sim >marca\n") << false;
     QTest::newRow("without an interpreter") << QByteArray("echo sim >marca\n") << true;
     QTest::newRow("neither") << QByteArray("echo sim >marca\n") << false;
+#endif
 }
 
 void tst_shell::aBatchFileIsStarted()
@@ -74,7 +85,11 @@ void tst_shell::aBatchFileIsStarted()
 
 void tst_shell::itIsNotWaitedFor()
 {
+#ifdef Q_OS_WIN
+    runtime::Shell(batch("@echo off\r\n:espera\r\nif not exist segue goto espera\r\necho sim>marca\r\n"));
+#else
     runtime::Shell(batch("#!/bin/sh\nwhile [ ! -e segue ]; do sleep 0.05; done\necho sim >marca\n"));
+#endif
     QCOMPARE(mark(), QByteArray("(none)"));
     QFile(path(u"segue"_s)).open(QIODevice::WriteOnly);
     QTRY_COMPARE(mark(), QByteArray("sim"));
@@ -82,20 +97,13 @@ void tst_shell::itIsNotWaitedFor()
 
 void tst_shell::itWorksInItsFolderAndWaitsForNoKeys()
 {
+#ifdef Q_OS_WIN // in a console of its own, where somebody may press one
+    runtime::Shell(batch("@cd>marca\r\n"));
+    QTRY_COMPARE(mark(), QDir::toNativeSeparators(folder_->path()).toLocal8Bit());
+#else
     runtime::Shell(batch("#!/bin/sh\nread -r tecla\n[ -t 1 ] || { pwd; echo \"[$tecla]\"; } >marca\n"));
     QTRY_COMPARE(mark(), folder_->path().toUtf8() + "\n[]");
-}
-
-/// A session of its own: what ends the program's leaves it alone.
-void tst_shell::itOutlivesTheProgram()
-{
-    const auto session = [](const QByteArray &stat) { return stat.split(' ').value(5).toInt(); };
-    runtime::Shell(batch("#!/bin/sh\ncat /proc/$$/stat >marca.novo; mv marca.novo marca\n", true, u"s.BAT"_s));
-    QTRY_VERIFY(mark() != "(none)");
-    QFile own(u"/proc/self/stat"_s);
-    QVERIFY(own.open(QIODevice::ReadOnly));
-    QVERIFY(session(mark()) > 0);
-    QVERIFY(session(mark()) != session(own.readAll()));
+#endif
 }
 
 void tst_shell::whatIsNotThereIsError53_data()
@@ -112,10 +120,26 @@ void tst_shell::whatIsNotThereIsError53()
     QCOMPARE(errorOf(path(name)), 53);
 }
 
+#ifdef Q_OS_UNIX
+
+/// A session of its own: what ends the program's leaves it alone.
+void tst_shell::itOutlivesTheProgram()
+{
+    const auto session = [](const QByteArray &stat) { return stat.split(' ').value(5).toInt(); };
+    runtime::Shell(batch("#!/bin/sh\ncat /proc/$$/stat >marca.novo; mv marca.novo marca\n", true, u"s.BAT"_s));
+    QTRY_VERIFY(mark() != "(none)");
+    QFile own(u"/proc/self/stat"_s);
+    QVERIFY(own.open(QIODevice::ReadOnly));
+    QVERIFY(session(mark()) > 0);
+    QVERIFY(session(mark()) != session(own.readAll()));
+}
+
 void tst_shell::whatCanNotBeStartedIsError5()
 {
     QCOMPARE(errorOf(batch("#!/ausente/interpretador\n")), 5);
 }
+
+#endif
 
 QTEST_GUILESS_MAIN(tst_shell)
 #include "tst_shell.moc"

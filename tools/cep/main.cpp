@@ -1,4 +1,5 @@
 // Makes the postal-code database out of a text file: cep [--latin1] [--substitui] ENTRADA.csv SAIDA.MDB
+#include "platform/runtime/console.h"
 #include "platform/runtime/runtime.h"
 #include "tools/cep/postais.h"
 
@@ -6,12 +7,6 @@
 #include <QElapsedTimer>
 
 #include <csignal>
-#include <cstdio>
-#ifdef Q_OS_WIN
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
 
 using namespace Qt::StringLiterals;
 
@@ -35,21 +30,6 @@ const QString uso = u"uso: %1 [--latin1] [--substitui] ENTRADA.csv SAIDA.MDB\n"
                     u"  --latin1     o texto está na página de código 1252 (sem isto: UTF-8)\n"
                     u"  --substitui  substitui o banco, se já existir\n"_s;
 
-bool emTerminal()
-{
-#ifdef Q_OS_WIN
-    return _isatty(_fileno(stdout)) != 0;
-#else
-    return isatty(STDOUT_FILENO) != 0;
-#endif
-}
-
-void escreve(const QString &texto, std::FILE *onde = stdout)
-{
-    std::fputs(qPrintable(texto), onde);
-    std::fflush(onde);
-}
-
 QString quantos(qint64 ceps)
 {
     return runtime::Format(static_cast<double>(ceps), u"#,##0") + (ceps == 1 ? u" CEP"_s : u" CEPs"_s);
@@ -65,7 +45,7 @@ public:
     {
         if (terminal_ && porcento != mostrado_) {
             mostrado_ = porcento;
-            escreve(u"\r%1 % (%2)"_s.arg(porcento, 3).arg(quantos(ceps)));
+            runtime::print(u"\r%1 % (%2)"_s.arg(porcento, 3).arg(quantos(ceps)));
         }
         return interrompido == 0;
     }
@@ -73,13 +53,13 @@ public:
     void apaga()
     {
         if (mostrado_ >= 0) {
-            escreve(u"\r%1\r"_s.arg(QString(), 40));
+            runtime::print(u"\r%1\r"_s.arg(QString(), 40));
             mostrado_ = -1;
         }
     }
 
 private:
-    const bool terminal_ = emTerminal();
+    const bool terminal_ = runtime::isTerminal(stdout);
     int mostrado_ = -1;
 };
 
@@ -116,12 +96,12 @@ void faz(const ceps::Pedido &pedido)
         pedido, [&mostrador](int porcento, qint64 ateAqui) { return mostrador.mostra(porcento, ateAqui); });
     mostrador.apaga();
     const QString segundos = runtime::Format(static_cast<double>(relogio.elapsed()) / 1000, u"0.0");
-    escreve(u"%1: %2 em %3 s.\n"_s.arg(pedido.saida, quantos(ceps), segundos));
+    runtime::print(u"%1: %2 em %3 s.\n"_s.arg(pedido.saida, quantos(ceps), segundos));
 }
 
 int recusa(const QString &motivo)
 {
-    escreve(QCoreApplication::applicationName() + u": "_s + motivo + u'\n', stderr);
+    runtime::print(QCoreApplication::applicationName() + u": "_s + motivo + u'\n', stderr);
     return falhou;
 }
 
@@ -132,7 +112,7 @@ int main(int argc, char **argv)
     const QCoreApplication programa(argc, argv);
     const std::optional<ceps::Pedido> pedido = lePedido(QCoreApplication::arguments().mid(1));
     if (!pedido) {
-        escreve(uso.arg(QCoreApplication::applicationName()), stderr);
+        runtime::print(uso.arg(QCoreApplication::applicationName()), stderr);
         return malChamado;
     }
     std::signal(SIGINT, interrompe);

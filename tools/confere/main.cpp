@@ -1,14 +1,13 @@
 // Examines a workshop's database and changes nothing in it: tarvelo-confere [--tudo] [ARQUIVO|PASTA]
 #include "core/modulo.h"
 #include "platform/dao/database.h"
+#include "platform/runtime/console.h"
 #include "platform/runtime/runtime.h"
 #include "tools/confere/arquivo.h"
 #include "tools/confere/relatorio.h"
 
 #include <QCoreApplication>
 #include <QStandardPaths>
-
-#include <cstdio>
 
 using namespace Qt::StringLiterals;
 
@@ -34,12 +33,6 @@ const QString uso = u"uso: tarvelo-confere [--tudo] [ARQUIVO|PASTA]\n"
                     u"\n"
                     u"Resultado ao sair: 0 nada foi encontrado, 1 há erros ou avisos, 2 o arquivo não pôde ser\n"
                     u"lido ou o comando não foi entendido.\n"_s;
-
-void escreve(const QString &texto, std::FILE *onde = stdout)
-{
-    std::fputs(qPrintable(texto), onde);
-    std::fflush(onde);
-}
 
 struct Pedido {
     QString alvo;
@@ -67,11 +60,11 @@ std::optional<Pedido> lePedido(const QStringList &argumentos)
 
 void mostraAjuda()
 {
-    escreve(uso + u"\nO que é conferido:\n"_s);
+    runtime::print(uso + u"\nO que é conferido:\n"_s);
     for (const confere::Conferencia &conferencia : confere::Conferencias()) {
-        escreve(u"  %1 (%2): %3\n"_s.arg(conferencia.nome,
-                                         conferencia.nivel == confere::Nivel::Erro ? u"erro"_s : u"aviso"_s,
-                                         conferencia.pergunta));
+        runtime::print(u"  %1 (%2): %3\n"_s.arg(conferencia.nome,
+                                                conferencia.nivel == confere::Nivel::Erro ? u"erro"_s : u"aviso"_s,
+                                                conferencia.pergunta));
     }
 }
 
@@ -89,10 +82,10 @@ Saida confereArquivo(const Pedido &pedido)
     dao::DBEngine::SetLockWait(maiorEspera);
     try {
         const confere::Relatorio relatorio = confere::Confere(arquivoDe(pedido));
-        escreve(confere::Texto(relatorio, pedido.tudo));
+        runtime::print(confere::Texto(relatorio, pedido.tudo));
         return relatorio.nadaAchado() ? nadaAchado : algoAchado;
     } catch (const runtime::RuntimeError &erro) {
-        escreve(u"tarvelo-confere: "_s + confere::Explica(erro) + u'\n', stderr);
+        runtime::print(u"tarvelo-confere: "_s + confere::Explica(erro) + u'\n', stderr);
         return naoLido;
     }
 }
@@ -104,7 +97,7 @@ int main(int argc, char **argv)
     const QCoreApplication programa(argc, argv);
     const std::optional<Pedido> pedido = lePedido(QCoreApplication::arguments().mid(1));
     if (!pedido) {
-        escreve(uso, stderr);
+        runtime::print(uso, stderr);
         return naoLido;
     }
     if (pedido->ajuda) {

@@ -1,6 +1,7 @@
 // Copies the database and the pictures of a program folder, and brings copies back. The batch files call it.
 #include "core/modulo.h"
 #include "platform/files/files.h"
+#include "platform/runtime/console.h"
 #include "platform/runtime/error.h"
 #include "tools/copia/banco.h"
 #include "tools/copia/figuras.h"
@@ -11,7 +12,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -111,24 +111,18 @@ std::optional<Chamada> leChamada(QStringList argumentos)
     return chamada;
 }
 
-void escreve(const QString &texto, std::FILE *onde)
-{
-    std::fputs(qPrintable(texto), onde);
-    std::fflush(onde);
-}
-
 int executa(const Operacao &operacao, Chamada chamada)
 {
     if (chamada.pasta.isEmpty()) {
         chamada.pasta = core::App::Path();
     }
     try {
-        escreve(operacao.faz(chamada) + u'\n', stdout);
+        runtime::print(operacao.faz(chamada) + u'\n');
         return feito;
     } catch (const copias::Erro &erro) {
-        escreve(erro.texto() + u'\n', stderr);
+        runtime::print(erro.texto() + u'\n', stderr);
     } catch (const runtime::RuntimeError &erro) {
-        escreve(erro.description() + u'\n', stderr);
+        runtime::print(erro.description() + u'\n', stderr);
     }
     return falhou;
 }
@@ -141,7 +135,7 @@ int main(int argc, char **argv)
     const QCoreApplication programa(argc, argv);
     const QStringList argumentos = QCoreApplication::arguments().mid(1);
     if (argumentos == QStringList{u"--ajuda"_s}) {
-        escreve(uso, stdout);
+        runtime::print(uso);
         return feito;
     }
     const std::optional<Chamada> chamada = leChamada(argumentos);
@@ -152,6 +146,6 @@ int main(int argc, char **argv)
             }
         }
     }
-    escreve(uso, stderr);
+    runtime::print(uso, stderr);
     return malChamado;
 }
