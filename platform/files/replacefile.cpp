@@ -9,6 +9,7 @@
 #include <QRegularExpression>
 
 #ifdef Q_OS_WIN
+#include <QThread>
 #include <io.h>
 #include <windows.h>
 #else
@@ -55,13 +56,30 @@ void takeAway(QFile &draft)
     draft.remove();
 }
 
+bool move(const QString &from, const QString &to)
+{
+    const QString source = QDir::toNativeSeparators(from);
+    const QString target = QDir::toNativeSeparators(to);
+    return MoveFileExW(reinterpret_cast<const wchar_t *>(source.utf16()),
+                       reinterpret_cast<const wchar_t *>(target.utf16()),
+                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+}
+
+/// Who reads either file just now - a virus scanner, another workstation - keeps it from being replaced for a moment.
 bool putInPlace(QFile &draft, const QString &path)
 {
+    constexpr int mostTries = 50;
+    constexpr unsigned long pause = 20; // milliseconds: a second in all
     draft.close();
-    const QString from = QDir::toNativeSeparators(draft.fileName());
-    const QString to = QDir::toNativeSeparators(path);
-    return MoveFileExW(reinterpret_cast<const wchar_t *>(from.utf16()), reinterpret_cast<const wchar_t *>(to.utf16()),
-                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+    for (int tries = 1; !move(draft.fileName(), path); ++tries) {
+        const auto error = GetLastError();
+        const bool inUse = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
+        if (!inUse || tries == mostTries || isReadOnly(path)) {
+            return false;
+        }
+        QThread::msleep(pause);
+    }
+    return true;
 }
 
 #else

@@ -50,14 +50,17 @@ private slots:
     void init();
     void cleanup() { folder_.reset(); }
 
+#ifdef Q_OS_UNIX // a shell takes the writer's disk away, or stands in for it
     void aLimitOnFilesLeavesTheOldOneWhole_data();
     void aLimitOnFilesLeavesTheOldOneWhole();
     void aFullDiskLeavesTheOldOneWhole();
     void aBrokenDiskLeavesTheOldOneWhole();
     void theFileIsOnTheDiskBeforeItHasItsName();
+#endif
     void killsInTheMiddleLeaveTheOldOrTheNewOne();
     void leftoversOfTheDeadAreCleared();
     void whatSomebodyStillWritesStays();
+    void whoReadsItForAMomentHindersNoWrite();
     void copiesOfTheUserStay();
     void aLinkStaysALink();
     void theFileKeepsItsRights();
@@ -65,11 +68,19 @@ private slots:
     void aPipeIsNoSettingsFile();
 
 private:
-    QString path(const QString &name = u"config.ini"_s) const { return folder_->filePath(name); }
-    QStringList names() const { return QDir(folder_->path()).entryList(QDir::Files | QDir::Hidden | QDir::System); }
+    QString path(const QString &name = u"config.ini"_s) const
+    {
+        return folder_->filePath(name);
+    }
+    QStringList names() const
+    {
+        return QDir(folder_->path()).entryList(QDir::Files | QDir::Hidden | QDir::System);
+    }
     QByteArray stored() const;
     void put(const QString &name, const QByteArray &contents) const;
+#ifdef Q_OS_UNIX
     QByteArray runWriter(const QString &command, const QString &disk = {}) const;
+#endif
 
     std::unique_ptr<QTemporaryDir> folder_;
 };
@@ -92,6 +103,8 @@ QByteArray tst_safewrite::stored() const
     QFile file(path());
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
 }
+
+#ifdef Q_OS_UNIX
 
 /// Runs a shell command in which $0 is the writer and $1 the settings file, and gives what it prints.
 QByteArray tst_safewrite::runWriter(const QString &command, const QString &disk) const
@@ -157,6 +170,8 @@ void tst_safewrite::theFileIsOnTheDiskBeforeItHasItsName()
              "file " + size + "\nrename " + size + "\nfolder 0\n1");
 }
 
+#endif
+
 /// Each time the file has to hold a number that was written, not older than the last one that was told.
 void tst_safewrite::killsInTheMiddleLeaveTheOldOrTheNewOne()
 {
@@ -199,15 +214,31 @@ void tst_safewrite::leftoversOfTheDeadAreCleared()
 
 void tst_safewrite::whatSomebodyStillWritesStays()
 {
-#ifdef Q_OS_UNIX
     const QString name = u"config.ini.gravando-0123abcd"_s;
     put(name, "[Con");
     QFile held(path(name));
     QVERIFY(held.open(QIODevice::WriteOnly));
+#ifdef Q_OS_UNIX
     QCOMPARE(::flock(held.handle(), LOCK_EX | LOCK_NB), 0);
+#endif
     QVERIFY(ini::writeProfile(u"Config"_s, u"Nome"_s, u"DEPOIS"_s, path()));
     QCOMPARE(names(), (QStringList{u"config.ini"_s, name}));
-#endif
+}
+
+/// A virus scanner, or another workstation that starts.
+void tst_safewrite::whoReadsItForAMomentHindersNoWrite()
+{
+    QFile read(path());
+    QVERIFY(read.open(QIODevice::ReadOnly));
+    std::thread reader([&read] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        read.close();
+    });
+    const bool written = ini::writeProfile(u"Config"_s, u"Nome"_s, u"DEPOIS"_s, path());
+    reader.join();
+    QVERIFY(written);
+    QCOMPARE(stored(), settings("DEPOIS"));
+    QCOMPARE(names(), QStringList{u"config.ini"_s});
 }
 
 void tst_safewrite::copiesOfTheUserStay()
