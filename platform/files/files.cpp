@@ -43,7 +43,17 @@ bool createForGroup(const QString &path)
 {
     QFile file(path);
     // Closed from its first moment on; the user's own setting may take more away than is wanted.
-    return file.open(QIODevice::WriteOnly | QIODevice::NewOnly, forUserAndGroup) && restrictToGroup(path);
+    return openNew(file, QIODevice::WriteOnly, forUserAndGroup) && restrictToGroup(path);
+}
+
+bool openNew(QFile &file, QIODevice::OpenMode mode, [[maybe_unused]] QFile::Permissions rights)
+{
+#ifdef Q_OS_WIN
+    // Rights given here would be a list of their own, without the other users of the folder.
+    return file.open(mode | QIODevice::NewOnly);
+#else
+    return file.open(mode | QIODevice::NewOnly, rights);
+#endif
 }
 
 bool restrictToGroup(const QString &path)

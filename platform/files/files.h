@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFile>
 #include <QString>
 
 namespace files
@@ -15,6 +16,10 @@ void keepToGroup();
 
 /// Makes a new, empty file with those rights; false where there is one already, or none can be made.
 bool createForGroup(const QString &path);
+
+/// Makes the file and opens it; false where there is one already, or none can be made. It has `rights` from its first
+/// moment on, on Windows those of its folder: whoever shares that shares the file.
+bool openNew(QFile &file, QIODevice::OpenMode mode, QFile::Permissions rights);
 
 /// Gives a file that exists those same rights. Programs and scripts stay startable.
 bool restrictToGroup(const QString &path);

@@ -148,7 +148,7 @@ bool openDraft(QFile &draft, const QString &path)
     for (int tries = 0; tries < mostTries; ++tries) {
         const auto number = QRandomGenerator::global()->generate();
         draft.setFileName(path + draftMark + QString::number(number, 16).rightJustified(8, u'0'));
-        if (draft.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered, forItsWriter)) {
+        if (openNew(draft, QIODevice::WriteOnly | QIODevice::Unbuffered, forItsWriter)) {
             if (hold(draft) && isToBeFound(draft)) {
                 return true;
             }

@@ -1,4 +1,5 @@
 #include "platform/files/files.h"
+#include "platform/files/replacefile.h"
 
 #include <QDir>
 #include <QFile>
@@ -7,6 +8,9 @@
 
 #ifdef Q_OS_UNIX
 #include <sys/stat.h>
+#endif
+#ifdef Q_OS_WIN
+#include <windows.h>
 #endif
 
 using namespace Qt::StringLiterals;
@@ -21,6 +25,11 @@ private slots:
 
     void onlyFilesAreOrdinary();
     void aMarkedFileIsReadOnly();
+    void aNewFileIsNobodyElses();
+#ifdef Q_OS_WIN
+    void whatIsCreatedHasTheRightsOfItsFolder_data();
+    void whatIsCreatedHasTheRightsOfItsFolder();
+#endif
 #ifdef Q_OS_UNIX
     void pipesAndDevicesAreNotOrdinary();
     void whatIsCreatedIsForUserAndGroup_data();
@@ -74,6 +83,65 @@ void tst_files::aMarkedFileIsReadOnly()
     QVERIFY(files::isReadOnly(path(u"a.txt"_s)));
     QVERIFY(!files::isReadOnly(path(u"ausente.txt"_s))); // it can be made
 }
+
+void tst_files::aNewFileIsNobodyElses()
+{
+    QFile file(path(u"a.txt"_s));
+    QVERIFY(files::openNew(file, QIODevice::WriteOnly, QFile::ReadOwner | QFile::WriteOwner));
+    QCOMPARE(file.write("a"), 1);
+    QFile second(path(u"a.txt"_s));
+    QVERIFY(!files::openNew(second, QIODevice::WriteOnly, QFile::ReadOwner | QFile::WriteOwner));
+    QFile nowhere(path(u"ausente/a.txt"_s));
+    QVERIFY(!files::openNew(nowhere, QIODevice::WriteOnly, QFile::ReadOwner | QFile::WriteOwner));
+}
+
+#ifdef Q_OS_WIN
+
+namespace
+{
+
+/// Who may do what with a file, as the system keeps it.
+QByteArray accessList(const QString &path)
+{
+    const auto *const name = reinterpret_cast<const wchar_t *>(path.utf16());
+    DWORD size = 0;
+    GetFileSecurityW(name, DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+    QByteArray list(static_cast<qsizetype>(size), '\0');
+    return GetFileSecurityW(name, DACL_SECURITY_INFORMATION, list.data(), size, &size) ? list : QByteArray();
+}
+
+} // namespace
+
+void tst_files::whatIsCreatedHasTheRightsOfItsFolder_data()
+{
+    QTest::addColumn<int>("way");
+    QTest::newRow("a new file") << 0;
+    QTest::newRow("an empty file") << 1;
+    QTest::newRow("a replaced file") << 2;
+}
+
+/// Another user of the shared folder reads and writes it too.
+void tst_files::whatIsCreatedHasTheRightsOfItsFolder()
+{
+    QFETCH(const int, way);
+    make(u"a.txt"_s);
+    const QByteArray usual = accessList(path(u"a.txt"_s));
+    QVERIFY(!usual.isEmpty());
+    QFile file(path(u"b.txt"_s));
+    switch (way) {
+    case 0:
+        QVERIFY(files::openNew(file, QIODevice::WriteOnly, QFile::ReadOwner | QFile::WriteOwner));
+        break;
+    case 1:
+        QVERIFY(files::createForGroup(file.fileName()));
+        break;
+    default:
+        QVERIFY(files::replaceFile(file.fileName(), "b"));
+    }
+    QCOMPARE(accessList(file.fileName()), usual);
+}
+
+#endif
 
 #ifdef Q_OS_UNIX
 
