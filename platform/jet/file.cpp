@@ -3,7 +3,7 @@
 #include "platform/jet/definition.h"
 #include "platform/jet/values.h"
 
-using namespace Qt::StringLiterals;
+#include <algorithm>
 
 namespace jet
 {
@@ -73,10 +73,11 @@ std::vector<Object> readCatalogue(const Pages &pages)
     if (!definition) {
         throw Damaged(Damage::Catalogue);
     }
-    const std::array places{definition->column(u"Id"), definition->column(u"Name"), definition->column(u"Type"),
-                            definition->column(u"Flags")};
-    const auto [id, name, type, flags] = places;
-    if (std::find(places.begin(), places.end(), -1) != places.end()) {
+    const int id = definition->column(u"Id");
+    const int name = definition->column(u"Name");
+    const int type = definition->column(u"Type");
+    const int flags = definition->column(u"Flags");
+    if (std::min({id, name, type, flags}) < 0) {
         throw Damaged(Damage::Catalogue);
     }
     std::vector<Object> objects;

@@ -53,7 +53,7 @@ void unmask(Page &page)
 // A password is hidden behind the day on which the file was made; an empty one is nothing but that day.
 bool hasPassword(const Page &page)
 {
-    const double created = numberAt<double>(page, createdAt);
+    const auto created = numberAt<double>(page, createdAt);
     const bool isDay = std::isfinite(created) && std::abs(created) < 1e9;
     const quint32 day = isDay ? static_cast<quint32>(static_cast<qint32>(created)) : 0;
     for (int i = 0; i < passwordSize; i += 4) {

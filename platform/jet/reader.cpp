@@ -13,7 +13,7 @@ namespace
 {
 
 // A frame is a batch of rows and one row more, with all its texts: those take two bytes where the file has one.
-constexpr qint64 frameRoom = 4 * 1024 * 1024;
+constexpr qint64 frameRoom = qint64{4} << 20;
 constexpr qint64 mostGrowth = 2;
 
 constexpr qint64 mostRowsOfPage = 256;
