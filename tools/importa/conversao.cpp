@@ -84,7 +84,9 @@ std::optional<FieldType> TipoDe(int tipoNaOrigem)
 }
 
 Conversor::Conversor(FieldType origem, dao::Field destino)
-    : destino_(std::move(destino)), mesmoTipo_(dao::valueType(origem) == dao::valueType(destino_.type))
+    : destino_(std::move(destino)),
+      mesmoTipo_(origem == destino_.type || (dao::valueType(origem) == dao::valueType(destino_.type) &&
+                                             destino_.type != FieldType::Byte)) // which holds less than it is read as
 {
 }
 
