@@ -37,6 +37,12 @@ QString leClaro(const QString &chave)
     return core::LeINI(u"Config"_s, chave, false);
 }
 
+/// The reason; what to do about it fills a box, not a line of the start.
+QString primeiraLinha(const QString &texto)
+{
+    return texto.section(u'\n', 0, 0);
+}
+
 } // namespace
 
 QString fundoDaTela(int larguraEmTwips)
@@ -168,7 +174,7 @@ void frmSplash::abreCEP()
             acrescenta(u" - Arquivo não encontrado!"_s);
             return;
         }
-        acrescenta(u" - "_s + erro.description());
+        acrescenta(u" - "_s + primeiraLinha(erro.description()));
         core::GravaINI(u"Config"_s, u"CEP"_s, u"Off"_s, true);
     }
 }
@@ -188,7 +194,7 @@ void frmSplash::iniciaBanco()
 
 void frmSplash::falhaDoBanco(const QString &descricao)
 {
-    acrescenta(u" - "_s + descricao + u'\n');
+    acrescenta(u" - "_s + primeiraLinha(descricao) + u'\n');
     ui::ClosingBox(u"Não foi possível abrir o banco de dados do sistema.\r\n"_s + descricao);
     ui::End();
 }

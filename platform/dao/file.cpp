@@ -55,7 +55,7 @@ void checkHeader(const QString &path, bool readOnly)
     }
     const QByteArray header = file.read(headerSize);
     if (isGenuineJet(header)) {
-        runtime::raise(3343, {shownName(path)}, runtime::Wording::GenuineJet);
+        runtime::raise(3343, {shownName(path), QFileInfo(path).fileName()}, runtime::Wording::GenuineJet);
     }
     if (!isOurs(header)) {
         runtime::raise(3343, {shownName(path)});

@@ -144,6 +144,7 @@ void tst_badfiles::aGenuineJetFileIsToldApart()
         QCOMPARE(error.number(), 3343);
         QVERIFY(error.description().contains(u"Jet"_s) && error.description().contains(u"convertido"_s));
         QVERIFY(error.description().contains(u"dados.mdb"_s));
+        QVERIFY(error.description().contains(u"\n\ntarvelo-importa ANTIGO.MDB \"dados.mdb\"\n\n"_s));
     }
 }
 

@@ -12,6 +12,7 @@ class tst_error : public QObject
 private slots:
     void everyNumberHasItsText_data();
     void everyNumberHasItsText();
+    void aGenuineJetFileIsToldWithWhatToDo();
     void argumentsFillThePlaces();
     void argumentsAreNotReadForPlaces();
     void placesWithoutArgumentStayEmpty();
@@ -57,6 +58,15 @@ void tst_error::everyNumberHasItsText()
 {
     QFETCH(int, number);
     QTEST(errorText(number, {u"<nome>"_s, u"<outro>"_s}), "text");
+}
+
+void tst_error::aGenuineJetFileIsToldWithWhatToDo()
+{
+    QCOMPARE(errorText(3343, {u"/oficina/DADOS.MDB"_s, u"DADOS.MDB"_s}, Wording::GenuineJet),
+             u"O arquivo '/oficina/DADOS.MDB' não é um banco de dados reconhecido. É um banco de dados Jet (.MDB) "
+             "genuíno e precisa ser convertido antes de ser usado.\n\nMude o nome dele para ANTIGO.MDB e, em um "
+             "computador com Linux, execute na pasta dele:\n\ntarvelo-importa ANTIGO.MDB \"DADOS.MDB\"\n\nO manual "
+             "ensina os passos, em \"Trazer os dados do sistema antigo\"."_s);
 }
 
 void tst_error::argumentsFillThePlaces()

@@ -10,6 +10,7 @@
 #include "shell/instancia.h"
 #include "shell/shell.h"
 #include "support/boxes.h"
+#include "support/diskfiles.h"
 #include "support/modal.h"
 #include "support/ordinaryuser.h"
 #include "support/program.h"
@@ -60,6 +61,19 @@ QString openingError(const QString &file, bool readOnly)
         return error.description();
     }
     return {};
+}
+
+void put(const QString &name, const QByteArray &bytes)
+{
+    QFile file(name);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(bytes), bytes.size());
+}
+
+/// The beginning of one is all that the program looks at.
+QByteArray genuineJet()
+{
+    return QByteArrayLiteral("\x00\x01\x00\x00Standard Jet DB\x00").leftJustified(4096, '\0');
 }
 
 /// Starts as the program does, looks as soon as the login is up, and takes the login away.
@@ -220,6 +234,38 @@ private slots:
         QVERIFY(!QGuiApplication::overrideCursor());
         QVERIFY(file.open(QIODevice::ReadOnly));
         QCOMPARE(file.readAll(), QByteArray(4096, 'x'));
+    }
+
+    /// Old data that somebody put in the place of the program's: the box says how they are brought over.
+    void genuineJetFileIsToldWithWhatToDo()
+    {
+        const QString name = folder_->filePath(u"DADOS/DADOS.MDB"_s);
+        const QByteArray bytes = genuineJet();
+        put(name, bytes);
+        support::Boxes boxes;
+        boxes.critical(
+            u"Não foi possível abrir o banco de dados do sistema.\r\nO arquivo '%1' não é um banco de dados "
+            "reconhecido. É um banco de dados Jet (.MDB) genuíno e precisa ser convertido antes de ser usado.\n\nMude "
+            "o nome dele para ANTIGO.MDB e, em um computador com Linux, execute na pasta dele:\n\ntarvelo-importa "
+            "ANTIGO.MDB \"DADOS.MDB\"\n\nO manual ensina os passos, em \"Trazer os dados do sistema antigo\"."_s.arg(
+                QDir::toNativeSeparators(name)));
+
+        QVERIFY_EXCEPTION_THROWN(ui::Forms::instance().Load(u"frmSplash"_s), ui::ProgramEnded);
+
+        boxes.finish();
+        QCOMPARE(support::contentsOf(name), bytes);
+        QCOMPARE(QDir(folder_->filePath(u"DADOS"_s)).entryList(QDir::Files), QStringList{u"DADOS.MDB"_s});
+    }
+
+    /// Postal codes are switched off, as for any file that fails; the line of the start has room for the reason alone.
+    void genuineJetPostalCodesAreToldInALine()
+    {
+        put(folder_->filePath(u"CEP.MDB"_s), genuineJet());
+        const Seen seen = start();
+        QVERIFY2(seen.status.contains(u"É um banco de dados Jet (.MDB) genuíno e precisa ser convertido antes de ser "
+                                      "usado.\nIniciando Banco de Dados - OK\n"_s),
+                 qPrintable(seen.status));
+        QCOMPARE(core::Config(u"CEP"_s), u"Off"_s);
     }
 
     void fileThatCannotBeCreatedIsToldWithItsFirstTable()

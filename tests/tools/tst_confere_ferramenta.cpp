@@ -94,6 +94,7 @@ private slots:
 
     void filesThatAreNone_data();
     void filesThatAreNone();
+    void oldDataAreToBeImported();
     void thePostalCodesAreNotTheMainDatabase();
     void aFileInUse();
     void anInterruptedWrite();
@@ -312,6 +313,17 @@ void TestConfereFerramenta::filesThatAreNone()
     QVERIFY2(ended.errors.startsWith(u"tarvelo-confere: O arquivo '%1' "_s.arg(file)), qPrintable(ended.errors));
     QVERIFY2(ended.errors.contains(words), qPrintable(ended.errors));
     QCOMPARE(contentsOf(file), bytes);
+}
+
+/// Its message tells what to do; a copy would not help.
+void TestConfereFerramenta::oldDataAreToBeImported()
+{
+    const QString file = path(u"outro.mdb"_s);
+    write(file, QByteArrayLiteral("\x00\x01\x00\x00Standard Jet DB\x00").leftJustified(4096, '\0'));
+    const Ended ended = run({file});
+    QCOMPARE(ended.code, 2);
+    QVERIFY2(ended.errors.contains(u"\ntarvelo-importa ANTIGO.MDB \"outro.mdb\"\n"_s), qPrintable(ended.errors));
+    QVERIFY2(!ended.errors.contains(u"cópia de segurança"_s), qPrintable(ended.errors));
 }
 
 void TestConfereFerramenta::thePostalCodesAreNotTheMainDatabase()

@@ -58,6 +58,9 @@ QString Explica(const runtime::RuntimeError &erro)
                    "tente de novo."_s;
         break;
     case 3343:
+        if (erro.description().contains(u"tarvelo-importa")) { // it says itself what to do with old data
+            break;
+        }
         conselho = u"Se este é o arquivo em que a oficina trabalha, restaure a última cópia de segurança."_s;
         break;
     case 3428:
