@@ -20,6 +20,8 @@ namespace
 
 constexpr auto pastaDados = u"DADOS";
 
+#ifndef Q_OS_WIN
+
 /// The name in the folder `pasta`, "" or with a slash at its end, as it stands on disk; `nome` itself where there is
 /// none.
 QString nomeNoDisco(const QString &pasta, const QString &nome)
@@ -36,6 +38,8 @@ QString nomeNoDisco(const QString &pasta, const QString &nome)
     }
     return nome;
 }
+
+#endif
 
 /// Access rights alone don't tell (network drives, read-only mounts, administrators): trying does.
 bool gravavel(const QString &pasta)
