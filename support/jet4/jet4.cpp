@@ -148,7 +148,7 @@ class Writer
 public:
     explicit Writer(const File &file) : file_(file), pages_(6) {}
 
-    QByteArray all();
+    Layout all();
 
 private:
     qsizetype add(const QByteArray &page)
@@ -157,11 +157,12 @@ private:
         return pages_.size() - 1;
     }
 
+    quint32 longValueOnAPage(const QByteArray &bytes, QList<qsizetype> &used);
     QByteArray longValue(const QByteArray &bytes, QList<qsizetype> &used);
     QByteArray rowBytes(const Table &table, std::size_t row, Place &place);
     Place addRows(const Table &table, qsizetype owner);
-    QByteArray map(const QList<qsizetype> &used);
-    void addTable(const Table &table, qsizetype page, char kind);
+    QByteArray map(const QList<qsizetype> &used, bool bitmaps = false);
+    Pages addTable(const Table &table, qsizetype page, char kind);
     QByteArray definition(const Table &table, const Place &place, qsizetype maps, char kind) const;
     void putDefinition(const QByteArray &stream, qsizetype page);
     Table catalogue(const QList<qsizetype> &pages) const;
@@ -169,7 +170,24 @@ private:
 
     const File &file_;
     QList<QByteArray> pages_;
+    RowPage shared_; ///< the page that takes the next long value that needs no other
+    qsizetype sharedNumber_ = 0;
 };
+
+/// Values of one page lie together where there is room.
+quint32 Writer::longValueOnAPage(const QByteArray &bytes, QList<qsizetype> &used)
+{
+    if (sharedNumber_ == 0 || !shared_.fits(bytes.size())) {
+        shared_ = RowPage();
+        sharedNumber_ = add({});
+    }
+    const qsizetype row = shared_.add(bytes);
+    pages_[sharedNumber_] = shared_.bytes(longValues);
+    if (!used.contains(sharedNumber_)) {
+        used.append(sharedNumber_);
+    }
+    return pointer(sharedNumber_, row);
+}
 
 QByteArray Writer::longValue(const QByteArray &bytes, QList<qsizetype> &used)
 {
@@ -179,21 +197,25 @@ QByteArray Writer::longValue(const QByteArray &bytes, QList<qsizetype> &used)
     if (bytes.size() <= mostInline) {
         return number(size | 0x80000000U) + QByteArray(8, '\0') + bytes;
     }
-    const bool chain = bytes.size() > mostOnAPage;
+    if (bytes.size() <= mostOnAPage) {
+        return number(size | 0x40000000U) + number(longValueOnAPage(bytes, used)) + number(quint32{0});
+    }
     quint32 next = 0;
     const qsizetype pieces = (bytes.size() + mostOnAPage - 1) / mostOnAPage;
     for (qsizetype i = pieces - 1; i >= 0; --i) {
         RowPage page;
-        const QByteArray piece = bytes.mid(i * mostOnAPage, mostOnAPage);
-        page.add(chain ? number(next) + piece : piece);
+        page.add(number(next) + bytes.mid(i * mostOnAPage, mostOnAPage));
         next = pointer(add(page.bytes(longValues)), 0);
         used.append(pages_.size() - 1);
     }
-    return number(chain ? size : size | 0x40000000U) + number(next) + number(quint32{0});
+    return number(size) + number(next) + number(quint32{0});
 }
 
 QByteArray Writer::rowBytes(const Table &table, std::size_t row, Place &place)
 {
+    if (!table.rows[row].raw.isEmpty()) {
+        return table.rows[row].raw;
+    }
     const bool old = table.columnsOfOldRows && static_cast<int>(row) < table.oldRows;
     const std::size_t count = old ? static_cast<std::size_t>(*table.columnsOfOldRows) : table.columns.size();
     QByteArray fixed;
@@ -247,6 +269,7 @@ QByteArray Writer::rowBytes(const Table &table, std::size_t row, Place &place)
 Place Writer::addRows(const Table &table, qsizetype owner)
 {
     Place place;
+    sharedNumber_ = 0;
     place.longPages.resize(std::count_if(table.columns.begin(), table.columns.end(), isLong));
     RowPage page;
     const auto close = [&] {
@@ -266,7 +289,7 @@ Place Writer::addRows(const Table &table, qsizetype owner)
             flag = Overflow;
         }
         place.live += table.rows[i].deleted ? 0 : 1;
-        if (!page.fits(bytes.size())) {
+        if (!page.fits(bytes.size()) || page.count() >= table.mostRowsOfAPage) {
             close();
         }
         page.add(bytes, flag);
@@ -277,7 +300,7 @@ Place Writer::addRows(const Table &table, qsizetype owner)
 }
 
 /// Which pages belong to something: a bit a page where they lie close together, else pages of bits.
-QByteArray Writer::map(const QList<qsizetype> &used)
+QByteArray Writer::map(const QList<qsizetype> &used, bool bitmaps)
 {
     constexpr qsizetype pagesOfASmallOne = 512;
     const qsizetype first = used.isEmpty() ? 0 : *std::min_element(used.begin(), used.end());
@@ -285,7 +308,7 @@ QByteArray Writer::map(const QList<qsizetype> &used)
     const auto mark = [](QByteArray &bits, qsizetype place) {
         bits[place / 8] = static_cast<char>(bits[place / 8] | 1 << (place % 8));
     };
-    if (last - first < pagesOfASmallOne) {
+    if (!bitmaps && last - first < pagesOfASmallOne) {
         QByteArray bits(pagesOfASmallOne / 8, '\0');
         for (const qsizetype page : used) {
             mark(bits, page - first);
@@ -310,11 +333,13 @@ QByteArray Writer::map(const QList<qsizetype> &used)
 QByteArray Writer::definition(const Table &table, const Place &place, qsizetype maps, char kind) const
 {
     const auto count = static_cast<quint16>(table.columns.size());
+    const auto known = static_cast<quint16>(
+        std::count_if(table.columns.begin(), table.columns.end(), [](const Column &column) { return !column.gone; }));
     const auto variable = static_cast<quint16>(std::count_if(table.columns.begin(), table.columns.end(),
                                                              [](const Column &column) { return !isFixed(column); }));
     QByteArray bytes = number(signature) + number(table.promised.value_or(static_cast<quint32>(place.live))) +
                        number(static_cast<quint32>(table.rows.size())) + number(quint32{1}) + QByteArray(12, '\0') +
-                       kind + number(count) + number(variable) + number(count) + QByteArray(8, '\0') +
+                       kind + number(count) + number(variable) + number(known) + QByteArray(8, '\0') +
                        number(pointer(maps, 0)) + number(pointer(maps, 1));
     quint16 offset = 0;
     quint16 before = 0;
@@ -326,20 +351,24 @@ QByteArray Writer::definition(const Table &table, const Place &place, qsizetype 
         length = column.type == Binary ? static_cast<quint16>(column.size) : length;
         const auto flags =
             static_cast<quint8>(2 | (isFixed(column) ? 1 : 0) | (column.counter ? 4 : 0) | (kind == 'S' ? 0x10 : 0));
-        bytes += static_cast<char>(column.type);
-        bytes += number(signature) + number(i) + number(before) + number(i) + number(quint16{0x409}) +
-                 number(quint16{0}) + number(flags) + number(quint8{1}) + number(quint32{0}) +
-                 number(isFixed(column) && column.type != Boolean ? offset : quint16{0}) + number(length);
+        if (!column.gone) {
+            bytes += static_cast<char>(column.type);
+            bytes += number(signature) + number(i) + number(before) + number(i) + number(quint16{0x409}) +
+                     number(quint16{0}) + number(flags) + number(quint8{1}) + number(quint32{0}) +
+                     number(isFixed(column) && column.type != Boolean ? offset : quint16{0}) + number(length);
+        }
         offset = static_cast<quint16>(offset + size);
         before = static_cast<quint16>(before + (isFixed(column) ? 0 : 1));
     }
     for (const Column &column : table.columns) {
         const QByteArray name = utf16(column.name);
-        bytes += number(static_cast<quint16>(name.size())) + name;
+        if (!column.gone) {
+            bytes += number(static_cast<quint16>(name.size())) + name;
+        }
     }
     qsizetype row = 2;
     for (quint16 i = 0; i < count; ++i) {
-        if (isLong(table.columns[i])) {
+        if (isLong(table.columns[i]) && !table.columns[i].gone) {
             bytes += number(i) + number(pointer(maps, row)) + number(pointer(maps, row + 1));
             row += 2;
         }
@@ -368,11 +397,11 @@ void Writer::putDefinition(const QByteArray &stream, qsizetype page)
     }
 }
 
-void Writer::addTable(const Table &table, qsizetype page, char kind)
+Pages Writer::addTable(const Table &table, qsizetype page, char kind)
 {
     const Place place = addRows(table, page);
     RowPage maps;
-    maps.add(map(place.pages));
+    maps.add(map(place.pages, table.bitmaps));
     maps.add(map({}));
     for (const QList<qsizetype> &used : place.longPages) {
         maps.add(map(used));
@@ -380,6 +409,12 @@ void Writer::addTable(const Table &table, qsizetype page, char kind)
     }
     const qsizetype mapsPage = add(maps.bytes(0));
     putDefinition(definition(table, place, mapsPage, kind), page);
+    Pages pages{.definition = static_cast<quint32>(page), .maps = static_cast<quint32>(mapsPage)};
+    pages.rows.assign(place.pages.begin(), place.pages.end());
+    for (const QList<qsizetype> &used : place.longPages) {
+        pages.longValues.insert(pages.longValues.end(), used.begin(), used.end());
+    }
+    return pages;
 }
 
 Table Writer::catalogue(const QList<qsizetype> &pages) const
@@ -407,7 +442,8 @@ Table Writer::catalogue(const QList<qsizetype> &pages) const
         add(folder++, 0x0F000000, name, 3, 0x80000000U);
     }
     for (qsizetype i = 0; i < pages.size(); ++i) {
-        add(pages[i], tablesParent, file_.tables[static_cast<std::size_t>(i)].name, 1, 0);
+        const Table &own = file_.tables[static_cast<std::size_t>(i)];
+        add(pages[i], tablesParent, own.name, own.object, own.flags);
     }
     return table;
 }
@@ -419,7 +455,7 @@ QByteArray Writer::header() const
     QByteArray page(pageSize, '\0');
     const auto put = [&page](qsizetype at, const QByteArray &bytes) { page.replace(at, bytes.size(), bytes); };
     put(0, QByteArray("\0\1\0\0", 4));
-    put(4, "Standard Jet DB");
+    put(4, file_.name);
     page[0x14] = file_.version;
     put(masked, number(pointer(1, 0)) + number(pointer(1, 1)) + number(quint32{2}) + number(quint32{3}) +
                     number(quint32{4}) + number(quint32{5}));
@@ -437,25 +473,27 @@ QByteArray Writer::header() const
     return page;
 }
 
-QByteArray Writer::all()
+Layout Writer::all()
 {
+    Layout layout;
     QList<qsizetype> definitions;
     for (std::size_t i = 0; i < file_.tables.size(); ++i) {
         definitions.append(add({}));
     }
-    addTable(catalogue(definitions), systemPages[0], 'S');
+    layout.catalogue = addTable(catalogue(definitions), systemPages[0], 'S');
     for (std::size_t i = 1; i < systemPages.size(); ++i) {
         addTable({.name = {}, .columns = columns(u"Id.Long"_s), .rows = {}}, systemPages[i], 'S');
     }
     for (std::size_t i = 0; i < file_.tables.size(); ++i) {
-        addTable(file_.tables[i], definitions[static_cast<qsizetype>(i)], 'N');
+        layout.tables.push_back(addTable(file_.tables[i], definitions[static_cast<qsizetype>(i)], 'N'));
     }
     RowPage first;
     first.add(QByteArray(mapSize, '\0'));
     first.add(QByteArray(mapSize, '\0'));
     pages_[1] = first.bytes(1);
     pages_[0] = header();
-    return pages_.join();
+    layout.bytes = pages_.join();
+    return layout;
 }
 
 struct Word {
@@ -507,9 +545,29 @@ std::vector<Column> columns(const QString &list)
     return found;
 }
 
-QByteArray bytes(const File &file)
+void Layout::put(quint32 page, int at, const QByteArray &these)
+{
+    bytes.replace(qsizetype{page} * pageSize + at, these.size(), these);
+}
+
+void Layout::put16(quint32 page, int at, quint16 number)
+{
+    put(page, at, jet4::number(number));
+}
+
+void Layout::put32(quint32 page, int at, quint32 number)
+{
+    put(page, at, jet4::number(number));
+}
+
+Layout layOut(const File &file)
 {
     return Writer(file).all();
+}
+
+QByteArray bytes(const File &file)
+{
+    return layOut(file).bytes;
 }
 
 bool write(const QString &path, const File &file)

@@ -7,8 +7,6 @@
 namespace jet4
 {
 
-constexpr qsizetype pageSize = 4096;
-
 /// A number as the file has it, the low byte first.
 template<class Number>
 QByteArray number(Number value)
@@ -34,6 +32,7 @@ class RowPage
 {
 public:
     bool fits(qsizetype size) const { return slots_.size() < 255 && size + 2 <= room_; }
+    qsizetype count() const { return slots_.size(); }
     qsizetype add(const QByteArray &row, SlotFlag flag = Plain);
     bool isEmpty() const { return slots_.isEmpty(); }
     QByteArray bytes(quint32 owner) const;
