@@ -32,7 +32,7 @@ enum ColumnType {
 struct Column {
     QString name;
     int type = 0;
-    int size = 0; ///< characters of a Text, otherwise bytes; 0 for a Memo and an OLE object
+    int size = 0; ///< characters of a Text, otherwise bytes; 0 for a Boolean, a Memo, an OLE object
     bool counter = false;
 };
 
