@@ -3,22 +3,50 @@
 #include "core/esquema.h"
 #include "core/modulo.h"
 #include "platform/dao/database.h"
+#include "platform/dao/unit.h"
 #include "platform/runtime/runtime.h"
 #include "support/diskfiles.h"
 #include "support/jet4/jet4.h"
 #include "tests/dao/golden.h"
 #include "tools/importa/importa.h"
 
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <algorithm>
 
 /// A genuine Jet file with the tables of a test, its import, and what is told of it.
+Q_DECLARE_METATYPE(importa::Falha)
+Q_DECLARE_METATYPE(std::optional<importa::Falha>)
+
+namespace QTest
+{
+
+/// As a number; no failure is -1.
+template<>
+char *toString(const std::optional<importa::Falha> &failure)
+{
+    return toString(failure ? static_cast<int>(*failure) : -1);
+}
+
+} // namespace QTest
+
 namespace importado
 {
 
 using namespace Qt::StringLiterals;
+
+/// A folder of the test that others may look into, and only its owner may write.
+inline constexpr QFile::Permissions forAll = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadGroup |
+                                             QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
+
+inline void put(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(bytes), bytes.size());
+}
 
 class Import
 {
@@ -75,6 +103,7 @@ private:
 inline std::shared_ptr<dao::Database> emptyWorkshop(const QString &path)
 {
     core::DBDados = dao::DBEngine::CreateDatabase(path, {});
+    const dao::Unit together;
     const auto warning = [](const QString &text) { qFatal("%s", qPrintable(text)); };
     QString fields = core::camposSenha;
     core::CriaTabela(u"Senha"_s, fields, warning);

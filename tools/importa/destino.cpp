@@ -30,7 +30,7 @@ constexpr int semArquivo = 3024;
 constexpr int emUso = 3051;
 
 /// Another workstation's write lasts a moment.
-constexpr std::chrono::seconds esperaPorOutros{5};
+constexpr std::chrono::seconds esperaPorOutros{2};
 
 bool mesmoArquivo(const QString &um, const QString &outro)
 {
@@ -68,6 +68,22 @@ bool temLinhas(const QString &arquivo)
     return std::any_of(tabelas.begin(), tabelas.end(), [&banco](const dao::TableDef &tabela) {
         return !banco->OpenRecordset(u'[' + tabela.name() + u']').Eof();
     });
+}
+
+/// Whether somebody is writing: what he has not confirmed yet would go into a file without a name. A statement that
+/// finds no row takes the lock for writing like any other. What is no database of ours nobody of ours writes.
+bool ehEscrito(const QString &arquivo)
+{
+    try {
+        const auto banco = dao::DBEngine::OpenDatabase(arquivo);
+        const auto tabelas = banco->TableDefs();
+        if (!tabelas.empty()) {
+            banco->Execute(u"DELETE * FROM ["_s + tabelas.front().name() + u"] WHERE 1 = 0"_s);
+        }
+        return false;
+    } catch (const runtime::RuntimeError &erro) {
+        return erro.number() == emUso;
+    }
 }
 
 } // namespace
@@ -112,6 +128,9 @@ void Destino::confere() const
     }
     if (!pedido_.substitui && temDados()) {
         throw Erro(Falha::DestinoComDados);
+    }
+    if (destino.exists() && ehEscrito(pedido_.destino)) {
+        throw Erro(Falha::DestinoEmUso);
     }
 }
 
