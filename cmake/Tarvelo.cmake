@@ -55,6 +55,10 @@ if(CMAKE_BUILD_TYPE MATCHES "^(Release|RelWithDebInfo|MinSizeRel)$" AND CMAKE_CX
     target_link_options(tarvelo_settings INTERFACE -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
   endif()
 endif()
+if(MINGW)
+  # Brings the library that has the check of the stack, which the database has in every build.
+  target_link_options(tarvelo_settings INTERFACE -fstack-protector-strong)
+endif()
 
 # tarvelo_check_hardening(TARGET)
 # Looks into a program that is handed out: the build fails where one lacks the hardening.
@@ -82,6 +86,23 @@ function(tarvelo_program name)
   target_link_libraries(${name} PRIVATE tarvelo_settings ${ARG_LINK})
 endfunction()
 
+# tarvelo_host_program(NAME)
+# Lets the build run the folder's program NAME as host::NAME. Built for another system, that is the one of the host's own
+# build, whose folder TARVELO_HOST_BUILD names.
+function(tarvelo_host_program name)
+  if(NOT CMAKE_CROSSCOMPILING)
+    add_executable(host::${name} ALIAS ${name})
+    return()
+  endif()
+  file(RELATIVE_PATH folder "${CMAKE_SOURCE_DIR}" "${CMAKE_CURRENT_SOURCE_DIR}")
+  set(program "${TARVELO_HOST_BUILD}/${folder}/${name}")
+  if(NOT EXISTS "${program}")
+    message(FATAL_ERROR "${program} is missing: TARVELO_HOST_BUILD has to name a build of this system.")
+  endif()
+  add_executable(host::${name} IMPORTED GLOBAL)
+  set_target_properties(host::${name} PROPERTIES IMPORTED_LOCATION "${program}")
+endfunction()
+
 # All that is handed out, as one target.
 add_custom_target(instalacao)
 
@@ -100,6 +121,9 @@ function(tarvelo_install target)
   install(PROGRAMS $<TARGET_FILE:${target}> DESTINATION bin RENAME ${name} COMPONENT pacote EXCLUDE_FROM_ALL)
   install(FILES "${CMAKE_SOURCE_DIR}/packaging/man/${name}.1" DESTINATION share/man/pt_BR/man1 COMPONENT pacote EXCLUDE_FROM_ALL)
   tarvelo_check_hardening(${target})
+  if(WIN32)
+    tarvelo_windows_resource(${target})
+  endif()
   add_dependencies(instalacao ${target})
 endfunction()
 

@@ -1,4 +1,4 @@
-# Sourced by run.sh, test.sh, bench.sh, lint.sh and package.sh: installs the Debian packages that are missing, and says what and why.
+# Sourced by run.sh, test.sh, bench.sh, lint.sh, package.sh and packaging/windows: installs the Debian packages that are missing, and says what and why.
 
 # to build and run the program
 pacotes_programa=(
@@ -18,6 +18,8 @@ pacotes_pacote=(dpkg-dev file)
 pacotes_testes=(mold poppler-utils "${pacotes_pacote[@]}" desktop-file-utils appstream)
 # to look its sources over
 pacotes_exame=(clang-format clang-tidy git python3)
+# to build it for Windows
+pacotes_windows=(g++-mingw-w64-x86-64-posix dpkg-dev tcl zip nsis)
 # to measure it
 pacotes_medidas=(libbenchmark-dev)
 
@@ -36,8 +38,12 @@ declare -A para_que=(
     [fonts-liberation]="the fixed-pitch font of the prints"
     [fonts-dejavu-core]="the font of the windows"
     [mold]="links the test programs"
+    [g++-mingw-w64-x86-64-posix]="compiler for Windows"
+    [tcl]="joins the sources of the database"
+    [zip]="the portable folder as one file"
+    [nsis]="the installer"
     [poppler-utils]="the tests read the printed PDFs by it"
-    [dpkg-dev]="the package and what it depends on"
+    [dpkg-dev]="the package and what it depends on; the sources of Debian"
     [file]="tells the package's programs from its texts"
     [desktop-file-utils]="the tests check the menu entry by it"
     [appstream]="the tests check the package's description by it"
