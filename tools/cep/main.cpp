@@ -1,24 +1,16 @@
 // Makes the postal-code database out of a text file: cep [--latin1] [--substitui] ENTRADA.csv SAIDA.MDB
 #include "platform/runtime/console.h"
 #include "platform/runtime/runtime.h"
+#include "platform/runtime/statusline.h"
 #include "tools/cep/postais.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 
-#include <csignal>
-
 using namespace Qt::StringLiterals;
 
 namespace
 {
-
-volatile std::sig_atomic_t interrompido = 0;
-
-void interrompe(int /*sinal*/)
-{
-    interrompido = 1;
-}
 
 enum Saida { feito = 0, falhou = 1, malChamado = 2 };
 
@@ -34,34 +26,6 @@ QString quantos(qint64 ceps)
 {
     return runtime::Format(static_cast<double>(ceps), u"#,##0") + (ceps == 1 ? u" CEP"_s : u" CEPs"_s);
 }
-
-/// One line of the terminal, written over and over; elsewhere it would only fill a log.
-class Mostrador
-{
-public:
-    ~Mostrador() { apaga(); }
-
-    bool mostra(int porcento, qint64 ceps)
-    {
-        if (terminal_ && porcento != mostrado_) {
-            mostrado_ = porcento;
-            runtime::print(u"\r%1 % (%2)"_s.arg(porcento, 3).arg(quantos(ceps)));
-        }
-        return interrompido == 0;
-    }
-
-    void apaga()
-    {
-        if (mostrado_ >= 0) {
-            runtime::print(u"\r%1\r"_s.arg(QString(), 40));
-            mostrado_ = -1;
-        }
-    }
-
-private:
-    const bool terminal_ = runtime::isTerminal(stdout);
-    int mostrado_ = -1;
-};
 
 /// Nothing where the command line is no request.
 std::optional<ceps::Pedido> lePedido(const QStringList &argumentos)
@@ -91,10 +55,12 @@ void faz(const ceps::Pedido &pedido)
 {
     QElapsedTimer relogio;
     relogio.start();
-    Mostrador mostrador;
-    const qint64 ceps = ceps::fazBanco(
-        pedido, [&mostrador](int porcento, qint64 ateAqui) { return mostrador.mostra(porcento, ateAqui); });
-    mostrador.apaga();
+    runtime::StatusLine linha;
+    const qint64 ceps = ceps::fazBanco(pedido, [&linha](int porcento, qint64 ateAqui) {
+        linha.show(u"%1 % (%2)"_s.arg(porcento, 3).arg(quantos(ateAqui)));
+        return !runtime::interrupted();
+    });
+    linha.clear();
     const QString segundos = runtime::Format(static_cast<double>(relogio.elapsed()) / 1000, u"0.0");
     runtime::print(u"%1: %2 em %3 s.\n"_s.arg(pedido.saida, quantos(ceps), segundos));
 }
@@ -115,8 +81,7 @@ int main(int argc, char **argv)
         runtime::print(uso.arg(QCoreApplication::applicationName()), stderr);
         return malChamado;
     }
-    std::signal(SIGINT, interrompe);
-    std::signal(SIGTERM, interrompe);
+    runtime::noteInterruption();
     try {
         faz(*pedido);
         return feito;
