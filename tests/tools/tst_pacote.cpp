@@ -157,7 +157,7 @@ void TestPacote::nothingRunsWhenItComesAndGoes()
 void TestPacote::laysTheWholeProgram_data()
 {
     QTest::addColumn<QByteArray>("beginning");
-    for (const char *program : {"tarvelo", "tarvelo-cep", "tarvelo-confere", "tarvelo-copia"}) {
+    for (const char *program : {"tarvelo", "tarvelo-cep", "tarvelo-confere", "tarvelo-copia", "tarvelo-importa"}) {
         QTest::addRow("usr/bin/%s", program) << QByteArray("\x7f"
                                                            "ELF");
     }

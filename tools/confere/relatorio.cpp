@@ -86,7 +86,7 @@ QString linhaDe(const Resultado &resultado)
     return linha + u'\n';
 }
 
-QString frasesDe(const Resultado &resultado, bool todas)
+QString frasesDe(const Resultado &resultado, bool todas, const QString &asOutras)
 {
     const qsizetype mostradas =
         todas ? resultado.frases.size() : std::min<qsizetype>(resultado.frases.size(), maisFrases);
@@ -95,7 +95,7 @@ QString frasesDe(const Resultado &resultado, bool todas)
         texto += u"        "_s + resultado.frases[i] + u'\n';
     }
     if (const qsizetype faltam = resultado.frases.size() - mostradas; faltam > 0) {
-        texto += u"        ... e mais %1 (--tudo mostra todos)\n"_s.arg(numero(faltam));
+        texto += u"        ... e mais %1 (%2)\n"_s.arg(numero(faltam), asOutras);
     }
     return texto;
 }
@@ -165,13 +165,13 @@ Relatorio Confere(const QString &arquivo)
     return relatorio;
 }
 
-QString Texto(const Relatorio &relatorio, bool todas)
+QString Texto(const Relatorio &relatorio, bool todas, const QString &asOutras)
 {
     QString texto = u"Conferência de %1 (%2, gravado em %3)\n\n"_s.arg(
         QDir::toNativeSeparators(relatorio.arquivo), tamanhoDe(relatorio.tamanho),
         runtime::Format(relatorio.gravado, core::mascaraDataHora));
     for (const Resultado &resultado : relatorio.resultados) {
-        texto += linhaDe(resultado) + frasesDe(resultado, todas);
+        texto += linhaDe(resultado) + frasesDe(resultado, todas, asOutras);
     }
     return texto + u'\n' + soma(relatorio);
 }

@@ -31,8 +31,9 @@ struct Relatorio {
 /// the program's own tables.
 Relatorio Confere(const QString &arquivo);
 
-/// The report for people: a line a check, its findings below it, up to `maisFrases` of each unless all are wanted.
+/// The report for people: a line a check, its findings below it, up to `maisFrases` of each unless all are wanted;
+/// `asOutras` says where the others are.
 constexpr int maisFrases = 10;
-QString Texto(const Relatorio &relatorio, bool todas);
+QString Texto(const Relatorio &relatorio, bool todas, const QString &asOutras = QStringLiteral("--tudo mostra todos"));
 
 } // namespace confere
