@@ -69,7 +69,7 @@ QString wordsOfTheProgram()
 {
     QString words;
     for (const auto &folder : {u"core"_s, u"documents"_s, u"estimates"_s, u"finance"_s, u"platform"_s, u"registers"_s,
-                               u"reports"_s, u"shell"_s, u"stock"_s, u"workorders"_s}) {
+                               u"reports"_s, u"shell"_s, u"stock"_s, u"tools/importa"_s, u"workorders"_s}) {
         QDirIterator files(QStringLiteral(SOURCES) + u'/' + folder, {u"*.cpp"_s, u"*.h"_s, u"*.ui"_s}, QDir::Files,
                            QDirIterator::Subdirectories);
         while (files.hasNext()) {
