@@ -1,114 +1,18 @@
-// The import as a user starts it: what it says, how it ends, and that nothing is half done.
-#include "core/caminhos.h"
+// The import as a user starts it: what it says, how it ends, and what it leaves.
 #include "core/modulo.h"
-#include "platform/dao/database.h"
-#include "platform/files/filelock.h"
-#include "support/diskfiles.h"
-#include "support/ordinaryuser.h"
-#include "support/otherprogram.h"
 #include "support/program.h"
 #include "support/testmain.h"
+#include "tests/tools/importador.h"
 
-#include <QFile>
-#include <QProcess>
-#include <QTest>
-#include <QtEndian>
+#include <QRegularExpression>
 
-#include <array>
-#include <numeric>
-#include <utility>
+#include <csignal>
+
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
+using namespace importador;
 using support::contentsOf;
-
-namespace
-{
-
-constexpr int pageSize = 4096;
-constexpr int pageKeyAt = 0x3E;
-constexpr int passwordAt = 0x42;
-
-struct Ended {
-    int code = -1;
-    QString output;
-    QString errors;
-};
-
-Ended run(const QStringList &arguments, const QString &folder)
-{
-    QProcess tool;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
-    environment.insert(u"XDG_DATA_HOME"_s, u"/nenhuma"_s);
-    tool.setProcessEnvironment(environment);
-    tool.setWorkingDirectory(folder);
-    tool.start(QStringLiteral(FERRAMENTA), arguments);
-    tool.waitForFinished(120'000);
-    return {.code = tool.exitStatus() == QProcess::NormalExit ? tool.exitCode() : -1,
-            .output = QString::fromUtf8(tool.readAllStandardOutput()),
-            .errors = QString::fromUtf8(tool.readAllStandardError())};
-}
-
-/// The bytes from 0x18 on are hidden by RC4 with a key that is the same in every file.
-void mask(QByteArray &header)
-{
-    constexpr std::array<uchar, 4> key{0xC7, 0xDA, 0x39, 0x6B};
-    constexpr qsizetype from = 0x18;
-    constexpr qsizetype size = 128;
-    std::array<uchar, 256> state{};
-    std::iota(state.begin(), state.end(), uchar{0});
-    for (std::size_t i = 0, j = 0; i < state.size(); ++i) {
-        j = (j + state[i] + key[i % key.size()]) % state.size();
-        std::swap(state[i], state[j]);
-    }
-    for (qsizetype n = 0, i = 0, j = 0; n < size; ++n) {
-        i = (i + 1) % 256;
-        j = (j + state[static_cast<std::size_t>(i)]) % 256;
-        std::swap(state[static_cast<std::size_t>(i)], state[static_cast<std::size_t>(j)]);
-        const auto sum = static_cast<uchar>(state[static_cast<std::size_t>(i)] + state[static_cast<std::size_t>(j)]);
-        header[from + n] = static_cast<char>(static_cast<uchar>(header[from + n]) ^ state[sum]);
-    }
-}
-
-/// A file that is Jet 4 by its first page; behind it there is nothing but empty pages.
-struct Header {
-    QByteArray name = "Standard Jet DB";
-    char version = 1;
-    char pageKey = 0;
-    QByteArray password = {};
-    qsizetype size = 8 * pageSize;
-};
-
-QByteArray fileWith(const Header &header)
-{
-    QByteArray bytes(header.size, '\0');
-    bytes.replace(0, 4, QByteArray("\0\1\0\0", 4));
-    bytes.replace(4, header.name.size(), header.name);
-    bytes[0x14] = header.version;
-    bytes[pageKeyAt] = header.pageKey;
-    bytes.replace(passwordAt, header.password.size(), header.password);
-    mask(bytes);
-    return bytes;
-}
-
-void put(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
-}
-
-/// Every file below a folder with what it holds.
-QList<std::pair<QString, QByteArray>> everythingIn(const QString &folder)
-{
-    QList<std::pair<QString, QByteArray>> all;
-    for (const QString &file : support::filesOf(folder)) {
-        all.append({file, contentsOf(QDir(folder).filePath(file))});
-    }
-    return all;
-}
-
-} // namespace
 
 class TestImportaFerramenta : public QObject
 {
@@ -122,36 +26,20 @@ private slots:
     void tellsHowToCallIt();
     void tellsItsHelp();
 
-    void sourcesThatAreNone_data();
-    void sourcesThatAreNone();
-    void aMissingSource();
-    void aFolderForASource();
-    void aSourceThatMayNotBeRead();
-    void aDatabaseOfTheProgramForASource();
-
-    void theSourceForATarget();
-    void aFolderForATarget();
-    void aTargetInNoFolder();
-    void aTargetThatHoldsData();
-    void aTargetThatTheProgramHasOpen();
-    void aTargetThatAnotherProgramHolds();
-    void aTargetThatMayNotBeWritten();
+    void allComesOver();
+    void theReportSaysWhatDidNot();
+    void everythingComesOverWhereItIsAskedFor();
+    void aColumnOfAnotherTypeIsToldWithTheRow();
+    void whatGivesWayIsKept();
+    void postalCodesComeOver();
+    void aReportThatCanNotBeWrittenIsTold();
+    void findingsOfTheAuditAreNoFailure();
+    void theTerminalShowsHowFarItIs();
+    void anInterruptionLeavesNothing();
+    void aFullDiskLeavesNothing();
 
 private:
     QString path(const QString &name) const { return program_->path(name); }
-
-    /// Runs the tool, which must refuse with these words and leave the folder as it is.
-    void refused(const QStringList &arguments, const QString &words) const
-    {
-        const auto before = everythingIn(program_->path());
-        const Ended ended = run(arguments, program_->path());
-        QVERIFY2(ended.errors.startsWith(u"tarvelo-importa: "_s + words), qPrintable(ended.errors));
-        QVERIFY2(ended.errors.endsWith(u"\n\nNada foi importado, e o destino continua como estava.\n"_s),
-                 qPrintable(ended.errors));
-        QCOMPARE(ended.output, QString());
-        QCOMPARE(ended.code, 2);
-        QCOMPARE(everythingIn(program_->path()), before);
-    }
 
     std::unique_ptr<support::Program> program_;
 };
@@ -186,147 +74,180 @@ void TestImportaFerramenta::tellsItsHelp()
     }
 }
 
-void TestImportaFerramenta::sourcesThatAreNone_data()
+void TestImportaFerramenta::allComesOver()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("words");
-    const QString none = u"O arquivo de origem não é um banco de dados Jet (.MDB):"_s;
-    const QString later = u"O arquivo de origem está em um formato mais novo que o Jet 4, que este programa não lê:"_s;
-    const QString half = u"O arquivo de origem está incompleto:"_s;
-    QTest::newRow("empty") << QByteArray() << none;
-    QTest::newRow("text") << QByteArray("texto qualquer").repeated(1000) << none;
-    QTest::newRow("Jet 3") << fileWith({.version = 0})
-                           << u"O arquivo de origem está no formato Jet 3, que este programa não lê:"_s;
-    QTest::newRow("version 2") << fileWith({.version = 2}) << later;
-    QTest::newRow("accdb") << fileWith({.name = "Standard ACE DB", .version = 2}) << later;
-    QTest::newRow("password") << fileWith({.password = "s\0e\0n\0h\0a"}) << u"O arquivo de origem tem uma senha:"_s;
-    QTest::newRow("encrypted") << fileWith({.pageKey = 7}) << u"O arquivo de origem está criptografado:"_s;
-    QTest::newRow("half a page") << fileWith({.size = 2000}) << half;
-    QTest::newRow("two pages") << fileWith({.size = 2 * pageSize}) << half;
-    QTest::newRow("no whole pages") << fileWith({.size = 5 * pageSize + 100}) << half;
-    QTest::newRow("no catalogue")
-        << fileWith({}) << u"O arquivo de origem está danificado, e a lista das suas tabelas não pode ser lida:"_s;
+    QVERIFY(jet4::write(path(u"ANTIGO.MDB"_s), cleanData()));
+    const QByteArray source = contentsOf(path(u"ANTIGO.MDB"_s));
+    const Ended ended = run({u"ANTIGO.MDB"_s, u"NOVO.MDB"_s}, program_->path());
+    QCOMPARE(ended.errors, QString());
+    QCOMPARE(ended.code, 0);
+    QVERIFY2(ended.output.contains(u"\nResultado: tudo veio, como estava. "_s), qPrintable(ended.output));
+    QVERIFY(hasLine(ended.output, u"Clientes 2 2 2"_s));
+    QVERIFY(hasLine(ended.output, u"Caixa 11,75 11,75"_s));
+    QVERIFY(hasLine(ended.output, u"Caixa.Entrada 11,75 11,75"_s));
+    QVERIFY(ended.output.contains(u"\ncerto Saldos do Livro Caixa: 2 linhas\n"_s));
+    static const QRegularExpression ending(u"\n\n4 linhas em \\d+,\\d s \\([\\d.]+ linhas? por segundo\\)\\.\n"
+                                           "Este relatório está em:\n(.*)\n$"_s);
+    const auto match = ending.match(ended.output);
+    QVERIFY2(match.hasMatch(), qPrintable(ended.output));
+    QCOMPARE(match.captured(1), path(u"NOVO-importacao.txt"_s));
+
+    const QString file = QString::fromUtf8(contentsOf(path(u"NOVO-importacao.txt"_s))).remove(u'\r');
+    QVERIFY2(ended.output.startsWith(file), qPrintable(file));
+    QCOMPARE(contentsOf(path(u"ANTIGO.MDB"_s)), source);
+    QCOMPARE(firstValue(path(u"NOVO.MDB"_s), u"SELECT Nome FROM Clientes WHERE Codigo = 7"_s), u"ÂNGELA"_s);
 }
 
-void TestImportaFerramenta::sourcesThatAreNone()
+void TestImportaFerramenta::theReportSaysWhatDidNot()
 {
-    QFETCH(const QByteArray, bytes);
-    QFETCH(const QString, words);
-    put(path(u"ANTIGO.MDB"_s), bytes);
-    refused({u"ANTIGO.MDB"_s, u"NOVO.MDB"_s}, words + u'\n' + path(u"ANTIGO.MDB"_s) + u'\n');
+    QVERIFY(jet4::write(path(u"ANTIGO.MDB"_s), oldData()));
+    const Ended ended = run({u"ANTIGO.MDB"_s, u"NOVO.MDB"_s}, program_->path());
+    QCOMPARE(ended.errors, QString());
+    QCOMPARE(ended.code, 1);
+    QVERIFY(ended.output.contains(u"\nResultado: os dados vieram, mas nem tudo como estava."_s));
+    QVERIFY2(ended.output.contains(
+                 u"\nFicou de fora\n  Coluna Clientes.Apelido: o Tarvelo não a conhece; com --tudo ela vem junto\n"
+                 "  Tabela Agenda (2 linhas): o Tarvelo não a conhece; com --tudo ela vem junto\n"_s),
+             qPrintable(ended.output));
+    QVERIFY(contentsOf(path(u"NOVO-importacao.txt"_s)).contains("\r\n  Tabela Agenda (2 linhas): "));
 }
 
-void TestImportaFerramenta::aMissingSource()
+void TestImportaFerramenta::everythingComesOverWhereItIsAskedFor()
 {
-    refused({u"ANTIGO.MDB"_s, u"NOVO.MDB"_s},
-            u"Não foi possível encontrar o arquivo de origem:\n%1\n"_s.arg(path(u"ANTIGO.MDB"_s)));
+    QVERIFY(jet4::write(path(u"ANTIGO.MDB"_s), oldData()));
+    const Ended ended = run({u"--tudo"_s, u"ANTIGO.MDB"_s, u"NOVO.MDB"_s}, program_->path());
+    QCOMPARE(ended.errors, QString());
+    QCOMPARE(ended.code, 0);
+    QVERIFY2(ended.output.contains(
+                 u"\nVeio junto, sem que o Tarvelo o use\n  Colunas de Clientes: Apelido\n  Tabela Agenda\n"_s),
+             qPrintable(ended.output));
+    QCOMPARE(firstValue(path(u"NOVO.MDB"_s), u"SELECT Apelido FROM Clientes"_s), u"ZÉ"_s);
 }
 
-void TestImportaFerramenta::aFolderForASource()
+void TestImportaFerramenta::aColumnOfAnotherTypeIsToldWithTheRow()
 {
-    refused({u"DADOS"_s, u"NOVO.MDB"_s}, u"A origem não é um arquivo:\n%1\n"_s.arg(path(u"DADOS"_s)));
+    jet4::File file = cleanData();
+    file.tables[1].columns[2] = {.name = u"Entrada"_s, .type = jet4::Text, .size = 20};
+    file.tables[1].rows[0].values[2] = u"10,5"_s;
+    file.tables[1].rows[1].values[2] = u"DEZ"_s;
+    QVERIFY(jet4::write(path(u"ANTIGO.MDB"_s), file));
+    const Ended ended = run({u"ANTIGO.MDB"_s, u"NOVO.MDB"_s}, program_->path());
+    QCOMPARE(ended.code, 1);
+    QVERIFY2(ended.output.contains(u"\nMudou ao vir\n  Caixa.Entrada: 1 valor deixado vazio (não é número nem data)\n"
+                                   "      linha 2, código 0002: DEZ\n"_s),
+             qPrintable(ended.output));
+    QVERIFY(hasLine(ended.output, u"Caixa.Entrada - 10,50"_s));
 }
 
-void TestImportaFerramenta::aSourceThatMayNotBeRead()
-{
-    put(path(u"ANTIGO.MDB"_s), fileWith({}));
-    QVERIFY(QFile::setPermissions(path(u"ANTIGO.MDB"_s), {}));
-    QVERIFY(QFile::setPermissions(program_->path(), QFile::Permissions(0x7777)));
-    Ended ended;
-    {
-        const support::OrdinaryUser user;
-        ended = run({u"ANTIGO.MDB"_s, u"NOVO.MDB"_s}, program_->path());
-    }
-    QCOMPARE(ended.code, 2);
-    QVERIFY2(ended.errors.startsWith(u"tarvelo-importa: O seu usuário não pode ler o arquivo de origem:\n"_s),
-             qPrintable(ended.errors));
-    QVERIFY(!QFile::exists(path(u"NOVO.MDB"_s)));
-}
-
-void TestImportaFerramenta::aDatabaseOfTheProgramForASource()
-{
-    const QString ours = core::DBDados->path();
-    core::DBDados->Close();
-    refused({ours, u"NOVO.MDB"_s}, u"O arquivo de origem não é um banco de dados Jet (.MDB):\n%1\n"_s.arg(ours));
-}
-
-void TestImportaFerramenta::theSourceForATarget()
-{
-    put(path(u"ANTIGO.MDB"_s), fileWith({}));
-    const QString words = u"A origem e o destino são o mesmo arquivo:\n"_s;
-    refused({u"ANTIGO.MDB"_s, u"ANTIGO.MDB"_s}, words);
-    refused({u"--substitui"_s, u"ANTIGO.MDB"_s, path(u"DADOS/../ANTIGO.MDB"_s)}, words);
-    QVERIFY(QFile::link(path(u"ANTIGO.MDB"_s), path(u"ATALHO.MDB"_s)));
-    refused({u"--substitui"_s, u"ANTIGO.MDB"_s, u"ATALHO.MDB"_s}, words);
-}
-
-void TestImportaFerramenta::aFolderForATarget()
-{
-    put(path(u"ANTIGO.MDB"_s), fileWith({}));
-    refused({u"ANTIGO.MDB"_s, u"DADOS"_s}, u"O destino não é um arquivo:\n%1\n"_s.arg(path(u"DADOS"_s)));
-}
-
-void TestImportaFerramenta::aTargetInNoFolder()
-{
-    put(path(u"ANTIGO.MDB"_s), fileWith({}));
-    refused({u"ANTIGO.MDB"_s, u"nenhuma/NOVO.MDB"_s},
-            u"A pasta do destino não existe:\n%1\n"_s.arg(path(u"nenhuma"_s)));
-}
-
-/// An operator is data, too.
-void TestImportaFerramenta::aTargetThatHoldsData()
+void TestImportaFerramenta::whatGivesWayIsKept()
 {
     const QString target = core::DBDados->path();
     core::DBDados->Close();
-    put(path(u"ANTIGO.MDB"_s), fileWith({}));
-    refused({u"ANTIGO.MDB"_s, target},
-            u"O destino já tem dados:\n%1\nDiga outro nome para o destino, ou --substitui: "_s.arg(target));
-    put(path(u"CARTA.TXT"_s), "Prezado cliente");
-    refused({u"ANTIGO.MDB"_s, u"CARTA.TXT"_s}, u"O destino já tem dados:\n"_s);
+    QVERIFY(jet4::write(path(u"ANTIGO.MDB"_s), cleanData()));
+    const Ended ended = run({u"--substitui"_s, u"ANTIGO.MDB"_s, target}, program_->path());
+    QCOMPARE(ended.errors, QString());
+    QCOMPARE(ended.code, 0);
+    const QStringList kept = QDir(path(u"DADOS"_s)).entryList({u"*-antes-*.MDB"_s}, QDir::Files);
+    QCOMPARE(kept.size(), 1);
+    QVERIFY2(ended.output.contains(u"\nO banco que estava no destino foi guardado em:\n"_s +
+                                   path(u"DADOS/"_s + kept.first()) + u'\n'),
+             qPrintable(ended.output));
+    QCOMPARE(firstValue(path(u"DADOS/"_s + kept.first()), u"SELECT count(*) FROM Senha"_s), u"1"_s);
+    QCOMPARE(firstValue(target, u"SELECT count(*) FROM Clientes"_s), u"2"_s);
 }
 
-void TestImportaFerramenta::aTargetThatTheProgramHasOpen()
+void TestImportaFerramenta::postalCodesComeOver()
 {
-    const QString target = core::DBDados->path();
-    core::DBDados->Close();
-    put(path(u"ANTIGO.MDB"_s), fileWith({}));
-    files::FileLock program(path(u"tarvelo.lock"_s));
-    QVERIFY(program.take() == files::FileLock::Result::Taken);
-    refused({u"--substitui"_s, u"ANTIGO.MDB"_s, target}, u"O destino está em uso:\n%1\nFeche o Tarvelo"_s.arg(target));
+    jet4::File file;
+    file.tables.push_back(
+        {.name = u"CEPS"_s,
+         .columns = jet4::columns(u"CEP.Text;8,Tipo.Text;20,Rua.Text;60,Bairro.Text;60,Cidade.Text;40,Estado.Text;2"_s),
+         .rows = {
+             {.values = {u"13012100"_s, u"AVENIDA"_s, u"FRANCISCO GLICÉRIO"_s, u"CENTRO"_s, u"CAMPINAS"_s, u"SP"_s}}}});
+    QVERIFY(jet4::write(path(u"VELHO.MDB"_s), file));
+    const Ended ended = run({u"VELHO.MDB"_s, u"CEP.MDB"_s}, program_->path());
+    QCOMPARE(ended.errors, QString());
+    QVERIFY2(hasLine(ended.output, u"CEPS 1 1 1"_s), qPrintable(ended.output));
+    QCOMPARE(ended.code, 0);
+    QVERIFY(!ended.output.contains(u"Conferência"_s));
+    QCOMPARE(firstValue(path(u"CEP.MDB"_s), u"SELECT Rua FROM CEPS"_s), u"FRANCISCO GLICÉRIO"_s);
 }
 
-/// Nobody here may read the file meanwhile: its lock would go with that.
-void TestImportaFerramenta::aTargetThatAnotherProgramHolds()
+/// The database is there and right; that its report is not there has to be known.
+void TestImportaFerramenta::aReportThatCanNotBeWrittenIsTold()
 {
-    const QString target = core::DBDados->path();
-    const QByteArray before = contentsOf(target);
-    put(path(u"ANTIGO.MDB"_s), fileWith({}));
-    support::OtherProgram other(target);
-    QVERIFY(other.take());
-    const Ended ended = run({u"ANTIGO.MDB"_s, target}, program_->path());
-    QCOMPARE(ended.code, 2);
-    QVERIFY2(ended.errors.startsWith(u"tarvelo-importa: O destino está em uso:\n%1\n"_s.arg(target)),
-             qPrintable(ended.errors));
-    other.giveBack();
-    QCOMPARE(contentsOf(target), before);
+    QVERIFY(QDir().mkpath(path(u"NOVO-importacao.txt/x"_s)));
+    QVERIFY(jet4::write(path(u"ANTIGO.MDB"_s), cleanData()));
+    const Ended ended = run({u"ANTIGO.MDB"_s, u"NOVO.MDB"_s}, program_->path());
+    QCOMPARE(ended.code, 1);
+    QVERIFY(ended.output.contains(u"\nResultado: tudo veio, como estava. "_s));
+    QCOMPARE(ended.errors, u"tarvelo-importa: O banco foi feito, mas não foi possível gravar o relatório:\n%1\n"_s.arg(
+                               path(u"NOVO-importacao.txt"_s)));
+    QCOMPARE(firstValue(path(u"NOVO.MDB"_s), u"SELECT count(*) FROM Clientes"_s), u"2"_s);
 }
 
-void TestImportaFerramenta::aTargetThatMayNotBeWritten()
+void TestImportaFerramenta::findingsOfTheAuditAreNoFailure()
 {
-    put(path(u"ANTIGO.MDB"_s), fileWith({}));
-    QVERIFY(QFile::setPermissions(path(u"ANTIGO.MDB"_s), QFile::Permissions(0x6666)));
-    QVERIFY(QDir().mkpath(path(u"alheia"_s)));
-    QVERIFY(QFile::setPermissions(path(u"alheia"_s), QFile::Permissions(0x5555)));
-    QVERIFY(QFile::setPermissions(program_->path(), QFile::Permissions(0x7777)));
-    Ended ended;
-    {
-        const support::OrdinaryUser user;
-        ended = run({u"ANTIGO.MDB"_s, u"alheia/NOVO.MDB"_s}, program_->path());
-    }
-    QVERIFY(QFile::setPermissions(path(u"alheia"_s), QFile::Permissions(0x7777)));
-    QCOMPARE(ended.code, 2);
-    QVERIFY2(!QFile::exists(path(u"alheia/NOVO.MDB"_s)), "made");
-    QCOMPARE(QDir(path(u"alheia"_s)).entryList(QDir::Files | QDir::Hidden), QStringList());
+    jet4::File file = cleanData();
+    file.tables[1].rows[1].values[3] = 99.0F;
+    QVERIFY(jet4::write(path(u"ANTIGO.MDB"_s), file));
+    const Ended ended = run({u"ANTIGO.MDB"_s, u"NOVO.MDB"_s}, program_->path());
+    QCOMPARE(ended.code, 0);
+    QVERIFY2(ended.output.contains(u"\nERRO  Saldos do Livro Caixa: 2 linhas, 1 erro\n"_s), qPrintable(ended.output));
+    QVERIFY(contentsOf(path(u"NOVO-importacao.txt"_s)).contains("\r\nERRO  Saldos do Livro Caixa: "));
+}
+
+/// Elsewhere it would only fill a log.
+void TestImportaFerramenta::theTerminalShowsHowFarItIs()
+{
+    QVERIFY(jet4::write(path(u"ANTIGO.MDB"_s), manyCustomers(3000)));
+    QVERIFY(!run({u"ANTIGO.MDB"_s, u"UM.MDB"_s}, program_->path()).output.contains(u'\r'));
+    QProcess terminal;
+    terminal.setWorkingDirectory(program_->path());
+    terminal.start(u"script"_s, {u"-qec"_s, QStringLiteral(FERRAMENTA) + u" ANTIGO.MDB DOIS.MDB"_s, u"/dev/null"_s});
+    QVERIFY(terminal.waitForFinished(120'000));
+    QCOMPARE(terminal.exitCode(), 0);
+    const QString output = QString::fromUtf8(terminal.readAllStandardOutput());
+    static const QRegularExpression line(u"\r\\d+ % de 3\\.000 linhas, [\\d.]+ linhas? por segundo: Clientes *\r"_s);
+    QVERIFY2(line.match(output).hasMatch(), qPrintable(output));
+    QVERIFY2(output.contains(QRegularExpression(u"\r +\rImportação de "_s)), qPrintable(output)); // and is gone
+}
+
+/// As by Ctrl+C, which every process of the terminal gets.
+void TestImportaFerramenta::anInterruptionLeavesNothing()
+{
+    QVERIFY(jet4::write(path(u"ANTIGO.MDB"_s), manyCustomers(60'000)));
+    const QStringList before = support::filesOf(program_->path());
+    QProcess tool;
+    tool.setWorkingDirectory(program_->path());
+    tool.setChildProcessModifier([] { ::setpgid(0, 0); });
+    tool.start(QStringLiteral(FERRAMENTA), {u"ANTIGO.MDB"_s, u"NOVO.MDB"_s});
+    QVERIFY(tool.waitForStarted());
+    QTRY_VERIFY_WITH_TIMEOUT(support::filesOf(program_->path()) != before, 60'000); // at work
+    QCOMPARE(::kill(-static_cast<pid_t>(tool.processId()), SIGINT), 0);
+    QVERIFY(tool.waitForFinished(60'000));
+    QCOMPARE(tool.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(QString::fromUtf8(tool.readAllStandardError()),
+             u"tarvelo-importa: A importação foi interrompida.\n\nNada foi importado, e o destino continua como "
+             "estava.\n"_s);
+    QCOMPARE(tool.exitCode(), 2);
+    QCOMPARE(support::filesOf(program_->path()), before);
+}
+
+void TestImportaFerramenta::aFullDiskLeavesNothing()
+{
+    QVERIFY(jet4::write(path(u"ANTIGO.MDB"_s), manyCustomers(5000)));
+    const QStringList before = support::filesOf(program_->path());
+    QProcess tool;
+    tool.setWorkingDirectory(program_->path());
+    tool.start(u"/bin/sh"_s, {u"-c"_s, u"trap '' XFSZ; ulimit -f 300; exec \"$0\" ANTIGO.MDB NOVO.MDB"_s,
+                              QStringLiteral(FERRAMENTA)});
+    QVERIFY(tool.waitForFinished(60'000));
+    QCOMPARE(QString::fromUtf8(tool.readAllStandardError()),
+             u"tarvelo-importa: Não há espaço suficiente no disco:\n%1\nEsvazie-o, ou diga um destino em outro disco.\n"
+             "\nNada foi importado, e o destino continua como estava.\n"_s.arg(program_->path()));
+    QCOMPARE(tool.exitCode(), 2);
+    QCOMPARE(support::filesOf(program_->path()), before);
 }
 
 TARVELO_TEST_MAIN(TestImportaFerramenta)

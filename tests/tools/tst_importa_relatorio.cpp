@@ -76,6 +76,7 @@ private slots:
     void tellsWhatWasLeftOut();
     void tellsWhatWasKept();
     void tellsWhatTheSourceHadNot();
+    void tellsWhichTablesAreMissing();
     void tellsEachValueThatChanged_data();
     void tellsEachValueThatChanged();
     void tellsWhereValuesChanged();
@@ -128,8 +129,9 @@ void TestImportaRelatorio::saysThatSomethingDidNot()
     result.tabelas.push_back(table(u"Clientes"_s, 1));
     result.ocorrencias.push_back(
         {.tabela = u"Clientes"_s, .coluna = u"Nome"_s, .mudanca = Mudanca::Cortado, .quantas = 1});
-    QVERIFY(text(result).contains(u"\nResultado: os dados vieram, mas nem tudo como estava. Leia abaixo o que ficou de "
-                                  "fora ou mudou.\n"_s));
+    QVERIFY(
+        text(result).contains(u"\nResultado: os dados vieram, mas nem tudo como estava.\nLeia abaixo o que ficou de "
+                              "fora ou mudou.\n"_s));
 
     result.saldos.push_back({.tabela = u"Caixa"_s, .contas = 1, .origem = 1, .destino = 2, .diferentes = 1});
     QVERIFY(text(result).contains(u"Leia abaixo o que ficou de fora ou mudou, e os saldos.\n"_s));
@@ -140,11 +142,9 @@ void TestImportaRelatorio::tellsTheRowsOfEachTable()
     Resultado result;
     result.tabelas.push_back(table(u"Clientes"_s, 200'000));
     result.tabelas.back().gravadas = 199'999;
-    result.tabelas.push_back({.nome = u"LivroOrigem"_s, .doPrograma = true});
     QCOMPARE(
         part(text(result), u"Linhas das tabelas"_s),
-        (QStringList{u"  Clientes                                     200.000           200.000           199.999"_s,
-                     u"  LivroOrigem                                não havia                 -       feita vazia"_s}));
+        QStringList{u"  Clientes                                     200.000           200.000           199.999"_s});
     QVERIFY(text(result).contains(
         u"\nLinhas das tabelas                           na origem             lidas          gravadas\n"_s));
 }
@@ -182,7 +182,7 @@ void TestImportaRelatorio::tellsWhatWasKept()
     result.tabelas.push_back(table(u"Agenda"_s, 7));
     result.tabelas.back().doPrograma = false;
     QCOMPARE(part(text(result), u"Veio junto, sem que o Tarvelo o use"_s),
-             (QStringList{u"  Em Clientes: Apelido, Time"_s, u"  Tabela Agenda"_s}));
+             (QStringList{u"  Colunas de Clientes: Apelido, Time"_s, u"  Tabela Agenda"_s}));
 }
 
 void TestImportaRelatorio::tellsWhatTheSourceHadNot()
@@ -190,9 +190,35 @@ void TestImportaRelatorio::tellsWhatTheSourceHadNot()
     Resultado result;
     result.tabelas.push_back(table(u"Pecas"_s, 2));
     result.tabelas.back().colunasAusentes = {u"ICMS"_s, u"IPI"_s};
-    QCOMPARE(part(text(result), u"Colunas que não havia na origem, e ficaram vazias"_s),
-             QStringList{u"  Em Pecas: ICMS, IPI"_s});
-    QVERIFY(text(result).contains(u"tudo veio"_s));
+    const QString whole = text(result);
+    QCOMPARE(part(whole, u"Não havia na origem"_s),
+             QStringList{u"  Colunas de Pecas, que ficaram vazias: ICMS, IPI"_s});
+    QVERIFY(whole.contains(u"\nResultado: tudo veio, como estava.\n"_s));
+}
+
+/// An old file may lack a table in good order, or because it is the wrong one.
+void TestImportaRelatorio::tellsWhichTablesAreMissing()
+{
+    Resultado result;
+    result.tabelas.push_back(table(u"Clientes"_s, 2));
+    result.tabelas.push_back({.nome = u"LivroOrigem"_s, .doPrograma = true});
+    QString whole = text(result);
+    QCOMPARE(part(whole, u"Não havia na origem"_s), QStringList{u"  Tabelas, que foram feitas vazias: LivroOrigem"_s});
+    QVERIFY(
+        whole.contains(u"\nResultado: tudo veio, como estava. O arquivo de origem não tinha 1 tabela do Tarvelo.\n"_s));
+    QCOMPARE(part(whole, u"Linhas das tabelas"_s).size(), 1);
+
+    for (int i = 1; i <= 12; ++i) {
+        result.tabelas.push_back({.nome = u"TabelaNova%1"_s.arg(i), .doPrograma = true});
+    }
+    whole = text(result);
+    QVERIFY(whole.contains(u"não tinha 13 tabelas do Tarvelo.\n"_s));
+    const QStringList lines = part(whole, u"Não havia na origem"_s);
+    QVERIFY(lines.size() >= 2 && lines[1].startsWith(u"      TabelaNova"_s));
+    for (const QString &line : lines) {
+        QVERIFY2(line.size() <= 90, qPrintable(line));
+    }
+    QCOMPARE(lines.join(u' ').simplified().count(u", "_s), 13); // one of the words, the others between the names
 }
 
 void TestImportaRelatorio::tellsEachValueThatChanged_data()
@@ -285,7 +311,7 @@ void TestImportaRelatorio::partsWithoutContentsAreNotThere()
     Resultado result;
     result.tabelas.push_back(table(u"Senha"_s, 1));
     const QString whole = text(result);
-    for (const QString &heading : {u"Ficou de fora"_s, u"Mudou ao vir"_s, u"Veio junto"_s, u"Colunas que não"_s,
+    for (const QString &heading : {u"Ficou de fora"_s, u"Mudou ao vir"_s, u"Veio junto"_s, u"Não havia"_s,
                                    u"Últimos saldos"_s, u"Somas das"_s, u"Conferência"_s}) {
         QVERIFY2(!whole.contains(heading), qPrintable(heading));
     }

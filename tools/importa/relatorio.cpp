@@ -26,6 +26,7 @@ namespace
 
 constexpr qsizetype largura = 34; // of the names ahead of the columns of numbers
 constexpr qsizetype larguraNumero = 18;
+constexpr qsizetype larguraDaPagina = 84;
 constexpr qsizetype maiorValor = 60;
 
 QString linhaDe(const QString &nome, const QStringList &numeros)
@@ -61,6 +62,22 @@ QStringList valores(double origem, double destino)
                   QString::number(destino, 'g', todosOsAlgarismos).replace(u'.', u',')};
     }
     return textos;
+}
+
+/// "  antes: A, B, C", in as many lines as an editor shows without moving sideways.
+QString emLinhas(const QString &antes, const QStringList &nomes)
+{
+    QString linha = antes + u": "_s;
+    QString texto;
+    for (qsizetype i = 0; i < nomes.size(); ++i) {
+        const QString nome = nomes[i] + (i + 1 < nomes.size() ? u","_s : QString());
+        if (linha.size() + nome.size() > larguraDaPagina) {
+            texto += linha.trimmed() + u"\n      "_s;
+            linha.clear();
+        }
+        linha += nome + u' ';
+    }
+    return texto + linha.trimmed();
 }
 
 QString partes(const QStringList &linhas, const QString &texto)
@@ -145,12 +162,9 @@ QString asTabelas(const Resultado &resultado)
 {
     QString texto = titulo(u"Linhas das tabelas"_s, {u"na origem"_s, u"lidas"_s, u"gravadas"_s});
     for (const Tabela &tabela : resultado.tabelas) {
-        if (tabela.fora) {
-            continue;
+        if (tabela.naOrigem && !tabela.fora) {
+            texto += linhaDe(tabela.nome, {numero(tabela.prometidas), numero(tabela.lidas), numero(tabela.gravadas)});
         }
-        texto += tabela.naOrigem
-                     ? linhaDe(tabela.nome, {numero(tabela.prometidas), numero(tabela.lidas), numero(tabela.gravadas)})
-                     : linhaDe(tabela.nome, {u"não havia"_s, u"-"_s, u"feita vazia"_s});
     }
     return texto;
 }
@@ -177,21 +191,35 @@ QString oQueVeioAMais(const Resultado &resultado)
         if (!tabela.doPrograma && !tabela.fora) {
             linhas.append(u"Tabela "_s + tabela.nome);
         } else if (!tabela.colunasMantidas.isEmpty()) {
-            linhas.append(u"Em %1: %2"_s.arg(tabela.nome, tabela.colunasMantidas.join(u", "_s)));
+            linhas.append(emLinhas(u"Colunas de "_s + tabela.nome, tabela.colunasMantidas));
         }
     }
     return partes(linhas, u"Veio junto, sem que o Tarvelo o use"_s);
 }
 
+QStringList tabelasQueNaoHavia(const Resultado &resultado)
+{
+    QStringList nomes;
+    for (const Tabela &tabela : resultado.tabelas) {
+        if (tabela.doPrograma && !tabela.naOrigem) {
+            nomes.append(tabela.nome);
+        }
+    }
+    return nomes;
+}
+
 QString oQueNaoHavia(const Resultado &resultado)
 {
     QStringList linhas;
+    if (const QStringList tabelas = tabelasQueNaoHavia(resultado); !tabelas.isEmpty()) {
+        linhas.append(emLinhas(u"Tabelas, que foram feitas vazias"_s, tabelas));
+    }
     for (const Tabela &tabela : resultado.tabelas) {
         if (!tabela.colunasAusentes.isEmpty()) {
-            linhas.append(u"Em %1: %2"_s.arg(tabela.nome, tabela.colunasAusentes.join(u", "_s)));
+            linhas.append(emLinhas(u"Colunas de "_s + tabela.nome + u", que ficaram vazias"_s, tabela.colunasAusentes));
         }
     }
-    return partes(linhas, u"Colunas que não havia na origem, e ficaram vazias"_s);
+    return partes(linhas, u"Não havia na origem"_s);
 }
 
 QString oQueMudou(const Resultado &resultado)
@@ -270,13 +298,17 @@ QString aConferencia(const Relatorio &relatorio, Achados achados)
 /// The first line that somebody reads, and often the only one.
 QString oResultado(const Resultado &resultado)
 {
+    const qsizetype faltam = tabelasQueNaoHavia(resultado).size();
+    const QString faltavam =
+        faltam > 0 ? u" O arquivo de origem não tinha %1 do Tarvelo."_s.arg(Quantos(faltam, u"tabela", u"tabelas"))
+                   : QString();
     if (resultado.tudoVeio()) {
-        return u"Resultado: tudo veio, como estava.\n"_s;
+        return u"Resultado: tudo veio, como estava."_s + faltavam + u'\n';
     }
     const bool comSaldos = std::any_of(resultado.saldos.begin(), resultado.saldos.end(),
                                        [](const Saldo &saldo) { return saldo.diferentes > 0; });
-    return u"Resultado: os dados vieram, mas nem tudo como estava. Leia abaixo o que ficou de fora ou mudou%1.\n"_s.arg(
-        comSaldos ? u", e os saldos"_s : QString());
+    return u"Resultado: os dados vieram, mas nem tudo como estava."_s + faltavam +
+           u"\nLeia abaixo o que ficou de fora ou mudou%1.\n"_s.arg(comSaldos ? u", e os saldos"_s : QString());
 }
 
 QString cabecalho(const Relatorio &relatorio)
