@@ -6,6 +6,7 @@ pacotes_programa=(
     qt6-base-dev qt6-svg-dev
     libgl-dev
     libsqlite3-dev
+    mdbtools-dev pkgconf
     qt6-translations-l10n
     qt6-wayland
     breeze-icon-theme
@@ -31,6 +32,8 @@ declare -A para_que=(
     [qt6-svg-dev]="pictures and icons, drawn as it is built"
     [libgl-dev]="what the Qt development files ask for"
     [libsqlite3-dev]="the database"
+    [mdbtools-dev]="reads the genuine Jet files that are imported"
+    [pkgconf]="finds the library of mdbtools"
     [qt6-translations-l10n]="Qt's own buttons in Portuguese"
     [qt6-wayland]="windows on a Wayland desktop"
     [breeze-icon-theme]="icons, drawn into the program"
