@@ -25,6 +25,16 @@ constexpr int longest = 201;
 constexpr int longest = 238;
 #endif
 
+/// A path to compare: the same file may have it in any case where the system does not tell them apart.
+QString compared(const QString &path)
+{
+#ifdef Q_OS_WIN
+    return path.toLower();
+#else
+    return path;
+#endif
+}
+
 } // namespace
 
 class TestCaminhos : public QObject
@@ -111,8 +121,8 @@ void TestCaminhos::findsNamesWhateverTheirCase()
 {
     cria(u"DADOS/Logo.bmp"_s);
     QFETCH(const QString, texto);
-    QCOMPARE(QFileInfo(core::caminho(pasta_->path() + texto)).canonicalFilePath(),
-             QFileInfo(pasta_->filePath(u"DADOS/Logo.bmp"_s)).canonicalFilePath());
+    QCOMPARE(compared(QFileInfo(core::caminho(pasta_->path() + texto)).canonicalFilePath()),
+             compared(QFileInfo(pasta_->filePath(u"DADOS/Logo.bmp"_s)).canonicalFilePath()));
 }
 
 #ifdef Q_OS_UNIX
@@ -160,8 +170,8 @@ void TestCaminhos::aDriveMayBeTheProgramFolder()
 void TestCaminhos::keepsWhatDoesNotExist()
 {
     cria(u"DADOS/x"_s);
-    QCOMPARE(core::caminho(pasta_->path() + u"\\dados\\Novo\\Arquivo.mdb"_s),
-             pasta_->filePath(u"DADOS/Novo/Arquivo.mdb"_s));
+    QCOMPARE(compared(core::caminho(pasta_->path() + u"\\dados\\Novo\\Arquivo.mdb"_s)),
+             compared(pasta_->filePath(u"DADOS/Novo/Arquivo.mdb"_s)));
     QCOMPARE(core::caminho(QString()), QString());
 }
 
@@ -451,8 +461,8 @@ void TestCaminhos::tellsWhatAPathMayNotHave_data()
     QTest::newRow("Japanese") << u"工場"_s << letras;
     QTest::newRow("a letter and its mark apart") << u"orc\u0327amento"_s << letras;
     QTest::newRow("a picture") << u"oficina\U0001F527"_s << letras;
+#ifdef Q_OS_UNIX // the other system has no such names
     QTest::newRow("two lines") << u"oficina\nnova"_s << letras;
-#ifdef Q_OS_UNIX
     QTest::newRow("a backslash") << u"oficina\\nova"_s << letras;
 #endif
     QTest::newRow("a character too many")
