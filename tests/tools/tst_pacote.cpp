@@ -127,7 +127,8 @@ void TestPacote::itsControlFileTellsWhatItIs()
 void TestPacote::itNeedsWhatTheProgramsLookFor_data()
 {
     QTest::addColumn<bool>("linked");
-    for (const char *name : {"libqt6core6", "libqt6gui6", "libqt6widgets6", "libqt6printsupport6", "libsqlite3-0"}) {
+    for (const char *name :
+         {"libqt6core6", "libqt6gui6", "libqt6widgets6", "libqt6printsupport6", "libsqlite3-0", "libmdb3"}) {
         QTest::newRow(name) << true;
     }
     for (const char *name : {"qt6-translations-l10n", "fonts-liberation", "fonts-dejavu-core"}) {
