@@ -71,7 +71,13 @@ void Reader::Private::start()
     if (frame != Frame::Tables) {
         giveUp(Damage::Garbled);
     }
-    tables_ = unpackTables(bytes);
+    // Whoever reads holds on to those of the first process.
+    auto tables = unpackTables(bytes);
+    if (tables_.empty()) {
+        tables_ = std::move(tables);
+    } else if (tables.size() != tables_.size()) {
+        giveUp(Damage::Garbled);
+    }
 }
 
 void Reader::Private::stop()

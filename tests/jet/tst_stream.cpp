@@ -222,11 +222,14 @@ void tst_stream::aReadingCanBeLeft()
 {
     jet::Reader reader = this->reader(u"answers"_s);
     const auto leave = [](const jet::Row &row) { return std::get<qint32>(row.values[0]) < 2; };
+    const jet::Table &table = reader.tables()[0];
     const jet::Reading left = reader.read(0, leave);
     QVERIFY(left.ended);
     QCOMPARE(left.rows, 2);
     QCOMPARE(children(), QList<int>{});
     QCOMPARE(reader.read(0, takeAll).rows, 3);
+    QCOMPARE(&reader.tables()[0], &table);
+    QCOMPARE(table.name, u"CLIENTES"_s);
 }
 
 void tst_stream::anErrorOfTheTakerIsNotSwallowed()
