@@ -63,6 +63,9 @@ void TestInstalacao::holdsTheWholeProgram()
     QVERIFY(QFileInfo(path(u"tarvelo"_s)).isExecutable());
     QVERIFY(QFileInfo(path(u"tarvelo-copia"_s)).isExecutable());
     QVERIFY(QFileInfo(path(u"tarvelo-confere"_s)).isExecutable());
+#ifdef Q_OS_LINUX
+    QVERIFY(QFileInfo(path(u"tarvelo-importa"_s)).isExecutable()); // its library is there for no other system
+#endif
     for (const QString &script : scripts) {
         QVERIFY2(contents(script).startsWith(firstLine), qPrintable(script));
         QVERIFY(QFileInfo(path(script)).isExecutable());
