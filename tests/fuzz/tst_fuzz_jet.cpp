@@ -55,7 +55,8 @@ int readFrom(int first, const QString &folder, Outcomes &outcomes)
         return files;
     }
     if (failure.isEmpty()) {
-        failure = u"ended by itself: "_s + QString::fromUtf8(reader.readAllStandardError());
+        constexpr int mostWords = 4000; // the report of a crash stands at the end
+        failure = u"ended by itself: "_s + QString::fromUtf8(reader.readAllStandardError().right(mostWords));
     }
     outcomes.failed[last] = failure;
     return last + 1;
