@@ -125,6 +125,11 @@ void Instrucao::bind(int place, const QString &value)
     sqlite3_bind_text(statement_.get(), place, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT);
 }
 
+void Instrucao::bindUtf8(int place, QByteArrayView text)
+{
+    sqlite3_bind_text(statement_.get(), place, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+}
+
 void Instrucao::bindNull(int place)
 {
     sqlite3_bind_null(statement_.get(), place);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
 
 #include <memory>
@@ -37,6 +38,7 @@ public:
     void bind(int place, qint64 value);
     void bind(int place, int value) { bind(place, qint64{value}); }
     void bind(int place, const QString &value);
+    void bindUtf8(int place, QByteArrayView text);
     void bindNull(int place);
 
     double number(int column) const;

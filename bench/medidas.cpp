@@ -5,6 +5,7 @@
 
 #include "estimates/estimates.h"
 #include "finance/finance.h"
+#include "platform/jet/stream.h"
 #include "platform/ui/application.h"
 #include "registers/registers.h"
 #include "reports/reports.h"
@@ -15,6 +16,7 @@
 #include <QProcess>
 
 #include <cstdio>
+#include <cstring>
 
 using namespace Qt::StringLiterals;
 
@@ -82,6 +84,7 @@ int measureAll(int argc, char **argv)
     medidas::medeCadastros();
     medidas::medeFinancas();
     medidas::medePrevia();
+    medidas::medeImportacao();
     medidas::medeRelatorios();
     medidas::medeRelatoriosDeClientes();
     medidas::mostraSemLimite();
@@ -97,6 +100,9 @@ int measureAll(int argc, char **argv)
 
 int main(int argc, char **argv)
 {
+    if (argc == 3 && std::strcmp(argv[1], "--le") == 0) { // the process that reads the file of an import
+        return jet::serve(QString::fromLocal8Bit(argv[2]));
+    }
     qInstallMessageHandler(dropNoise);
     ui::Application application(argc, argv);
     shell::registerForms();

@@ -41,6 +41,7 @@ void medeBanco();
 void medeOrdens();
 void medeOrcamentos();
 void medeAlteracao();
+void medeImportacao();
 void medeLista();
 void medeCadastros();
 void medeFinancas();
