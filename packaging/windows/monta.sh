@@ -89,6 +89,6 @@ lista_arquivos >"$construcao/arquivos.nsh"
 
 instalador="$construcao/tarvelo-$versao-instala.exe"
 makensis -V2 -WX -INPUTCHARSET UTF8 -DVERSAO="$versao" -DPASTA="$PWD/$pasta" -DARQUIVOS="$PWD/$construcao/arquivos.nsh" \
-    -DICONE="$PWD/$construcao/programa/tarvelo.ico" -DTAMANHO="$(du -sk "$pasta" | cut -f1)" -DSAIDA="$PWD/$instalador" \
+    -DICONE="$PWD/$construcao/programa/tarvelo.ico" -DTAMANHO="$(du -sk --apparent-size "$pasta" | cut -f1)" -DSAIDA="$PWD/$instalador" \
     packaging/windows/instala.nsi
 ls -l "$construcao/$zip" "$instalador"
