@@ -21,6 +21,8 @@ pacotes_testes=(mold poppler-utils "${pacotes_pacote[@]}" desktop-file-utils app
 pacotes_exame=(clang-format clang-tidy git python3)
 # to build it for Windows
 pacotes_windows=(g++-mingw-w64-x86-64-posix dpkg-dev tcl zip nsis)
+# to try that
+pacotes_wine=(wine wine64 xvfb xauth)
 # to measure it
 pacotes_medidas=(libbenchmark-dev)
 
@@ -45,6 +47,10 @@ declare -A para_que=(
     [tcl]="joins the sources of the database"
     [zip]="the portable folder as one file"
     [nsis]="the installer"
+    [wine]="runs programs for Windows"
+    [wine64]="runs programs for Windows"
+    [xvfb]="a screen that nobody sees, for Wine"
+    [xauth]="a screen that nobody sees, for Wine"
     [poppler-utils]="the tests read the printed PDFs by it"
     [dpkg-dev]="the package and what it depends on"
     [file]="tells the package's programs from its texts"

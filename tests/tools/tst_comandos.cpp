@@ -242,7 +242,8 @@ void TestComandos::everyPackageStandsInTheReadme()
     QProcess bash;
     bash.start(u"bash"_s, {u"-c"_s,
                            u". \"$0\"; printf '%s|%s\\n' \"${#para_que[@]}\" \"${pacotes_programa[*]} "
-                           "${pacotes_testes[*]} ${pacotes_exame[*]} ${pacotes_medidas[*]}\""_s,
+                           "${pacotes_testes[*]} ${pacotes_exame[*]} ${pacotes_medidas[*]} ${pacotes_windows[*]} "
+                           "${pacotes_wine[*]}\""_s,
                            path(u"tools/pacotes.sh"_s)});
     QVERIFY(bash.waitForFinished());
     const QStringList told = QString::fromUtf8(bash.readAll()).trimmed().split(u'|');

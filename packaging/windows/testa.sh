@@ -1,0 +1,47 @@
+#!/usr/bin/env bash
+# Builds the tests for Windows and runs them under Wine, then the demonstration: testa.sh [NAME], the tests whose name matches
+# alone. What is left out, and why, stands in tests/windows.txt. The pictures land in build/windows/demonstracao.
+set -euo pipefail
+cd "$(dirname "$0")/../.."
+. tools/pacotes.sh
+
+instala_faltantes "${pacotes_programa[@]}" "${pacotes_windows[@]}" "${pacotes_wine[@]}"
+packaging/windows/qt.sh
+packaging/windows/sqlite.sh
+# What draws and counts while it is built is this system's.
+[ -f build/release/build.ninja ] || cmake --preset release
+cmake --build --preset release --target figuras icones reduz cep
+
+testes=build/windows/testes
+executa=$PWD/packaging/windows/executa.sh
+[ -f "$testes/build.ninja" ] ||
+    cmake --preset windows -B "$testes" -DTARVELO_TESTS=ON -DCMAKE_CROSSCOMPILING_EMULATOR="$executa"
+cmake --build "$testes"
+
+# Consoles and windows need a screen, be it one that nobody sees. All that Wine left running ends with it.
+numero=90
+while [ -e "/tmp/.X$numero-lock" ]; do numero=$((numero + 1)); done
+Xvfb ":$numero" -screen 0 1280x1024x24 >/dev/null 2>&1 &
+tela=$!
+termina() {
+    WINEPREFIX=$PWD/build/windows/wine wineserver -k 2>/dev/null || true
+    kill "$tela" 2>/dev/null || true
+}
+trap termina EXIT
+export DISPLAY=:$numero
+
+if [ ! -d build/windows/wine ]; then
+    "$executa" wineboot --init >/dev/null 2>&1
+    # Wine lacks the font of Windows, and would take the first one that this machine has.
+    "$executa" reg add 'HKCU\Software\Wine\Fonts\Replacements' /v 'Segoe UI' /d 'Liberation Sans' /f >/dev/null 2>&1
+fi
+selecao=()
+[ $# -gt 0 ] && selecao=(-R "$1")
+ctest --test-dir "$testes" -j "$(nproc)" --no-tests=error --output-on-failure "${selecao[@]}"
+echo "Left out, as tests/windows.txt says:"
+sed -n 's/^[a-z]/  &/p' tests/windows.txt
+[ $# -eq 0 ] || exit 0
+
+resultados=build/windows/demonstracao
+DEMONSTRACAO_TELA=windows "$executa" "$testes/tools/demonstracao/demonstracao.exe" "$resultados" | iconv -f CP1252 -t UTF-8
+echo "The pictures are in $resultados."
