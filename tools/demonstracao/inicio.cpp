@@ -61,6 +61,8 @@ void Inicio::novaInstalacaoPrimeiroOperadorELogin()
         picture(u"frmSplash"_s, form(u"frmSplash"_s));
         done(u"nova instalação: banco de dados criado, nenhum operador"_s);
         support::whenShown(u"frmSenhaManut"_s, [] { firstOperator(); });
+        // It blinks: a user presses it while he sees it.
+        QTRY_VERIFY(support::controlOf(form(u"frmSenha"_s), u"btnManutencao"_s)->isVisible());
         click(form(u"frmSenha"_s), u"btnManutencao"_s);
         done(u"primeiro operador cadastrado, administrador"_s);
     });
