@@ -19,4 +19,6 @@ for nome in ${!QT_@}; do
     export "WINE$nome=${!nome}"
 done
 export WINEQT_FORCE_STDERR_LOGGING=1
+# Off screen Qt reads fonts of a folder, and there are none in this Windows.
+export WINEQT_QPA_FONTDIR='Z:\usr\share\fonts\truetype\liberation'
 exec wine "$@"

@@ -32,8 +32,10 @@ export DISPLAY=:$numero
 
 if [ ! -d build/windows/wine ]; then
     "$executa" wineboot --init >/dev/null 2>&1
-    # Wine lacks the font of Windows, and would take the first one that this machine has.
-    "$executa" reg add 'HKCU\Software\Wine\Fonts\Replacements' /v 'Segoe UI' /d 'Liberation Sans' /f >/dev/null 2>&1
+    # Wine lacks the fonts of Windows, and would take the first one that this machine has.
+    for fonte in 'Segoe UI' Tahoma; do
+        "$executa" reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$fonte" /d 'Liberation Sans' /f >/dev/null 2>&1
+    done
 fi
 selecao=()
 [ $# -gt 0 ] && selecao=(-R "$1")

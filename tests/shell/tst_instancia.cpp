@@ -47,11 +47,22 @@ public:
         process_.waitForFinished(patience);
     }
 
+#ifdef Q_OS_LINUX
     /// Kills it without asking for its end: no event runs before the test looks.
-    void signalDeath() const { QProcess::execute(u"/bin/sh"_s, {u"-c"_s, u"kill -9 %1"_s.arg(id())}); }
+    void signalDeath() const
+    {
+        QProcess::execute(u"/bin/sh"_s, {u"-c"_s, u"kill -9 %1"_s.arg(id())});
+    }
+#endif
 
-    qint64 id() const { return process_.processId(); }
-    bool running() const { return process_.state() == QProcess::Running; }
+    qint64 id() const
+    {
+        return process_.processId();
+    }
+    bool running() const
+    {
+        return process_.state() == QProcess::Running;
+    }
 
 private:
     QProcess process_;
@@ -67,6 +78,8 @@ qint64 owner(const QString &folder)
     return lock.getLockInfo(&id, &host, &program) ? id : 0;
 }
 
+#ifdef Q_OS_LINUX
+
 /// Waits without running events, which would take the dead process away.
 bool becomesDefunct(qint64 id)
 {
@@ -79,6 +92,8 @@ bool becomesDefunct(qint64 id)
     }
     return false;
 }
+
+#endif
 
 } // namespace
 
