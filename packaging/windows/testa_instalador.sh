@@ -53,6 +53,8 @@ wine winecfg -v win7
 espera 2 "a Windows that is too old is refused" roda "$instalador" /S
 wine winecfg -v win10
 
+espera 2 "a folder that can't be written is refused" comando "\"$(winepath -w "$instalador")\" /S /D=Z:\\proc\\Tarvelo"
+! wine reg query "$chave" >/dev/null 2>&1 || falha "the system tells how to remove what was not installed"
 espera 0 "it installs without a question" roda "$instalador" /S
 usuario=$(winepath -u "$(wine cmd /c 'echo %LOCALAPPDATA%' 2>/dev/null | tr -d '\r')")
 pasta=$usuario/Programs/Tarvelo
