@@ -50,7 +50,7 @@ jet4::File ledger()
     return file;
 }
 
-/// What old files have: deleted rows, rows that outgrew their page, rows older than a column.
+/// What old files have: deleted rows, rows that outgrew their page, rows older than a column, maps in pages of bits.
 jet4::File aged()
 {
     jet4::File file;
@@ -58,7 +58,8 @@ jet4::File aged()
                       .columns = jet4::columns(u"Codigo.Counter,Nome.Text;200,Valor.Single,ICMS.Single,Nota.Memo"_s),
                       .rows = {},
                       .columnsOfOldRows = 3,
-                      .oldRows = 20};
+                      .oldRows = 20,
+                      .bitmaps = true};
     for (int i = 1; i <= 90; ++i) {
         parts.rows.push_back({.values = {qint32{i}, u"PEÇA %1 "_s.arg(i).repeated(1 + i % 9), 1.5F * float(i), 18.F,
                                          i % 3 == 0 ? runtime::Value(Null{}) : runtime::Value(u"x"_s.repeated(i * 90))},
