@@ -101,10 +101,11 @@ void putInPlace(files::Draft &draft, const QString &path)
     }
 }
 
-void examineFile(const QString &path)
+void examineFile(const QString &path, Examination examination)
 {
     const auto connection = openFile(path, true);
-    Prepared check(connection->handle(), "PRAGMA integrity_check");
+    const bool whole = examination == Examination::Whole;
+    Prepared check(connection->handle(), whole ? "PRAGMA integrity_check" : "PRAGMA quick_check");
     if (!check.step() || runtime::CStr(check.value(0)) != u"ok") {
         runtime::raise(3343, {QDir::toNativeSeparators(path)});
     }
@@ -115,7 +116,7 @@ void copyDatabase(const QString &from, const QString &to)
     const auto source = openSource(from);
     files::Draft draft(to);
     copyPages(*source, *openDraft(draft, to));
-    examineFile(draft.name());
+    examineFile(draft.name(), Examination::Whole);
     putInPlace(draft, to);
 }
 

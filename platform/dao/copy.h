@@ -17,8 +17,11 @@ class Connection;
 /// Opens a file in the making, which is empty, for writing. 3051 where it could not be made; `path` is its name to be.
 std::shared_ptr<Connection> openDraft(const files::Draft &draft, const QString &path);
 
-/// Reads a database as what opens it later does, and each of its pages. 3343 where it is not whole.
-void examineFile(const QString &path);
+/// How much of a database is looked at: each of its pages, or also each entry of its indexes against its row.
+enum class Examination { Pages, Whole };
+
+/// Reads a database as what opens it later does. 3343 where it is not right.
+void examineFile(const QString &path, Examination examination);
 
 /// 3051 where the file that stood there stays.
 void putInPlace(files::Draft &draft, const QString &path);

@@ -13,10 +13,11 @@ DatabaseDraft::DatabaseDraft(const QString &path) : path_(path), file_(path)
     database_ = std::shared_ptr<Database>(new Database(connection));
 }
 
+/// Its indexes were made of its rows a moment ago: to look up each entry would take longer than to make them.
 void DatabaseDraft::examine()
 {
     database_->Close();
-    examineFile(file_.name());
+    examineFile(file_.name(), Examination::Pages);
 }
 
 void DatabaseDraft::putInPlace()
