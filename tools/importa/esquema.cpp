@@ -266,8 +266,9 @@ std::optional<Motivo> Montagem::casa(int coluna, Copia &copia, Tabela &contada)
     if (fonte) {
         return Motivo::Repetida;
     }
-    fonte.emplace(coluna, dao::isNumber(*tipo),
-                  Conversor(*tipo, copia.destino.fields()[static_cast<std::size_t>(lugar)]));
+    fonte = Fonte{.coluna = coluna,
+                  .ehNumero = dao::isNumber(*tipo),
+                  .conversor = Conversor(*tipo, copia.destino.fields()[static_cast<std::size_t>(lugar)])};
     if (resultado_.postais && mesmoNome(daOrigem.name, colunaCEP)) {
         fonte->conversor.completaComZeros(algarismosDoCEP);
     }

@@ -89,10 +89,9 @@ Apuracao leDoDestino(dao::Database &banco, const dao::TableDef &tabela)
     }
     nomes.removeDuplicates();
     auto linha = banco.OpenRecordset(u"SELECT ["_s + nomes.join(u"], ["_s) + u"] FROM ["_s + tabela.name() + u']');
-    std::vector<int> lugares;
-    for (const int lugar : apuracao.colunas()) {
-        lugares.push_back(linha.fieldPlace(tabela.fields()[static_cast<std::size_t>(lugar)].name));
-    }
+    std::vector<int> lugares(apuracao.colunas().size());
+    std::transform(apuracao.colunas().begin(), apuracao.colunas().end(), lugares.begin(),
+                   [&](int lugar) { return linha.fieldPlace(tabela.fields()[static_cast<std::size_t>(lugar)].name); });
     for (; !linha.Eof(); linha.MoveNext()) {
         apuracao.conta([&](std::size_t i) { return linha.value(lugares[i]); });
     }
@@ -142,6 +141,7 @@ private:
         }
         linhas.promete(total);
         std::vector<Apuracao> apuradas;
+        apuradas.reserve(copias.size());
         for (const Copia &copia : copias) {
             apuradas.push_back(linhas.copia(copia));
         }
