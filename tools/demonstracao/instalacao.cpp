@@ -1,5 +1,6 @@
 #include "core/config.h"
 #include "core/modulo.h"
+#include "platform/files/filelock.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/application.h"
 #include "platform/ui/form.h"
@@ -73,6 +74,12 @@ void nameFolder(const QString &script, const QString &folder)
     QVERIFY(text.contains(line));
     file.resize(0);
     file.write(text.replace(line, mine).toLocal8Bit());
+}
+
+/// The tool holds the program folder until the restoring is done: no program starts there meanwhile.
+bool folderIsFree()
+{
+    return files::FileLock(core::App::Path() + u"/tarvelo.lock"_s).take() != files::FileLock::Result::Busy;
 }
 
 /// Copies and restorings work on behind the command; on a busy machine they take their time.
@@ -228,6 +235,7 @@ void Instalacao::restauracaoDoBanco()
     stop();
     ui::Application::resetEnd();
     QTRY_COMPARE_WITH_TIMEOUT(kept().size(), 1, longestCopy);
+    QTRY_VERIFY_WITH_TIMEOUT(folderIsFree(), longestCopy);
     start(primeiroOperador());
     QCOMPARE(value(count), before);
     done(u"restauração do banco de dados: o programa terminou, e o cliente excluído voltou"_s);
