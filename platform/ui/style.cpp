@@ -2,6 +2,7 @@
 
 #include "platform/ui/listview.h"
 
+#include <QDateEdit>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QPainter>
@@ -111,6 +112,16 @@ int titleInset(const QWidget &header)
     return cellMargin(header) + 1 - header.style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, &header);
 }
 
+/// Qt measures a date with a calendar as a box with two small arrows, and draws it as a list with a broad one.
+int roomOfDate(const QStyle &style, const QDateEdit &date, QSize size)
+{
+    QStyleOptionComboBox option;
+    option.initFrom(&date);
+    option.editable = true;
+    option.rect = QRect(QPoint(), size);
+    return style.subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &date).width();
+}
+
 /// What is greyed can still be read: half of the way from the ground to the text.
 QColor greyed(const QPalette &palette, QPalette::ColorRole text, QPalette::ColorRole ground)
 {
@@ -149,6 +160,9 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption *option, con
         }
     }
     auto whole = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    if (const auto *date = qobject_cast<const QDateEdit *>(widget); type == CT_SpinBox && date) {
+        whole.rwidth() += std::max(0, contents.width() - roomOfDate(*this, *date, whole));
+    }
     if (type == CT_HeaderSection && isListTitle(widget)) {
         whole.rwidth() += 2 * titleInset(*widget);
     }

@@ -74,6 +74,7 @@ class tst_controls : public QObject
 private slots:
     void labelTellsItsChangesOnce();
     void pickerShowsTodayTheBrazilianWay();
+    void pickerHasRoomForItsDate();
     void pickerTakesTypedDigits();
     void pickerTakesDigitsWhereItIsClicked();
     void iconComesFromTheTheme();
@@ -113,6 +114,21 @@ void tst_controls::pickerShowsTodayTheBrazilianWay()
     QCOMPARE(picker.text(), u"15/05/2024"_s);
     QVERIFY(picker.calendarPopup());
     QCOMPARE(picker.locale().monthName(5), u"maio"_s);
+}
+
+void tst_controls::pickerHasRoomForItsDate()
+{
+    constexpr int besideTheText = 4; // which an edit keeps free
+    ui::Style look;
+    QWidget window; // which may be wider than it wants
+    ui::DTPicker picker(&window);
+    picker.setStyle(&look);
+    picker.setDate(QDate(2028, 12, 28));
+    picker.resize(picker.sizeHint());
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    const auto *edit = picker.findChild<QLineEdit *>();
+    QVERIFY(edit->contentsRect().width() >= edit->fontMetrics().horizontalAdvance(picker.text()) + besideTheText);
 }
 
 void tst_controls::pickerTakesTypedDigits()
