@@ -9,7 +9,9 @@ namespace
 {
 
 constexpr int nextPageAt = 4;
-constexpr unsigned mostColumns = 255;
+
+// Each page but the first begins with a head that is no part of the definition.
+constexpr int pageHeadSize = 8;
 
 // Four times what a definition with the most columns and indexes takes; one that runs in a circle ends there.
 constexpr int mostPages = 64;
@@ -17,20 +19,22 @@ constexpr int mostPages = 64;
 // A usage map begins with its kind and its first page.
 constexpr std::size_t smallestMap = 5;
 
-// libmdb follows the pages of a definition as far as its columns need them, wherever they lead.
-bool isWholeChain(const Pages &pages, quint32 number)
+/// The pages of a definition as one stream; nothing where one of them is none of a definition.
+std::optional<std::vector<uchar>> streamFrom(const Pages &pages, quint32 number)
 {
+    std::vector<uchar> stream;
     Page page;
     for (int i = 0; i < mostPages; ++i) {
         if (!pages.read(number, page) || page[0] != DefinitionPage) {
-            return false;
+            return std::nullopt;
         }
+        stream.insert(stream.end(), page.begin() + (i == 0 ? 0 : pageHeadSize), page.end());
         number = numberAt<quint32>(page, nextPageAt);
         if (number == 0) {
-            return true;
+            return stream;
         }
     }
-    return false;
+    return std::nullopt;
 }
 
 /// The bytes of a type's values; 0 where they differ.
@@ -53,25 +57,13 @@ int widthOf(int type)
     }
 }
 
-bool isPossible(const MdbColumn &column)
+bool isPossible(const StoredColumn &stored)
 {
-    if (column.name[0] == '\0' || column.row_col_num < 0) {
+    if (stored.column.name.isEmpty() || stored.place.number < 0) {
         return false;
     }
-    const int width = widthOf(column.col_type);
-    return width == 0 || (column.is_fixed != 0 && column.col_size == width);
-}
-
-Column columnOf(const MdbColumn &column)
-{
-    const int size = column.col_type == Text ? column.col_size / 2 : column.col_size;
-    return {QString::fromUtf8(column.name), column.col_type, size, column.is_long_auto != 0};
-}
-
-ColumnPlace placeOf(const MdbColumn &column)
-{
-    return {column.row_col_num, column.is_fixed != 0, column.fixed_offset, column.col_size,
-            static_cast<int>(column.var_col_num)};
+    const int width = widthOf(stored.column.type);
+    return width == 0 || (stored.place.fixed && stored.column.size == width);
 }
 
 bool isNamedTwice(std::vector<Column> columns)
@@ -87,41 +79,34 @@ bool isNamedTwice(std::vector<Column> columns)
 
 std::optional<Definition> Definition::read(const Pages &pages, quint32 page)
 {
-    if (!isWholeChain(pages, page)) {
+    const auto stream = streamFrom(pages, page);
+    if (!stream) {
         return std::nullopt;
     }
+    auto stored = readStored(pages, page, *stream);
     Definition definition;
-    definition.owner_ = page;
-    definition.entry_ = std::make_unique<MdbCatalogEntry>();
-    definition.entry_->mdb = pages.handle();
-    definition.entry_->object_type = MDB_TABLE;
-    definition.entry_->table_pg = page;
-    definition.table_.reset(mdb_read_table(definition.entry_.get()));
-    if (!definition.table_ || !definition.readColumns()) {
+    if (!stored || !definition.takeColumns(stored->columns)) {
         return std::nullopt;
     }
+    definition.owner_ = page;
+    definition.promisedRows_ = stored->promisedRows;
+    definition.map_ = std::move(stored->map);
     return definition;
 }
 
-// libmdb relies on the page that it read last, so this comes at once behind mdb_read_table.
-bool Definition::readColumns()
+bool Definition::takeColumns(const std::vector<StoredColumn> &stored)
 {
-    if (table_->num_cols == 0 || table_->num_cols > mostColumns) {
-        return false;
-    }
-    const GPtrArray *columns = mdb_read_columns(table_.get());
-    if (columns == nullptr || columns->len != table_->num_cols) {
-        return false;
-    }
-    for (guint i = 0; i < columns->len; ++i) {
-        const auto &column = *static_cast<const MdbColumn *>(columns->pdata[i]);
-        if (!isPossible(column)) {
+    for (const StoredColumn &each : stored) {
+        if (!isPossible(each)) {
             return false;
         }
-        columns_.push_back(columnOf(column));
-        places_.push_back(placeOf(column));
+        columns_.push_back(each.column);
+        if (each.column.type == Text) {
+            columns_.back().size /= 2; // two bytes a character
+        }
+        places_.push_back(each.place);
     }
-    return !isNamedTwice(columns_);
+    return !columns_.empty() && !isNamedTwice(columns_);
 }
 
 int Definition::column(QStringView name) const
@@ -138,21 +123,20 @@ Reading Definition::walk(const Pages &pages, const std::function<bool(Bytes)> &t
     Reading reading;
     Page page;
     quint32 last = 0;
-    if (table_->usage_map == nullptr || table_->map_sz < smallestMap) {
+    if (map_.size() < smallestMap) {
         ++reading.lost;
         return reading;
     }
-    const auto mapSize = static_cast<unsigned>(table_->map_sz);
     while (!reading.ended) {
-        const gint32 next = mdb_map_find_next(pages.handle(), table_->usage_map, mapSize, last);
-        if (next == 0) {
+        const auto next = nextPage(pages, map_, last);
+        if (next == 0U) {
             break;
         }
-        if (next < 0 || static_cast<quint32>(next) <= last) {
+        if (!next || *next <= last) {
             ++reading.lost;
             break;
         }
-        last = static_cast<quint32>(next);
+        last = *next;
         if (!pages.read(last, page)) {
             ++reading.lost;
         } else if (isRowPageOf(page, owner_)) {

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "platform/jet/pages.h"
-#include "platform/jet/record.h"
-#include "platform/jet/table.h"
+#include "platform/jet/stored.h"
 
 #include <functional>
 
@@ -18,7 +16,7 @@ public:
 
     const std::vector<Column> &columns() const { return columns_; }
     const std::vector<ColumnPlace> &places() const { return places_; }
-    qint64 promisedRows() const { return table_->num_rows; }
+    qint64 promisedRows() const { return promisedRows_; }
 
     /// The place of a column by its name; -1 without one.
     int column(QStringView name) const;
@@ -27,18 +25,14 @@ public:
     Reading walk(const Pages &pages, const std::function<bool(Bytes)> &take) const;
 
 private:
-    struct Free {
-        void operator()(MdbTableDef *table) const { mdb_free_tabledef(table); }
-    };
-
     Definition() = default;
-    bool readColumns();
+    bool takeColumns(const std::vector<StoredColumn> &stored);
     std::optional<Bytes> rowElsewhere(const Pages &pages, Bytes slot, Page &into) const;
     bool walkPage(const Pages &pages, const Page &page, const std::function<bool(Bytes)> &take, Reading &reading) const;
 
     quint32 owner_ = 0; ///< its first page, which its pages of rows name
-    std::unique_ptr<MdbCatalogEntry> entry_;
-    std::unique_ptr<MdbTableDef, Free> table_;
+    qint64 promisedRows_ = 0;
+    std::vector<uchar> map_;
     std::vector<Column> columns_;
     std::vector<ColumnPlace> places_;
 };

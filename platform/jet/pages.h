@@ -2,11 +2,6 @@
 
 #include "platform/jet/page.h"
 
-// libmdb 1.0.0 includes glib as C, which glib does not stand: it has to be there before.
-#include <glib.h>
-
-#include <mdbtools.h>
-
 #include <QString>
 
 #include <memory>
@@ -14,26 +9,28 @@
 namespace jet
 {
 
-/// The pages of a Jet 4 file through libmdb, copied: its own buffers change with every call. Raises `Damaged` where it
-/// does not open the file.
+/// The pages of a Jet 4 file, copied, by libmdb or by this program's own reading, whichever is built. Raises `Damaged`
+/// where the file can't be opened.
 class Pages
 {
 public:
-    explicit Pages(const QString &path);
+    /// What stands behind it, known to that reading alone.
+    struct Access;
 
-    MdbHandle *handle() const { return handle_.get(); }
+    explicit Pages(const QString &path);
+    ~Pages();
+    Pages(const Pages &) = delete;
+    Pages &operator=(const Pages &) = delete;
+
+    Access &access() const { return *access_; }
     qint64 bytes() const { return count_ * pageSize; }
 
     /// False for a page that the file does not have.
     bool read(quint32 number, Page &into) const;
 
 private:
-    struct Close {
-        void operator()(MdbHandle *handle) const { mdb_close(handle); }
-    };
-
-    std::unique_ptr<MdbHandle, Close> handle_;
-    qint64 count_;
+    std::unique_ptr<Access> access_;
+    qint64 count_ = 0;
 };
 
 } // namespace jet

@@ -5,8 +5,16 @@
 #include <csignal>
 #include <cstdio>
 
+#include <QtGlobal>
+
+#if defined(Q_OS_WIN)
+#include <fcntl.h>
+#include <io.h>
+#include <windows.h>
+#elif defined(Q_OS_LINUX)
 #include <sys/prctl.h>
 #include <sys/resource.h>
+#endif
 
 namespace jet
 {
@@ -27,16 +35,32 @@ bool write(Frame frame, const QByteArray &bytes)
            std::fflush(stdout) == 0;
 }
 
-// What stops the other end (a key of the terminal reaches both) is its own to act upon; this one goes with it, even out
-// of an endless loop. That it may crash is reckoned with, and no core is wanted.
+// What stops the other end (a key of the terminal reaches both) is its own to act upon; this one goes with it: on Linux
+// even out of an endless loop, elsewhere as soon as it finds its pipes closed. That it may crash is reckoned with, and
+// no core or box is wanted.
 void liveWithTheOtherEnd()
 {
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    for (const int signal : {SIGINT, SIGTERM}) {
         std::signal(signal, SIG_IGN);
     }
+#if defined(Q_OS_WIN)
+    SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX);
+#elif defined(Q_OS_LINUX)
+    std::signal(SIGHUP, SIG_IGN);
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     const rlimit none{};
     setrlimit(RLIMIT_CORE, &none);
+#endif
+}
+
+// Windows would take some bytes for ends of lines and of the file.
+void passBytesAsTheyAre()
+{
+#if defined(Q_OS_WIN)
+    for (std::FILE *stream : {stdin, stdout}) {
+        _setmode(_fileno(stream), _O_BINARY);
+    }
+#endif
 }
 
 bool writeRows(File &file, std::size_t table)
@@ -77,6 +101,7 @@ int answer(const QString &path)
 int serve(const QString &path)
 {
     liveWithTheOtherEnd();
+    passBytesAsTheyAre();
     try {
         return answer(path);
     } catch (const Damaged &damaged) {

@@ -339,8 +339,11 @@ QByteArray Writer::definition(const Table &table, const Place &place, qsizetype 
                                                              [](const Column &column) { return !isFixed(column); }));
     QByteArray bytes = number(signature) + number(table.promised.value_or(static_cast<quint32>(place.live))) +
                        number(static_cast<quint32>(table.rows.size())) + number(quint32{1}) + QByteArray(12, '\0') +
-                       kind + number(count) + number(variable) + number(known) + QByteArray(8, '\0') +
-                       number(pointer(maps, 0)) + number(pointer(maps, 1));
+                       kind + number(count) + number(variable) + number(known) + number(quint32{0}) +
+                       number(table.indexes) + number(pointer(maps, 0)) + number(pointer(maps, 1));
+    for (quint32 i = 0; i < table.indexes * 3; ++i) {
+        bytes += number(0xA5F0'0001U + i);
+    }
     quint16 offset = 0;
     quint16 before = 0;
     for (quint16 i = 0; i < count; ++i) {

@@ -59,6 +59,7 @@ struct Table {
     quint32 flags = 0;                    ///< of the object in the catalogue
     qint16 object = 1;                    ///< its kind: 5 is a query, 6 a linked table
     int mostRowsOfAPage = 255;
+    quint32 indexes = 0;  ///< of which the definition tells before its columns; there are none
     bool bitmaps = false; ///< which pages are the table's stands in pages of bits, however few they are
 };
 

@@ -1,10 +1,12 @@
-// Reads damaged Jet files one after the other, and tells of each what came of it: lejet FOLDER FIRST END. It may be
-// brought down by any of them; its last line says which one.
+// Reads damaged Jet files one after the other, and tells of each what came of it and a sum of all that was read: lejet
+// FOLDER FIRST END. It may be brought down by any of them; its last line says which one.
 #include "platform/jet/file.h"
+#include "platform/jet/frames.h"
 #include "platform/jet/header.h"
 #include "tests/fuzz/danos.h"
 
 #include <QCoreApplication>
+#include <QCryptographicHash>
 #include <QFile>
 
 #include <cstdio>
@@ -15,14 +17,23 @@ namespace
 /// More rows than this the small files of the test can't hold.
 constexpr qint64 mostRows = 200'000;
 
-const char *readAll(const QString &path)
+/// What came of a file, and of all that was read of it.
+struct Outcome {
+    const char *word;
+    QByteArray sum = "-";
+};
+
+Outcome readAll(const QString &path)
 {
     if (jet::examine(path) != jet::Kind::Jet4) {
-        return "refused";
+        return {"refused"};
     }
     try {
         jet::File file(path);
         const char *outcome = "whole";
+        QCryptographicHash sum(QCryptographicHash::Sha1);
+        sum.addData(jet::packTables(file.tables()));
+        QByteArray bytes;
         qint64 rows = 0;
         for (std::size_t i = 0; i < file.tables().size(); ++i) {
             const jet::Table &table = file.tables()[i];
@@ -30,18 +41,21 @@ const char *readAll(const QString &path)
             bool asDefined = true;
             const jet::Reading reading = file.read(i, [&](const jet::Row &row) {
                 asDefined = asDefined && row.values.size() == columns;
+                bytes.resize(0);
+                jet::packRow(row, bytes);
+                sum.addData(bytes);
                 return ++rows < mostRows;
             });
             if (reading.ended || !asDefined) {
-                return "nonsense";
+                return {"nonsense"};
             }
             if (!table.readable || reading.lost != 0 || reading.rows != table.promisedRows) {
                 outcome = "damaged";
             }
         }
-        return outcome;
+        return {outcome, sum.result().toHex()};
     } catch (const jet::Damaged &) {
-        return "damaged";
+        return {"damaged"};
     }
 }
 
@@ -61,7 +75,8 @@ int main(int argc, char **argv)
         file.close();
         std::printf("%d\n", number);
         std::fflush(stdout);
-        std::printf("%d %s\n", number, readAll(path));
+        const Outcome outcome = readAll(path);
+        std::printf("%d %s %s\n", number, outcome.word, outcome.sum.constData());
         std::fflush(stdout);
     }
     return 0;

@@ -23,13 +23,17 @@ constexpr int mostSilence = 20'000;
 struct Outcomes {
     std::map<QString, int> counts;
     std::map<int, QString> failed; ///< by the number of the file
+    std::map<int, QStringList> told;
 };
 
+/// The reader of the import and the one that is the import's where there is no libmdb.
+const QStringList readers = QStringLiteral(READERS).split(u',');
+
 /// The files from `first` on until one brings the reader down or holds it: the number behind it.
-int readFrom(int first, const QString &folder, Outcomes &outcomes)
+int readFrom(int first, const QString &program, const QString &folder, Outcomes &outcomes)
 {
     QProcess reader;
-    reader.start(QStringLiteral(READER), {folder, QString::number(first), QString::number(files)});
+    reader.start(program, {folder, QString::number(first), QString::number(files)});
     int last = first;
     bool busy = true;
     QString failure;
@@ -40,6 +44,7 @@ int readFrom(int first, const QString &folder, Outcomes &outcomes)
             busy = words.size() == 1;
             if (!busy) {
                 ++outcomes.counts[words[1]];
+                outcomes.told[last] = words.mid(1);
             }
             if (words.value(1) == u"nonsense") {
                 outcomes.failed[last] = u"more rows than it can hold, or other columns"_s;
@@ -107,30 +112,60 @@ class TestFuzzJet : public QObject
     Q_OBJECT
 
 private slots:
+    void damagedFilesAreReadOrRefused_data();
     void damagedFilesAreReadOrRefused();
+    void allReadersTellTheSame();
     void importsOfDamagedFilesAreWholeOrNothing();
 
 private:
-    Outcomes outcomes_;
+    std::map<QString, Outcomes> outcomes_; ///< by the reader
 };
+
+void TestFuzzJet::damagedFilesAreReadOrRefused_data()
+{
+    QTest::addColumn<QString>("reader");
+    for (const QString &reader : readers) {
+        QTest::newRow(qPrintable(reader.section(u'/', -1))) << reader;
+    }
+}
 
 void TestFuzzJet::damagedFilesAreReadOrRefused()
 {
+    QFETCH(const QString, reader);
     const QTemporaryDir folder;
+    Outcomes &outcomes = outcomes_[reader];
     for (int next = 0; next < files;) {
-        next = readFrom(next, folder.path(), outcomes_);
-        QVERIFY2(outcomes_.failed.size() < 50, "too many files bring the reader down");
+        next = readFrom(next, reader, folder.path(), outcomes);
+        QVERIFY2(outcomes.failed.size() < 50, "too many files bring the reader down");
     }
     QStringList failures;
-    for (const auto &[number, failure] : outcomes_.failed) {
+    for (const auto &[number, failure] : outcomes.failed) {
         failures << u"%1 (%2): %3"_s.arg(number).arg(fuzz::jetDamage(number).story, failure);
     }
     QVERIFY2(failures.isEmpty(), qPrintable(failures.join(u'\n')));
     // The damage is neither so light that nobody notices nor so heavy that nothing is read any more.
     for (const QString &outcome : {u"whole"_s, u"damaged"_s, u"refused"_s}) {
-        qInfo("%s: %d", qPrintable(outcome), outcomes_.counts[outcome]);
-        QVERIFY2(outcomes_.counts[outcome] > files / 100, qPrintable(outcome));
+        qInfo("%s: %d", qPrintable(outcome), outcomes.counts[outcome]);
+        QVERIFY2(outcomes.counts[outcome] > files / 100, qPrintable(outcome));
     }
+}
+
+// What one takes for whole the other does, too, to the last byte. In what is damaged one may find more than the other.
+void TestFuzzJet::allReadersTellTheSame()
+{
+    QStringList differences;
+    const auto &first = outcomes_.at(readers.first()).told;
+    for (const QString &reader : readers.mid(1)) {
+        for (const auto &[number, told] : outcomes_.at(reader).told) {
+            const auto other = first.find(number);
+            const bool whole = other != first.end() && (told[0] == u"whole" || other->second[0] == u"whole");
+            if (whole && told != other->second) {
+                differences << u"%1 (%2): %3, not %4"_s.arg(number).arg(fuzz::jetDamage(number).story, told.join(u' '),
+                                                                        other->second.join(u' '));
+            }
+        }
+    }
+    QVERIFY2(differences.isEmpty(), qPrintable(differences.join(u'\n')));
 }
 
 void TestFuzzJet::importsOfDamagedFilesAreWholeOrNothing()
@@ -146,7 +181,7 @@ void TestFuzzJet::importsOfDamagedFilesAreWholeOrNothing()
     for (int number = 0; number < files; number += sampledEvery) {
         import(number);
     }
-    for (const auto &[number, failure] : outcomes_.failed) {
+    for (const auto &[number, failure] : outcomes_.at(readers.first()).failed) {
         import(number);
     }
     for (const auto &[number, fault] : faults) {

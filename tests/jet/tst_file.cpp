@@ -64,6 +64,9 @@ private slots:
 
     void columnsTellTheirTypeAndSize();
     void aTableHasUpTo255Columns();
+    void indexesBeforeTheColumnsArePassedOver_data();
+    void indexesBeforeTheColumnsArePassedOver();
+    void columnsComeInTheOrderOfTheTable();
     void namesKeepTheirAccents();
     void onlyTheTablesOfTheUserAreTold();
     void theEnvironmentChangesNothing();
@@ -276,6 +279,54 @@ void tst_file::aTableHasUpTo255Columns()
     }
     QCOMPARE(told, names);
     QCOMPARE(contentOf(file, 0).rows, QList<QStringList>({expected, expected}));
+}
+
+void tst_file::indexesBeforeTheColumnsArePassedOver_data()
+{
+    QTest::addColumn<int>("indexes");
+    QTest::addColumn<int>("columns");
+    QTest::newRow("one") << 1 << 2;
+    QTest::newRow("as many as there can be") << 32 << 2;
+    QTest::newRow("as many, before the columns of several pages") << 32 << 255;
+}
+
+void tst_file::indexesBeforeTheColumnsArePassedOver()
+{
+    QFETCH(const int, indexes);
+    QFETCH(const int, columns);
+    jet4::Table table{
+        .name = u"T"_s, .columns = {}, .rows = {{}}, .indexes = static_cast<quint32>(indexes), .bitmaps = false};
+    QStringList names;
+    QStringList values;
+    for (int i = 0; i < columns; ++i) {
+        names.append(u"Coluna Nº %1"_s.arg(i));
+        values.append(numbered(i));
+        table.columns.push_back({names.last(), jet4::Long});
+        table.rows[0].values.emplace_back(i);
+    }
+    jet::File file = open({table});
+    QStringList told;
+    for (const jet::Column &column : file.tables()[0].columns) {
+        told.append(column.name);
+    }
+    QCOMPARE(told, names);
+    QCOMPARE(contentOf(file, 0).rows, QList<QStringList>{values});
+}
+
+// A column that was moved in the table keeps its place in the rows and in the definition.
+void tst_file::columnsComeInTheOrderOfTheTable()
+{
+    constexpr int columnsAt = 63;
+    constexpr int columnSize = 25;
+    constexpr int orderAt = 5;
+    auto layout = jet4::layOut({{clients(3)}});
+    layout.put16(layout.tables[0].definition, columnsAt + orderAt, 1);
+    layout.put16(layout.tables[0].definition, columnsAt + columnSize + orderAt, 0);
+    jet::File file(jettest::write(folder_.filePath(u"DADOS.MDB"_s), layout.bytes));
+    QCOMPARE(file.tables()[0].columns[0].name, u"Nome"_s);
+    QCOMPARE(file.tables()[0].columns[1].name, u"Codigo"_s);
+    QVERIFY(file.tables()[0].columns[1].counter);
+    QCOMPARE(contentOf(file, 0).rows[2], QStringList({u"\"CLIENTE 3\""_s, numbered(3)}));
 }
 
 void tst_file::namesKeepTheirAccents()

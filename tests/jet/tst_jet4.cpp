@@ -62,6 +62,7 @@ private slots:
     void memosAreReadWhereverTheyLie();
     void deletedMovedAndOlderRows();
     void aDefinitionGoesOverSeveralPages();
+    void indexesStandBeforeTheColumns();
     void rowsFillManyPages();
     void passwordsAreNotAskedFor();
 
@@ -174,6 +175,17 @@ void tst_jet4::aDefinitionGoesOverSeveralPages()
 }
 
 // More pages than a small map has bits.
+void tst_jet4::indexesStandBeforeTheColumns()
+{
+    for (const quint32 indexes : {1, 32}) {
+        const QString path = write({.tables = {{.name = u"T"_s,
+                                                .columns = jet4::columns(u"Codigo.Counter,Nome.Text;50"_s),
+                                                .rows = {{.values = {qint32{7}, u"JOÃO"_s}}},
+                                                .indexes = indexes}}});
+        QCOMPARE(rowsOf(path, "T"), QList<QStringList>{QStringList({u"7"_s, u"JOÃO"_s})});
+    }
+}
+
 void tst_jet4::rowsFillManyPages()
 {
     constexpr int count = 30'000;

@@ -1,5 +1,5 @@
-#include "platform/jet/pages.h"
-
+// The pages of a file by libmdb.
+#include "platform/jet/mdb.h"
 #include "platform/jet/table.h"
 
 #include <QFile>
@@ -24,19 +24,23 @@ MdbHandle *open(const QString &path)
 
 } // namespace
 
-Pages::Pages(const QString &path) : handle_(open(path)), count_(QFileInfo(path).size() / pageSize)
+Pages::Pages(const QString &path) : access_(std::make_unique<Access>()), count_(QFileInfo(path).size() / pageSize)
 {
-    if (!handle_ || !IS_JET4(handle_)) {
+    access_->handle.reset(open(path));
+    if (!access_->handle || !IS_JET4(access_->handle)) {
         throw Damaged(Damage::Catalogue);
     }
 }
 
+Pages::~Pages() = default;
+
 bool Pages::read(quint32 number, Page &into) const
 {
-    if (number >= count_ || mdb_read_pg(handle_.get(), number) != pageSize) {
+    MdbHandle *handle = access_->handle.get();
+    if (number >= count_ || mdb_read_pg(handle, number) != pageSize) {
         return false;
     }
-    std::memcpy(into.data(), handle_->pg_buf, into.size());
+    std::memcpy(into.data(), handle->pg_buf, into.size());
     return true;
 }
 
