@@ -5,6 +5,7 @@ enable_language(RC)
 set(TARVELO_DESCRIPTION_tarvelo "Tarvelo")
 set(TARVELO_DESCRIPTION_tarvelo-copia "Cópias de segurança do Tarvelo")
 set(TARVELO_DESCRIPTION_tarvelo-confere "Conferência dos dados do Tarvelo")
+set(TARVELO_DESCRIPTION_tarvelo-importa "Importação dos dados antigos para o Tarvelo")
 set(TARVELO_DESCRIPTION_cep "Banco de CEPs do Tarvelo")
 
 set(TARVELO_ICON "${CMAKE_BINARY_DIR}/tarvelo.ico")

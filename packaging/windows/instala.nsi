@@ -65,6 +65,7 @@ VIAddVersionKey /LANG=1046 LegalCopyright "© 2026 the Tarvelo maintainers"
   !insertmacro RecusaAberto tarvelo.exe
   !insertmacro RecusaAberto tarvelo-copia.exe
   !insertmacro RecusaAberto tarvelo-confere.exe
+  !insertmacro RecusaAberto tarvelo-importa.exe
   !insertmacro RecusaAberto cep.exe
 !macroend
 

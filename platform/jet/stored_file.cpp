@@ -13,14 +13,13 @@ constexpr int rowCountAt = 16;
 constexpr int columnCountAt = 45;
 constexpr int indexCountAt = 51;
 constexpr int usedMapAt = 55;
-constexpr int freeMapAt = 59;
 
 // Behind its head a definition has so many bytes an index with rows of its own, then its columns, then their names.
 constexpr std::size_t headSize = 63;
 constexpr std::size_t indexSize = 12;
 constexpr std::size_t columnSize = 25;
 
-constexpr int orderAt = 5;
+constexpr int orderAt = 5; // 255 columns at most: its second byte is always 0
 constexpr int variableAt = 7;
 constexpr int numberInRowAt = 9;
 constexpr int flagsAt = 15;
@@ -48,7 +47,7 @@ StoredColumn storedOf(Bytes bytes)
              numberAt<quint16>(bytes, variableAt)}};
 }
 
-/// Takes the next name off the bytes; nothing where it is longer than they are.
+/// Takes the next name off the bytes; nothing where it is longer than they are, or no text.
 std::optional<QString> takeName(Bytes &bytes)
 {
     constexpr std::size_t lengthSize = 2;
@@ -68,7 +67,7 @@ std::optional<QString> takeName(Bytes &bytes)
         name.truncate(end); // as libmdb has it
     }
     bytes = bytes.subspan(length);
-    return name;
+    return name.isValidUtf16() ? std::optional(name) : std::nullopt;
 }
 
 /// The columns in the order of the table, which need not be that of their definitions.
@@ -87,7 +86,7 @@ std::optional<std::vector<StoredColumn>> columnsOf(Bytes stream)
         if (!name) {
             return std::nullopt;
         }
-        found.emplace_back(numberAt<quint16>(bytes, orderAt), storedOf(bytes));
+        found.emplace_back(bytes[orderAt], storedOf(bytes));
         found.back().second.column.name = *name;
     }
     std::stable_sort(found.begin(), found.end(),
@@ -145,8 +144,7 @@ std::optional<Stored> readStored(const Pages &pages, quint32 /*page*/, Bytes str
 {
     auto columns = columnsOf(stream);
     auto map = mapAt(pages, pointerAt(stream, usedMapAt));
-    // A table has a map of those pages that have room, too; no row is sought there.
-    if (!columns || !map || !mapAt(pages, pointerAt(stream, freeMapAt))) {
+    if (!columns || !map) {
         return std::nullopt;
     }
     return Stored{numberAt<quint32>(stream, rowCountAt), std::move(*columns), std::move(*map)};

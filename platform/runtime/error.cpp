@@ -71,8 +71,8 @@ constexpr std::array standingTexts{
     StandingText{
         3343,
         u"O arquivo '%1' não é um banco de dados reconhecido. É um banco de dados Jet (.MDB) genuíno e precisa "
-        "ser convertido antes de ser usado.\n\nMude o nome dele para ANTIGO.MDB e, em um computador com Linux, "
-        "execute na pasta dele:\n\ntarvelo-importa ANTIGO.MDB \"%2\"\n\nO manual ensina os passos, em \"Trazer os "
+        "ser convertido antes de ser usado.\n\nMude o nome dele para ANTIGO.MDB e execute na pasta dele:\n\n"
+        "tarvelo-importa ANTIGO.MDB \"%2\"\n\nO manual ensina os passos, em \"Trazer os "
         "dados do sistema antigo\".",
         Wording::GenuineJet},
     StandingText{3346, u"O número de valores e o de campos de destino não são iguais."},

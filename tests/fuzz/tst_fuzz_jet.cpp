@@ -114,7 +114,7 @@ class TestFuzzJet : public QObject
 private slots:
     void damagedFilesAreReadOrRefused_data();
     void damagedFilesAreReadOrRefused();
-    void allReadersTellTheSame();
+    void allReadersReadTheSame();
     void importsOfDamagedFilesAreWholeOrNothing();
 
 private:
@@ -150,21 +150,25 @@ void TestFuzzJet::damagedFilesAreReadOrRefused()
     }
 }
 
-// What one takes for whole the other does, too, to the last byte. In what is damaged one may find more than the other.
-void TestFuzzJet::allReadersTellTheSame()
+// What they take for whole is the same to the last byte. One may find damage where the other does not come by.
+void TestFuzzJet::allReadersReadTheSame()
 {
     QStringList differences;
+    int compared = 0;
     const auto &first = outcomes_.at(readers.first()).told;
     for (const QString &reader : readers.mid(1)) {
         for (const auto &[number, told] : outcomes_.at(reader).told) {
             const auto other = first.find(number);
-            const bool whole = other != first.end() && (told[0] == u"whole" || other->second[0] == u"whole");
-            if (whole && told != other->second) {
-                differences << u"%1 (%2): %3, not %4"_s.arg(number).arg(fuzz::jetDamage(number).story, told.join(u' '),
-                                                                        other->second.join(u' '));
+            if (other == first.end() || told[0] != u"whole" || other->second[0] != u"whole") {
+                continue;
+            }
+            ++compared;
+            if (told != other->second) {
+                differences << u"%1 (%2)"_s.arg(number).arg(fuzz::jetDamage(number).story);
             }
         }
     }
+    QVERIFY(readers.size() == 1 || compared > files / 4);
     QVERIFY2(differences.isEmpty(), qPrintable(differences.join(u'\n')));
 }
 

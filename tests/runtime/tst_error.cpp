@@ -64,8 +64,8 @@ void tst_error::aGenuineJetFileIsToldWithWhatToDo()
 {
     QCOMPARE(errorText(3343, {u"/oficina/DADOS.MDB"_s, u"DADOS.MDB"_s}, Wording::GenuineJet),
              u"O arquivo '/oficina/DADOS.MDB' não é um banco de dados reconhecido. É um banco de dados Jet (.MDB) "
-             "genuíno e precisa ser convertido antes de ser usado.\n\nMude o nome dele para ANTIGO.MDB e, em um "
-             "computador com Linux, execute na pasta dele:\n\ntarvelo-importa ANTIGO.MDB \"DADOS.MDB\"\n\nO manual "
+             "genuíno e precisa ser convertido antes de ser usado.\n\nMude o nome dele para ANTIGO.MDB e "
+             "execute na pasta dele:\n\ntarvelo-importa ANTIGO.MDB \"DADOS.MDB\"\n\nO manual "
              "ensina os passos, em \"Trazer os dados do sistema antigo\"."_s);
 }
 

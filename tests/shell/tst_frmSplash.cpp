@@ -246,7 +246,7 @@ private slots:
         boxes.critical(
             u"Não foi possível abrir o banco de dados do sistema.\r\nO arquivo '%1' não é um banco de dados "
             "reconhecido. É um banco de dados Jet (.MDB) genuíno e precisa ser convertido antes de ser usado.\n\nMude "
-            "o nome dele para ANTIGO.MDB e, em um computador com Linux, execute na pasta dele:\n\ntarvelo-importa "
+            "o nome dele para ANTIGO.MDB e execute na pasta dele:\n\ntarvelo-importa "
             "ANTIGO.MDB \"DADOS.MDB\"\n\nO manual ensina os passos, em \"Trazer os dados do sistema antigo\"."_s.arg(
                 QDir::toNativeSeparators(name)));
 
