@@ -56,6 +56,8 @@ def read_libraries(tree):
         for name, arguments in re.findall(r"tarvelo_(?:library|program)\(\s*(\w+)([^)]*)\)", text):
             links = words_after(arguments, "LINK") + words_after(arguments, "PRIVATE")
             libraries[name] = Library(name, folder, words_after(arguments, "SOURCES"), links)
+        for name, sources in re.findall(r"target_sources\(\s*(\w+)\s+PRIVATE([^)]*)\)", text):
+            libraries[name].stems |= {Path(source).stem for source in sources.split()}
     return libraries
 
 

@@ -359,7 +359,9 @@ bool GravaRelatorio(const Relatorio &relatorio)
 {
     QString texto = QChar::ByteOrderMark + Texto(relatorio, Achados::Todos);
     texto.replace(u"\n"_s, u"\r\n"_s);
-    return files::replaceFile(ArquivoDoRelatorio(relatorio.destino), texto.toUtf8());
+    const QString arquivo = ArquivoDoRelatorio(relatorio.destino);
+    files::clearLeftovers(arquivo);
+    return files::replaceFile(arquivo, texto.toUtf8());
 }
 
 } // namespace importa
