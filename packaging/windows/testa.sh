@@ -21,7 +21,7 @@ cmake --build "$testes"
 # Consoles and windows need a screen, be it one that nobody sees. All that Wine left running ends with it.
 numero=90
 while [ -e "/tmp/.X$numero-lock" ]; do numero=$((numero + 1)); done
-Xvfb ":$numero" -screen 0 1280x1024x24 >/dev/null 2>&1 &
+Xvfb ":$numero" -screen 0 2560x2048x24 >/dev/null 2>&1 &
 tela=$!
 termina() {
     WINEPREFIX=$PWD/build/windows/wine wineserver -k 2>/dev/null || true
@@ -45,5 +45,9 @@ sed -n 's/^[a-z]/  &/p' tests/windows.txt
 [ $# -eq 0 ] || exit 0
 
 resultados=build/windows/demonstracao
-DEMONSTRACAO_TELA=windows "$executa" "$testes/tools/demonstracao/demonstracao.exe" "$resultados" | iconv -f CP1252 -t UTF-8
+# Into a file: the consoles of its batch files wait for a key, and would hold a pipe open for good.
+estado=0
+DEMONSTRACAO_TELA=windows "$executa" "$testes/tools/demonstracao/demonstracao.exe" "$resultados" >"$testes/demonstracao.txt" || estado=$?
+iconv -f CP1252 -t UTF-8 "$testes/demonstracao.txt"
 echo "The pictures are in $resultados."
+exit "$estado"
