@@ -39,14 +39,14 @@ if [ ! -d build/windows/wine ]; then
 fi
 selecao=()
 [ $# -gt 0 ] && selecao=(-R "$1")
-ctest --test-dir "$testes" -j "$(nproc)" --no-tests=error --output-on-failure "${selecao[@]}"
+estado=0
+ctest --test-dir "$testes" -j "$(nproc)" --no-tests=error --output-on-failure "${selecao[@]}" || estado=$?
 echo "Left out, as tests/windows.txt says:"
 sed -n 's/^[a-z]/  &/p' tests/windows.txt
-[ $# -eq 0 ] || exit 0
+[ $# -eq 0 ] || exit "$estado"
 
 resultados=build/windows/demonstracao
 # Into a file: the consoles of its batch files wait for a key, and would hold a pipe open for good.
-estado=0
 DEMONSTRACAO_TELA=windows "$executa" "$testes/tools/demonstracao/demonstracao.exe" "$resultados" >"$testes/demonstracao.txt" || estado=$?
 iconv -f CP1252 -t UTF-8 "$testes/demonstracao.txt"
 echo "The pictures are in $resultados."
