@@ -27,6 +27,7 @@ private slots:
     void tellsItsHelp();
 
     void allComesOver();
+    void whatAKillLeftOfTheReportGoes();
     void theReportSaysWhatDidNot();
     void everythingComesOverWhereItIsAskedFor();
     void aColumnOfAnotherTypeIsToldWithTheRow();
@@ -96,6 +97,17 @@ void TestImportaFerramenta::allComesOver()
     QVERIFY2(ended.output.startsWith(file), qPrintable(file));
     QCOMPARE(contentsOf(path(u"ANTIGO.MDB"_s)), source);
     QCOMPARE(firstValue(path(u"NOVO.MDB"_s), u"SELECT Nome FROM Clientes WHERE Codigo = 7"_s), u"ÂNGELA"_s);
+}
+
+void TestImportaFerramenta::whatAKillLeftOfTheReportGoes()
+{
+    QVERIFY(jet4::write(path(u"ANTIGO.MDB"_s), cleanData()));
+    QFile left(path(u"NOVO-importacao.txt.gravando-0123abcd"_s));
+    QVERIFY(left.open(QIODevice::WriteOnly));
+    left.close();
+    QCOMPARE(run({u"ANTIGO.MDB"_s, u"NOVO.MDB"_s}, program_->path()).code, 0);
+    QVERIFY(!left.exists());
+    QVERIFY(QFile::exists(path(u"NOVO-importacao.txt"_s)));
 }
 
 void TestImportaFerramenta::theReportSaysWhatDidNot()
