@@ -76,7 +76,7 @@ Recordset Database::OpenRecordset(const QString &source)
 
 RowLoader Database::LoadRows(const QString &table)
 {
-    return RowLoader(connection_, table);
+    return {connection_, table};
 }
 
 QString Database::CheckIntegrity() const

@@ -13,7 +13,7 @@ namespace jet
 /// The file as libmdb has it open. Its buffers change with every call.
 struct Pages::Access {
     struct Close {
-        void operator()(MdbHandle *handle) const { mdb_close(handle); }
+        void operator()(MdbHandle *open) const { mdb_close(open); }
     };
     std::unique_ptr<MdbHandle, Close> handle;
 };

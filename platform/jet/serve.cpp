@@ -23,7 +23,7 @@ namespace
 {
 
 // Rows go in batches of about this size: a write a row would take longer than reading it.
-constexpr qsizetype batchSize = 256 * 1024;
+constexpr qsizetype batchSize = qsizetype{256} * 1024;
 
 enum Status { Done = 0, Failed = 1 };
 

@@ -92,6 +92,7 @@ std::optional<std::vector<StoredColumn>> columnsOf(Bytes stream)
     std::stable_sort(found.begin(), found.end(),
                      [](const auto &left, const auto &right) { return left.first < right.first; });
     std::vector<StoredColumn> columns;
+    columns.reserve(count);
     for (auto &[order, column] : found) {
         columns.push_back(std::move(column));
     }
