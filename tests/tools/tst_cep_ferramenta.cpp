@@ -4,6 +4,7 @@
 #include "core/modulo.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
+#include "support/diskfiles.h"
 #include "support/program.h"
 
 #include <QDir>
@@ -161,7 +162,7 @@ private slots:
     void keepsTheOrderOfTheLines()
     {
         QByteArray text;
-        for (int i = 25'000; i > 0; --i) { // more than one recordset takes
+        for (int i = 25'000; i > 0; --i) { // many pages of the file
             text += QByteArray::number(10'000'000 + i) + ";RUA;" + QByteArray::number(i) + ";CENTRO;CIDADE;SP\n";
         }
         QCOMPARE(make(text), 25'000);
@@ -293,6 +294,51 @@ private slots:
             QCOMPARE(error.texto(), u"Interrompido."_s);
         }
         QCOMPARE(files(), QStringList{u"entrada.csv"_s});
+    }
+
+    /// Looked at in the middle: this is what a kill leaves.
+    void theOldDatabaseStandsUntilTheNewOneIsWhole()
+    {
+        make(glicerio);
+        write(glicerio.repeated(3500));
+        QList<QStringList> beside;
+        ceps::fazBanco(request(Codificacao::Utf8, true), [&](int /*percent*/, qint64 /*codes*/) {
+            beside.append(files());
+            return rows().size() == 1;
+        });
+        QCOMPARE(beside.size(), 4);
+        const QRegularExpression draft(u"^CEP\\.MDB\\.gravando-[0-9a-f]{8}$"_s);
+        for (const QStringList &names : beside) {
+            QCOMPARE(names.size(), 3);
+            QCOMPARE(names.filter(draft).size(), 1);
+        }
+        QCOMPARE(rows().size(), 3500);
+    }
+
+    void whatAKillLeftGoesWithTheNextRun()
+    {
+        QFile left(path(u"CEP.MDB.gravando-0123abcd"_s));
+        QVERIFY(left.open(QIODevice::WriteOnly));
+        left.close();
+        make(glicerio);
+        QCOMPARE(files(), (QStringList{u"CEP.MDB"_s, u"entrada.csv"_s}));
+    }
+
+    void aDatabaseMadeMeanwhileIsKept()
+    {
+        write(glicerio.repeated(1500));
+        const auto somebodyElse = [this](int /*percent*/, qint64 /*codes*/) {
+            QFile file(path(u"CEP.MDB"_s));
+            return file.open(QIODevice::WriteOnly) && file.write("de outro") > 0;
+        };
+        try {
+            ceps::fazBanco(request(), somebodyElse);
+            QFAIL("replaced it");
+        } catch (const ceps::Erro &error) {
+            QVERIFY(error.texto().contains(u"já existe"_s));
+        }
+        QCOMPARE(support::contentsOf(path(u"CEP.MDB"_s)), "de outro");
+        QCOMPARE(files(), (QStringList{u"CEP.MDB"_s, u"entrada.csv"_s}));
     }
 
     void theToolTellsWhatItMade()

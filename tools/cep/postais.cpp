@@ -1,18 +1,18 @@
 #include "tools/cep/postais.h"
 
-#include "platform/dao/database.h"
-#include "platform/dao/unit.h"
+#include "platform/dao/databasedraft.h"
+#include "platform/files/replacefile.h"
+#include "platform/runtime/value.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <optional>
 #include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -34,9 +34,6 @@ constexpr qsizetype hifenDoCEP = 5;
 // Type, a blank and street together fit the registers' address of 200 characters.
 constexpr std::array<Coluna, 6> colunas{
     {{u"CEP", algarismosDoCEP}, {u"Tipo", 36}, {u"Rua", 150}, {u"Bairro", 80}, {u"Cidade", 80}, {u"Estado", 2}}};
-
-// An open recordset remembers the rows that were added to it: a fresh one now and then keeps the memory constant.
-constexpr qint64 linhasPorConjunto = 10'000;
 
 constexpr qint64 linhasPorAviso = 1'000;
 
@@ -110,34 +107,15 @@ void confereCabecalho(const QStringList &linha, int numero)
     }
 }
 
-/// Adds postal codes at the end of the table.
-class Gravador
+/// As the table takes them: an empty column is Null.
+std::vector<runtime::Value> valores(const QStringList &linha)
 {
-public:
-    explicit Gravador(dao::Database &banco) : banco_(banco) {}
-
-    void grava(const QStringList &linha)
-    {
-        if (gravados_ % linhasPorConjunto == 0) {
-            conjunto_.emplace(banco_.OpenRecordset(QString::fromUtf16(nomeDaTabela)));
-        }
-        conjunto_->AddNew();
-        for (int i = 0; i < linha.size(); ++i) {
-            if (!linha[i].isEmpty()) {
-                (*conjunto_)[i] = linha[i];
-            }
-        }
-        conjunto_->Update();
-        ++gravados_;
+    std::vector<runtime::Value> lista;
+    for (const QString &texto : linha) {
+        lista.push_back(texto.isEmpty() ? runtime::Value(runtime::Null{}) : runtime::Value(texto));
     }
-
-    qint64 gravados() const { return gravados_; }
-
-private:
-    dao::Database &banco_;
-    std::optional<dao::Recordset> conjunto_;
-    qint64 gravados_ = 0;
-};
+    return lista;
+}
 
 void avisa(const Andamento &andamento, const LeitorCSV &leitor, qint64 ceps)
 {
@@ -146,39 +124,43 @@ void avisa(const Andamento &andamento, const LeitorCSV &leitor, qint64 ceps)
     }
 }
 
-void gravaLinhas(LeitorCSV &leitor, Gravador &gravador, const Andamento &andamento)
+qint64 gravaLinhas(LeitorCSV &leitor, dao::RowLoader &tabela, const Andamento &andamento)
 {
     bool primeira = true;
+    qint64 ceps = 0;
     while (const std::optional<QStringList> linha = leitor.proxima()) {
         if (std::exchange(primeira, false) && ehCabecalho(*linha)) {
             confereCabecalho(*linha, leitor.linha());
             continue;
         }
-        gravador.grava(confere(*linha, leitor.linha()));
-        if (gravador.gravados() % linhasPorAviso == 0) {
-            avisa(andamento, leitor, gravador.gravados());
+        tabela.append(valores(confere(*linha, leitor.linha())));
+        if (++ceps % linhasPorAviso == 0) {
+            avisa(andamento, leitor, ceps);
         }
     }
+    return ceps;
 }
 
-qint64 preenche(const QString &arquivo, QFile &entrada, Codificacao codificacao, const Andamento &andamento)
+qint64 preenche(dao::Database &banco, QFile &entrada, Codificacao codificacao, const Andamento &andamento)
 {
-    const auto banco = dao::DBEngine::CreateDatabase(arquivo, u";LANGID=0x0409;CP=1252;COUNTRY=0"_s);
-    banco->AppendTableDef(Tabela());
+    banco.AppendTableDef(Tabela());
     LeitorCSV leitor(entrada, codificacao);
-    const dao::Unit juntas;
-    Gravador gravador(*banco);
-    gravaLinhas(leitor, gravador, andamento);
-    if (gravador.gravados() == 0) {
+    auto tabela = banco.LoadRows(QString::fromUtf16(nomeDaTabela));
+    const qint64 ceps = gravaLinhas(leitor, tabela, andamento);
+    if (ceps == 0) {
         throw Erro(u"O arquivo não tem nenhum CEP."_s);
     }
-    avisa(andamento, leitor, gravador.gravados());
-    return gravador.gravados();
+    tabela.finish();
+    avisa(andamento, leitor, ceps);
+    return ceps;
 }
 
 void confereArquivos(const Pedido &pedido)
 {
     const QFileInfo saida(pedido.saida);
+    if (!saida.absoluteDir().exists()) {
+        throw Erro(u"Não foi possível gravar '%1': a pasta não existe."_s.arg(pedido.saida));
+    }
     if (saida.exists() && saida == QFileInfo(pedido.entrada)) {
         throw Erro(u"A entrada e a saída são o mesmo arquivo."_s);
     }
@@ -187,26 +169,6 @@ void confereArquivos(const Pedido &pedido)
     }
     if (saida.exists() && !pedido.substitui) {
         throw Erro(u"O arquivo '%1' já existe (para substituir use --substitui)."_s.arg(pedido.saida));
-    }
-}
-
-std::error_code renomeia(const QString &arquivo, const Pedido &pedido)
-{
-    std::error_code erro;
-    if (pedido.substitui) {
-        std::filesystem::rename(QFileInfo(arquivo).filesystemFilePath(), QFileInfo(pedido.saida).filesystemFilePath(),
-                                erro);
-    } else if (!QFile::rename(arquivo, pedido.saida)) { // this one never replaces a file
-        erro = std::make_error_code(std::errc::file_exists);
-    }
-    return erro;
-}
-
-void poeNoLugar(const QString &arquivo, const Pedido &pedido)
-{
-    if (const std::error_code erro = renomeia(arquivo, pedido)) {
-        throw Erro(
-            u"Não foi possível gravar '%1': %2"_s.arg(pedido.saida, QString::fromLocal8Bit(erro.message().c_str())));
     }
 }
 
@@ -230,14 +192,12 @@ qint64 fazBanco(const Pedido &pedido, const Andamento &andamento)
     if (!entrada.open(QIODevice::ReadOnly)) {
         throw Erro(u"Não foi possível abrir '%1': %2"_s.arg(pedido.entrada, entrada.errorString()));
     }
-    // Made in a folder beside its place and moved there when it is whole.
-    const QTemporaryDir vizinha(QFileInfo(pedido.saida).absoluteDir().filePath(u"cep-XXXXXX"_s));
-    if (!vizinha.isValid()) {
-        throw Erro(u"Não foi possível gravar '%1': %2"_s.arg(pedido.saida, vizinha.errorString()));
-    }
-    const QString parcial = vizinha.filePath(u"CEP.MDB"_s);
-    const qint64 ceps = preenche(parcial, entrada, pedido.codificacao, andamento);
-    poeNoLugar(parcial, pedido);
+    files::clearLeftovers(pedido.saida);
+    dao::DatabaseDraft rascunho(pedido.saida);
+    const qint64 ceps = preenche(*rascunho.database(), entrada, pedido.codificacao, andamento);
+    rascunho.examine();
+    confereArquivos(pedido); // somebody else may have made it meanwhile
+    rascunho.putInPlace();
     return ceps;
 }
 
