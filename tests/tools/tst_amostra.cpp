@@ -95,6 +95,8 @@ private slots:
     void refusesASize_data();
     void refusesASize();
     void refusesADatabaseWithCustomers();
+    void refusesAFolderInWhichTheProgramWouldNotWork_data();
+    void refusesAFolderInWhichTheProgramWouldNotWork();
     void makesAFolderOnce();
 
 private:
@@ -468,6 +470,30 @@ void TestAmostra::refusesADatabaseWithCustomers()
     QCOMPARE(support::errorOf([] { Preenche(size()); }), chamadaInvalida);
     QCOMPARE(support::errorOf([&] { amostra::AbrePasta(program_->path()); }), chamadaInvalida);
     QCOMPARE(everything(*program_), before);
+}
+
+void TestAmostra::refusesAFolderInWhichTheProgramWouldNotWork_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("none") << QString();
+    QTest::newRow("in a file") << u"arquivo/oficina"_s;
+    QTest::newRow("a path that is too long") << QString(QString(80, u'a') + u'/').repeated(4);
+    QTest::newRow("letters that the settings do not keep") << u"日本"_s;
+}
+
+/// No program would open it later.
+void TestAmostra::refusesAFolderInWhichTheProgramWouldNotWork()
+{
+    QFETCH(const QString, name);
+    const QTemporaryDir here;
+    QFile file(here.filePath(u"arquivo"_s));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    const QString folder = name.isEmpty() ? QString() : here.filePath(name);
+    const QString before = core::App::Path();
+    QCOMPARE(support::errorOf([&] { amostra::AbrePasta(folder); }), chamadaInvalida);
+    QCOMPARE(core::App::Path(), before);
+    QVERIFY(!QFileInfo::exists(folder + u"/DADOS/DADOS.MDB"_s));
+    QVERIFY(!name.isEmpty() || !QFileInfo::exists(u"/DADOS"_s));
 }
 
 void TestAmostra::makesAFolderOnce()

@@ -104,8 +104,11 @@ QString Reais(qint64 centavos)
 
 void AbrePasta(const QString &pasta)
 {
-    if (!QDir().mkpath(pasta + u"/DADOS"_s)) {
+    if (pasta.isEmpty() || !QDir().mkpath(pasta + u"/DADOS"_s)) {
         recusa(u"A pasta não pôde ser criada: "_s + pasta);
+    }
+    if (const QString defeito = core::defeitoDaPasta(QDir(pasta).absolutePath()); !defeito.isEmpty()) {
+        recusa(defeito);
     }
     core::App::setPath(QDir(pasta).absolutePath());
     core::ArquivoINI = core::App::Path() + u"\\config.ini"_s;

@@ -44,7 +44,8 @@ struct Resumo {
 using Progresso = std::function<void(const QString &etapa, int feitos, int total)>;
 
 /// Makes `pasta` the program folder and opens or creates its `DADOS/DADOS.MDB` with all tables. A database that holds
-/// customers is left alone: error 5. So is a folder that can't be made.
+/// customers is left alone: error 5. So is a folder that can't be made, or in which the program
+/// would not work.
 void AbrePasta(const QString &pasta);
 
 /// Error 5 for a size out of range.
