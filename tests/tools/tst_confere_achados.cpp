@@ -40,6 +40,10 @@ private slots:
     void aLedgerOfTwoHundredThousandRows();
     void aDamagedPageDoesNotEndTheAudit();
     void aCheckThatStopsIsAnError();
+    void aDayThatIsNoneStopsNoLedger();
+    void tablesThatAreGoneAreMissed();
+    void tablesOfSomebodyElseStopNoCheck();
+    void whatIsNotKeptIsCounted();
 
 private:
     void columns() const
@@ -297,6 +301,8 @@ void TestConfereAchados::codesThatNoProgramWrites_data()
     row("text", "UPDATE Cheques SET Codigo = 'A1'", without);
     row("the last of all numbers", "UPDATE Cheques SET Codigo = 2147483647",
         u"Contadores: O contador de Cheques chegou ao fim (2147483647): não há próximo código."_s);
+    row("beyond all numbers", "UPDATE Cheques SET Codigo = 1e300",
+        u"Contadores: O contador de Cheques chegou ao fim (9223372036854780000): não há próximo código."_s);
     row("a number remembered that is the last", "INSERT INTO \"~Contadores\" VALUES ('Cheques', 2147483647)",
         u"Contadores: O contador de Cheques chegou ao fim (2147483647): não há próximo código."_s);
     row("no memory of numbers", "DROP TABLE \"~Contadores\"",
@@ -401,6 +407,61 @@ void TestConfereAchados::aCheckThatStopsIsAnError()
     program_->sql(u"INSERT INTO NotasEntradas (CodForn) VALUES ('DISTRIBUIDORA')"_s);
     const QStringList found = findings();
     QCOMPARE(found, QStringList{u"Fornecedores das notas: A conferência parou no meio: Tipos incompatíveis"_s});
+}
+
+void TestConfereAchados::aDayThatIsNoneStopsNoLedger()
+{
+    QVERIFY(support::OtherProgram(core::DBDados->path()).run("UPDATE Caixa SET Data = 1e9 WHERE Codigo = 1"));
+    program_->sql(u"UPDATE Caixa SET Saldo = 9 WHERE Codigo = 3"_s);
+    const confere::Relatorio report = conferido::audit();
+    const QString cash = u"Saldos do Livro Caixa: Caixa, código "_s;
+    QCOMPARE(findings(report),
+             (QStringList{cash + u"0001 tem uma data que não existe."_s,
+                          cash + u"0003 de 15/05/2024 tem o saldo 9,00, mas 70,00 (código 0002) com a entrada de 50,00 "
+                                 "dá 120,00."_s}));
+    QCOMPARE(conferido::counted(report, u"Saldos do Livro Caixa"_s), 4);
+}
+
+/// The program makes them anew, and empty, without a word.
+void TestConfereAchados::tablesThatAreGoneAreMissed()
+{
+    program_->sql(u"DROP TABLE LivroOrigem"_s); // which not every workshop has
+    NOTHING_FOUND();
+    program_->sql(u"DROP TABLE Banco2"_s);
+    program_->sql(u"DROP TABLE Combos"_s);
+    const QString missing =
+        u"aviso Tabelas do programa: O arquivo não tem a tabela %1, que o Tarvelo cria vazia quando "
+        "o abre."_s;
+    QCOMPARE(findings(), (QStringList{missing.arg(u"Combos"_s), missing.arg(u"Banco2"_s)}));
+}
+
+void TestConfereAchados::tablesOfSomebodyElseStopNoCheck()
+{
+    {
+        support::OtherProgram other(core::DBDados->path());
+        QVERIFY(other.run("CREATE TABLE \"a]b\" (Codigo COUNTER)"));
+        QVERIFY(other.run("INSERT INTO \"a]b\" VALUES (7), (7)"));
+        QVERIFY(other.run("UPDATE Cheques SET Codigo = -5"));
+    }
+    QCOMPARE(findings(),
+             QStringList{u"Códigos: Cheques tem linhas sem código, ou com um código que não é de 1 em diante: 1."_s});
+}
+
+/// A ledger that is wrong from end to end has as many findings as rows.
+void TestConfereAchados::whatIsNotKeptIsCounted()
+{
+    constexpr int rows = 3000;
+    QVERIFY(support::OtherProgram(core::DBDados->path())
+                .run("INSERT INTO Banco1 (Codigo, Data, Entrada, Saldo) WITH RECURSIVE n (i) AS (SELECT 2 UNION ALL "
+                     "SELECT i + 1 FROM n WHERE i < 3001) SELECT i, 45427, 1, i * 10 FROM n"));
+    const confere::Relatorio report = conferido::audit();
+    QCOMPARE(findings(report).size(), confere::frasesGuardadas);
+    QCOMPARE(report.achados(confere::Nivel::Erro), rows);
+    const QString text = confere::Texto(report, true);
+    QVERIFY(text.contains(u"\nERRO  Saldos do Banco 01: 3.001 linhas, 3.000 erros\n"_s));
+    QCOMPARE(text.count(u"        Banco1, código "_s), confere::frasesGuardadas);
+    QVERIFY(text.contains(u"\n        ... e mais 2.000 (--tudo mostra todos)\n"_s));
+    QVERIFY(text.endsWith(u"\nResultado: 3.000 erros e 0 avisos.\n"_s));
 }
 
 TARVELO_TEST_MAIN(TestConfereAchados)

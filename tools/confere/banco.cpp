@@ -24,7 +24,8 @@ std::optional<qint64> Codigo(const runtime::Value &valor)
     if (runtime::IsNull(valor)) {
         return std::nullopt;
     }
-    return static_cast<qint64>(runtime::CDbl(valor));
+    constexpr double maior = 1e15; // what another program may have written is still told apart from what exists
+    return static_cast<qint64>(std::clamp(runtime::CDbl(valor), -maior, maior));
 }
 
 Banco::Banco(const QString &arquivo)

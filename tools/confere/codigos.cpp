@@ -1,10 +1,10 @@
+#include "core/esquema.h"
 #include "platform/runtime/runtime.h"
 #include "tools/confere/conferencia.h"
 
 #include <algorithm>
 #include <array>
 #include <limits>
-#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -13,6 +13,11 @@ namespace confere
 
 namespace
 {
+
+struct Contada {
+    QString nome;
+    QString contador;
+};
 
 /// The column that the engine numbers; "" for a table without one.
 QString contadorDe(const dao::TableDef &tabela)
@@ -25,35 +30,50 @@ QString contadorDe(const dao::TableDef &tabela)
     return {};
 }
 
-void confereTabela(const dao::TableDef &tabela, const QString &contador, Banco &banco, Achados &achados)
+/// Those of the program: what else somebody keeps in the file has codes of his own.
+std::vector<Contada> tabelasComContador(const Banco &banco)
 {
-    std::map<qint64, int> vezes;
+    const QStringList nossas = core::TabelasDoPrograma();
+    std::vector<Contada> tabelas;
+    for (const dao::TableDef &tabela : banco.tabelas()) {
+        const QString contador = contadorDe(tabela);
+        if (!contador.isEmpty() && nossas.contains(tabela.name(), Qt::CaseInsensitive)) {
+            tabelas.push_back({tabela.name(), contador});
+        }
+    }
+    return tabelas;
+}
+
+void confereTabela(const Contada &tabela, Banco &banco, Achados &achados)
+{
+    std::vector<qint64> codigos;
     int sem = 0;
-    banco.paraCada(tabela.name(), {contador}, [&](const dao::Recordset &linha) {
+    banco.paraCada(tabela.nome, {tabela.contador}, [&](const dao::Recordset &linha) {
         achados.conta();
         if (const auto codigo = Codigo(linha.value(0)); codigo && *codigo > 0) {
-            ++vezes[*codigo];
+            codigos.push_back(*codigo);
         } else {
             ++sem;
         }
     });
     if (sem > 0) {
         achados.acha(
-            u"%1 tem linhas sem código, ou com um código que não é de 1 em diante: %2."_s.arg(tabela.name()).arg(sem));
+            u"%1 tem linhas sem código, ou com um código que não é de 1 em diante: %2."_s.arg(tabela.nome).arg(sem));
     }
-    for (const auto &[codigo, quantas] : vezes) {
-        if (quantas > 1) {
-            achados.acha(NomeDaLinha(tabela.name(), codigo) + u" aparece em %1 linhas."_s.arg(quantas));
+    std::sort(codigos.begin(), codigos.end());
+    for (auto um = codigos.cbegin(); um != codigos.cend();) {
+        const auto outro = std::upper_bound(um, codigos.cend(), *um);
+        if (const auto quantas = outro - um; quantas > 1) {
+            achados.acha(NomeDaLinha(tabela.nome, *um) + u" aparece em %1 linhas."_s.arg(quantas));
         }
+        um = outro;
     }
 }
 
 void confereCodigos(Banco &banco, Achados &achados)
 {
-    for (const dao::TableDef &tabela : banco.tabelas()) {
-        if (const QString contador = contadorDe(tabela); !contador.isEmpty()) {
-            confereTabela(tabela, contador, banco, achados);
-        }
+    for (const Contada &tabela : tabelasComContador(banco)) {
+        confereTabela(tabela, banco, achados);
     }
 }
 
@@ -99,23 +119,19 @@ void conferePertences(const QString &tabela, qint64 ultimo, Banco &banco, Achado
 
 void confereContadores(Banco &banco, Achados &achados)
 {
-    for (const dao::TableDef &tabela : banco.tabelas()) {
-        const QString contador = contadorDe(tabela);
-        if (contador.isEmpty()) {
-            continue;
-        }
+    for (const auto &[tabela, contador] : tabelasComContador(banco)) {
         achados.conta();
-        const qint64 ultimo = banco.ultimoNumero(tabela.name());
-        const qint64 maior = maiorDe(banco.codigos(tabela.name(), contador));
+        const qint64 ultimo = banco.ultimoNumero(tabela);
+        const qint64 maior = maiorDe(banco.codigos(tabela, contador));
         if (ultimo < maior) {
-            achados.acha(u"O próximo código de %1 é %2, mas já há o código %3."_s.arg(
-                tabela.name(), TextoDoCodigo(ultimo + 1), TextoDoCodigo(maior)));
+            achados.acha(u"O próximo código de %1 é %2, mas já há o código %3."_s.arg(tabela, TextoDoCodigo(ultimo + 1),
+                                                                                      TextoDoCodigo(maior)));
         }
         if (ultimo >= std::numeric_limits<qint32>::max()) {
-            achados.acha(u"O contador de %1 chegou ao fim (%2): não há próximo código."_s.arg(tabela.name(),
-                                                                                              TextoDoCodigo(ultimo)));
+            achados.acha(
+                u"O contador de %1 chegou ao fim (%2): não há próximo código."_s.arg(tabela, TextoDoCodigo(ultimo)));
         }
-        conferePertences(tabela.name(), ultimo, banco, achados);
+        conferePertences(tabela, ultimo, banco, achados);
     }
 }
 

@@ -49,10 +49,25 @@ std::optional<float> lado(const runtime::Value &valor)
     return runtime::IsNull(valor) ? std::nullopt : std::optional(runtime::CSng(valor));
 }
 
+constexpr double semData = -1e9;
+constexpr int estouro = 6;
+
+/// Nothing for a number that is no day, which another program can leave.
+std::optional<double> dia(const dao::Recordset &linha, int lugar)
+{
+    try {
+        const runtime::Value valor = linha.value(lugar);
+        return runtime::IsNull(valor) ? semData : runtime::CDate(valor).serial;
+    } catch (const runtime::RuntimeError &erro) {
+        if (erro.number() != estouro) {
+            throw;
+        }
+        return std::nullopt;
+    }
+}
+
 /// Balances of one ledger by owner; all under one where it has none.
 using PorDono = std::map<qint64, std::vector<LinhaDoRazao>>;
-
-constexpr double semData = -1e9;
 
 PorDono leLivro(Banco &banco, const Livro &livro, Achados &achados)
 {
@@ -60,13 +75,16 @@ PorDono leLivro(Banco &banco, const Livro &livro, Achados &achados)
     const bool temDono = !livro.razao.dono.isEmpty();
     banco.paraCada(livro.razao.tabela, colunasDe(livro), [&](const dao::Recordset &linha) {
         achados.conta();
-        const runtime::Value data = linha.value(1);
-        donos[temDono ? Codigo(linha.value(5)).value_or(0) : 0].push_back(
-            {.codigo = Codigo(linha.value(0)).value_or(0),
-             .data = runtime::IsNull(data) ? semData : runtime::CDate(data).serial,
-             .entrada = lado(linha.value(2)),
-             .saida = lado(linha.value(3)),
-             .saldo = lado(linha.value(4))});
+        const std::optional<double> data = dia(linha, 1);
+        const qint64 codigo = Codigo(linha.value(0)).value_or(0);
+        if (!data) {
+            achados.acha(NomeDaLinha(livro.razao.tabela, codigo) + u" tem uma data que não existe."_s);
+        }
+        donos[temDono ? Codigo(linha.value(5)).value_or(0) : 0].push_back({.codigo = codigo,
+                                                                           .data = data.value_or(semData),
+                                                                           .entrada = lado(linha.value(2)),
+                                                                           .saida = lado(linha.value(3)),
+                                                                           .saldo = lado(linha.value(4))});
     });
     for (auto &[dono, linhas] : donos) {
         std::stable_sort(linhas.begin(), linhas.end(),
