@@ -84,6 +84,7 @@ private slots:
     void somethingFound();
     void warningsAreFindings();
     void allFindingsOrTheFirstOfThem();
+    void allOfMoreThanAReportKeeps();
     void leavesEverythingAsItWas();
     void readsWhatItMayNotWrite();
 
@@ -173,6 +174,30 @@ void TestConfereFerramenta::allFindingsOrTheFirstOfThem()
     QVERIFY(!all.output.contains(u"... e mais"_s));
     QVERIFY(all.output.endsWith(u"\nResultado: 0 erros e 12 avisos.\n"_s));
     QCOMPARE(all.code, 1);
+}
+
+/// They are told on the way, in their order.
+void TestConfereFerramenta::allOfMoreThanAReportKeeps()
+{
+    constexpr int rows = 2500;
+    QVERIFY(support::OtherProgram(database())
+                .run("INSERT INTO Caixa (Codigo, Data, Entrada, Saldo, CodOs) WITH RECURSIVE n (i) AS (SELECT 1 UNION "
+                     "ALL SELECT i + 1 FROM n WHERE i < 2500) SELECT i, 45427, 0, 0, 5 FROM n"));
+    const Ended some = run({database()});
+    QVERIFY(some.output.contains(u"        ... e mais 2.490 (--tudo mostra todos)\n"_s));
+    const Ended all = run({u"--tudo"_s, database()});
+    QCOMPARE(all.code, 1);
+    QStringList expected{u"aviso Ordens do Livro Caixa: 2.500 linhas, 2.500 avisos"_s};
+    for (int code = 1; code <= rows; ++code) {
+        expected.append(u"        Caixa, código %1 cita a ordem de serviço 0005, que não existe em OrdemServico."_s.arg(
+            confere::TextoDoCodigo(code)));
+    }
+    const QStringList lines = all.output.split(u'\n');
+    const auto heading = lines.indexOf(expected.first());
+    QVERIFY(heading > 0);
+    QCOMPARE(lines.mid(heading, expected.size()), expected);
+    QVERIFY(lines.at(heading + expected.size()).startsWith(u"certo "_s));
+    QVERIFY(all.output.endsWith(u"\nResultado: 0 erros e 2.500 avisos.\n"_s));
 }
 
 void TestConfereFerramenta::leavesEverythingAsItWas()

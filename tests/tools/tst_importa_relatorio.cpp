@@ -1,5 +1,6 @@
 // What an import tells: its report, and the sentence for everything that may hinder it.
 #include "support/diskfiles.h"
+#include "support/otherprogram.h"
 #include "support/program.h"
 #include "support/testmain.h"
 #include "tools/importa/explica.h"
@@ -86,6 +87,7 @@ private slots:
     void partsWithoutContentsAreNotThere();
     void tellsWhatTheAuditFinds();
     void theScreenPointsToTheFileForTheOtherFindings();
+    void theFilePointsToTheAuditForWhatItDoesNotKeep();
     void postalCodesAreNotAudited();
     void aTargetThatCanNotBeAuditedIsTold();
     void standsBesideTheTargetInAFile();
@@ -343,6 +345,17 @@ void TestImportaRelatorio::theScreenPointsToTheFileForTheOtherFindings()
     const QString file = importa::Texto(done, Achados::Todos);
     QCOMPARE(shown(file), 12);
     QVERIFY(!file.contains(u"... e mais"_s));
+}
+
+void TestImportaRelatorio::theFilePointsToTheAuditForWhatItDoesNotKeep()
+{
+    QVERIFY(support::OtherProgram(core::DBDados->path())
+                .run("INSERT INTO Caixa (Codigo, Data, Entrada, Saldo, CodOs) WITH RECURSIVE n (i) AS (SELECT 1 UNION "
+                     "ALL SELECT i + 1 FROM n WHERE i < 1200) SELECT i, 45427, 0, 0, 5 FROM n"));
+    const Relatorio done = importa::RelatorioDe({.origem = u"ANTIGO.MDB"_s, .destino = core::DBDados->path()}, {});
+    const QString file = importa::Texto(done, Achados::Todos);
+    QCOMPARE(file.count(u"cita a ordem de serviço 0005"_s), 1000);
+    QVERIFY(file.contains(u"        ... e mais 200 (tarvelo-confere --tudo mostra todos)\n"_s));
 }
 
 void TestImportaRelatorio::postalCodesAreNotAudited()

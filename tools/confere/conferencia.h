@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <utility>
 #include <vector>
 
 namespace confere
@@ -15,19 +16,29 @@ namespace confere
 /// is deleted whose orders stay).
 enum class Nivel { Erro, Aviso };
 
-/// What one check counts and finds.
+/// What one check counts and finds. Each finding is told at once and not kept: a table that is wrong from end to end
+/// has as many as rows.
 class Achados
 {
 public:
+    using Diz = std::function<void(const QString &frase)>;
+
+    explicit Achados(Diz diz) : diz_(std::move(diz)) {}
+
     void conta() { ++contadas_; }
-    void acha(const QString &frase) { frases_.append(frase); }
+    void acha(const QString &frase)
+    {
+        ++achadas_;
+        diz_(frase);
+    }
 
     qint64 contadas() const { return contadas_; }
-    const QStringList &frases() const { return frases_; }
+    qint64 achadas() const { return achadas_; }
 
 private:
+    Diz diz_;
     qint64 contadas_ = 0;
-    QStringList frases_;
+    qint64 achadas_ = 0;
 };
 
 /// One check: its title, what it asks in a sentence of the help, the columns without which there is nothing to be

@@ -81,8 +81,8 @@ Saida confereArquivo(const Pedido &pedido)
 {
     dao::DBEngine::SetLockWait(maiorEspera);
     try {
-        const confere::Relatorio relatorio = confere::Confere(arquivoDe(pedido));
-        runtime::print(confere::Texto(relatorio, pedido.tudo));
+        const confere::Relatorio relatorio = confere::ConfereEEscreve(
+            arquivoDe(pedido), pedido.tudo, [](const QString &texto) { runtime::print(texto); });
         return relatorio.nadaAchado() ? nadaAchado : algoAchado;
     } catch (const runtime::RuntimeError &erro) {
         runtime::print(u"tarvelo-confere: "_s + confere::Explica(erro) + u'\n', stderr);

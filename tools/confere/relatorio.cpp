@@ -38,6 +38,20 @@ QString tamanhoDe(qint64 bytes)
     return kb < mil ? runtime::Format(kb, u"#,##0") + u" KB"_s : runtime::Format(kb / mil, u"#,##0.0") + u" MB"_s;
 }
 
+/// False where something stopped the check in the middle, which is then its last finding.
+bool percorre(const Conferencia &conferencia, Banco &banco, Achados &achados)
+{
+    try {
+        conferencia.confere(banco, achados);
+        return true;
+    } catch (const runtime::RuntimeError &erro) {
+        const bool dano = erro.number() == 3343;
+        achados.acha(u"A conferência parou no meio: "_s +
+                     (dano ? u"esta parte do arquivo está danificada."_s : erro.description()));
+        return false;
+    }
+}
+
 Resultado faz(const Conferencia &conferencia, Banco &banco)
 {
     Resultado resultado{.nome = conferencia.nome, .nivel = conferencia.nivel};
@@ -46,18 +60,17 @@ Resultado faz(const Conferencia &conferencia, Banco &banco)
     if (!resultado.feita) {
         return resultado;
     }
-    Achados achados;
-    try {
-        conferencia.confere(banco, achados);
-    } catch (const runtime::RuntimeError &erro) {
+    Achados achados([&resultado](const QString &frase) {
+        if (resultado.frases.size() < frasesGuardadas) {
+            resultado.frases.append(frase);
+        }
+    });
+    if (!percorre(conferencia, banco, achados)) {
         resultado.nivel = Nivel::Erro;
-        const bool dano = erro.number() == 3343;
-        achados.acha(u"A conferência parou no meio: "_s +
-                     (dano ? u"esta parte do arquivo está danificada."_s : erro.description()));
     }
     resultado.oQueConta = conferencia.oQueConta;
     resultado.contadas = achados.contadas();
-    resultado.frases = achados.frases();
+    resultado.achados = achados.achadas();
     return resultado;
 }
 
@@ -66,7 +79,7 @@ QString marca(const Resultado &resultado)
     if (!resultado.feita) {
         return u"-     "_s;
     }
-    if (resultado.frases.isEmpty()) {
+    if (resultado.achados == 0) {
         return u"certo "_s;
     }
     return resultado.nivel == Nivel::Erro ? u"ERRO  "_s : u"aviso "_s;
@@ -80,24 +93,43 @@ QString linhaDe(const Resultado &resultado)
     }
     const QString um = resultado.oQueConta.toString();
     linha += quantos(resultado.contadas, um, um + u's');
-    if (!resultado.frases.isEmpty()) {
-        linha += u", "_s + nomeDoNivel(resultado.nivel, resultado.frases.size());
+    if (resultado.achados > 0) {
+        linha += u", "_s + nomeDoNivel(resultado.nivel, resultado.achados);
     }
     return linha + u'\n';
 }
 
-QString frasesDe(const Resultado &resultado, bool todas, const QString &asOutras)
+QString linhaDaFrase(const QString &frase)
+{
+    return u"        "_s + frase + u'\n';
+}
+
+QString frasesDe(const Resultado &resultado, bool todas, QStringView asOutras)
 {
     const qsizetype mostradas =
         todas ? resultado.frases.size() : std::min<qsizetype>(resultado.frases.size(), maisFrases);
     QString texto;
     for (qsizetype i = 0; i < mostradas; ++i) {
-        texto += u"        "_s + resultado.frases[i] + u'\n';
+        texto += linhaDaFrase(resultado.frases[i]);
     }
-    if (const qsizetype faltam = resultado.frases.size() - mostradas; faltam > 0) {
+    if (const qint64 faltam = resultado.achados - mostradas; faltam > 0) {
         texto += u"        ... e mais %1 (%2)\n"_s.arg(numero(faltam), asOutras);
     }
     return texto;
+}
+
+/// The file is held still, so that what was counted is what is told now.
+void escreveTodas(const Conferencia &conferencia, Banco &banco, const Escreve &escreve)
+{
+    Achados achados([&escreve](const QString &frase) { escreve(linhaDaFrase(frase)); });
+    percorre(conferencia, banco, achados);
+}
+
+QString cabecalho(const Relatorio &relatorio)
+{
+    return u"Conferência de %1 (%2, gravado em %3)\n\n"_s.arg(
+        QDir::toNativeSeparators(relatorio.arquivo), tamanhoDe(relatorio.tamanho),
+        runtime::Format(relatorio.gravado, core::mascaraDataHora));
 }
 
 QString soma(const Relatorio &relatorio)
@@ -145,12 +177,17 @@ qint64 Relatorio::achados(Nivel nivel) const
 {
     qint64 soma = 0;
     for (const Resultado &resultado : resultados) {
-        soma += resultado.nivel == nivel ? resultado.frases.size() : 0;
+        soma += resultado.nivel == nivel ? resultado.achados : 0;
     }
     return soma;
 }
 
 Relatorio Confere(const QString &arquivo)
+{
+    return ConfereEEscreve(arquivo, false, [](const QString & /*texto*/) {});
+}
+
+Relatorio ConfereEEscreve(const QString &arquivo, bool todas, const Escreve &escreve)
 {
     Banco banco(arquivo);
     recusaOutroBanco(banco, arquivo);
@@ -159,17 +196,23 @@ Relatorio Confere(const QString &arquivo)
                         .tamanho = info.size(),
                         .gravado = runtime::fromDateTime(info.lastModified()),
                         .resultados = {}};
+    escreve(cabecalho(relatorio));
     for (const Conferencia &conferencia : Conferencias()) {
-        relatorio.resultados.push_back(faz(conferencia, banco));
+        const Resultado &resultado = relatorio.resultados.emplace_back(faz(conferencia, banco));
+        escreve(linhaDe(resultado));
+        if (todas && resultado.achados > resultado.frases.size()) {
+            escreveTodas(conferencia, banco, escreve);
+        } else {
+            escreve(frasesDe(resultado, todas, tudoMostra));
+        }
     }
+    escreve(u'\n' + soma(relatorio));
     return relatorio;
 }
 
-QString Texto(const Relatorio &relatorio, bool todas, const QString &asOutras)
+QString Texto(const Relatorio &relatorio, bool todas, QStringView asOutras)
 {
-    QString texto = u"Conferência de %1 (%2, gravado em %3)\n\n"_s.arg(
-        QDir::toNativeSeparators(relatorio.arquivo), tamanhoDe(relatorio.tamanho),
-        runtime::Format(relatorio.gravado, core::mascaraDataHora));
+    QString texto = cabecalho(relatorio);
     for (const Resultado &resultado : relatorio.resultados) {
         texto += linhaDe(resultado) + frasesDe(resultado, todas, asOutras);
     }

@@ -3,6 +3,12 @@
 #include "platform/runtime/value.h"
 #include "tools/confere/conferencia.h"
 
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <vector>
+
 namespace confere
 {
 
@@ -13,8 +19,12 @@ struct Resultado {
     bool feita = false; ///< false where the file does not have its tables
     qint64 contadas = 0;
     QStringView oQueConta = u"linha";
-    QStringList frases = {};
+    qint64 achados = 0;
+    QStringList frases = {}; ///< the first of what was found, up to `frasesGuardadas`
 };
+
+/// How many findings of a check a report keeps; the others it counts.
+constexpr qsizetype frasesGuardadas = 1000;
 
 struct Relatorio {
     QString arquivo;
@@ -31,9 +41,17 @@ struct Relatorio {
 /// the program's own tables.
 Relatorio Confere(const QString &arquivo);
 
-/// The report for people: a line a check, its findings below it, up to `maisFrases` of each unless all are wanted;
-/// `asOutras` says where the others are.
+/// The report for people: a line a check, its findings below it, up to `maisFrases` of each unless all that it keeps
+/// are wanted; `asOutras` says where the others are.
 constexpr int maisFrases = 10;
-QString Texto(const Relatorio &relatorio, bool todas, const QString &asOutras = QStringLiteral("--tudo mostra todos"));
+constexpr QStringView tudoMostra = u"--tudo mostra todos";
+QString Texto(const Relatorio &relatorio, bool todas, QStringView asOutras = tudoMostra);
+
+using Escreve = std::function<void(const QString &texto)>;
+
+/// Runs all checks as `Confere` does and writes the report as it comes, a check at a time. Where really all findings
+/// are wanted, a check that has more than a report keeps is made once more and tells them on the way: the memory that
+/// this takes does not grow with what is wrong.
+Relatorio ConfereEEscreve(const QString &arquivo, bool todas, const Escreve &escreve);
 
 } // namespace confere

@@ -291,8 +291,9 @@ QString aConferencia(const Relatorio &relatorio, Achados achados)
                    ? QString()
                    : u"\nO banco feito não foi conferido: "_s + relatorio.semConferencia + u'\n';
     }
-    return u'\n' +
-           confere::Texto(*relatorio.conferencia, achados == Achados::Todos, u"estão no arquivo do relatório"_s);
+    const bool todos = achados == Achados::Todos;
+    const QStringView asOutras = todos ? u"tarvelo-confere --tudo mostra todos" : u"estão no arquivo do relatório";
+    return u'\n' + confere::Texto(*relatorio.conferencia, todos, asOutras);
 }
 
 /// The first line that somebody reads, and often the only one.
