@@ -2,6 +2,7 @@
 
 #include "core/andamento.h"
 #include "core/funcoes.h"
+#include "core/informacoes.h"
 #include "platform/dao/snapshot.h"
 #include "platform/runtime/runtime.h"
 #include "platform/ui/listview.h"
@@ -199,6 +200,8 @@ QString Condicao(const Pesquisa &pesquisa, const QString &procurado)
         return pesquisa.condicao + DataSQL(procurado, umDia);
     case Comparacao::Dia:
         return pesquisa.condicao + DataSQL(procurado, diaInteiro);
+    case Comparacao::Codigo:
+        return pesquisa.condicao + QString::number(CodigoDoTexto(procurado).value_or(0));
     case Comparacao::Igual:
         break;
     }

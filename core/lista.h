@@ -66,8 +66,8 @@ Somas EncheLista(ui::ListView &lista, dao::Recordset linhas, const Lista &descri
 bool LocalizaLista(ui::ListView *lista, const QString &texto, int coluna, bool selecionar, bool parar);
 
 /// How the searched text enters the statement: as typed, as typed in front of "*'", as the day's literal, as the
-/// literals around a whole day.
-enum class Comparacao { Igual, Contem, Data, Dia };
+/// literals around a whole day, as a code. What can be no code stands for 0, which no row has.
+enum class Comparacao { Igual, Contem, Data, Dia, Codigo };
 
 /// A search by one column: its entry in the combo and the condition up to the searched text. A table of searches may go
 /// on behind the combo's last entry, with rows that have none.

@@ -3,7 +3,6 @@
 #include "ui_frmOSOrcaConsulta.h"
 
 #include "core/banco.h"
-#include "core/informacoes.h"
 #include "core/lista.h"
 #include "core/modos.h"
 #include "core/modulo.h"
@@ -42,21 +41,11 @@ constexpr std::array colunas{
 constexpr Lista orcamentos{.colunas = colunas};
 
 constexpr std::array pesquisas{
-    Pesquisa{u"Código Orçamento", u"Codigo = ", Comparacao::Igual},
+    Pesquisa{u"Código Orçamento", u"Codigo = ", Comparacao::Codigo},
     Pesquisa{u"Nome do Cliente", u"NomeCliente Like '*", Comparacao::Contem},
     Pesquisa{u"Marca/Modelo", u"MarcaModelo Like '*", Comparacao::Contem},
     Pesquisa{u"Fone", u"Fone Like '*", Comparacao::Contem},
 };
-
-/// The condition of a search; "" where no estimate can have such a code. A text like "1,5" would break the statement.
-QString condicao(const Pesquisa &pesquisa, const QString &texto)
-{
-    if (pesquisa.comparacao != Comparacao::Igual) {
-        return Condicao(pesquisa, texto);
-    }
-    const auto codigo = CodigoDoTexto(texto);
-    return codigo ? Condicao(pesquisa, QString::number(*codigo)) : QString();
-}
 
 } // namespace
 
@@ -111,11 +100,7 @@ void frmOSOrcaConsulta::btnPesquisar_Click()
         return;
     }
     const Pesquisa &escolhida = pesquisas.at(static_cast<std::size_t>(ui_->cboPesquisa->currentIndex()));
-    if (const QString onde = condicao(escolhida, texto); !onde.isEmpty()) {
-        enche(u"SELECT * FROM Orcamento WHERE "_s + onde);
-    } else {
-        ui_->Lista->clear();
-    }
+    enche(u"SELECT * FROM Orcamento WHERE "_s + Condicao(escolhida, texto));
 }
 
 void frmOSOrcaConsulta::btnTodos_Click()

@@ -83,7 +83,7 @@ constexpr std::array colunas{
 constexpr Lista ordens{.colunas = colunas};
 
 constexpr std::array pesquisas{
-    Pesquisa{u"Código O.S.", u"OrdemServico.Codigo = ", Comparacao::Igual},
+    Pesquisa{u"Código O.S.", u"OrdemServico.Codigo = ", Comparacao::Codigo},
     Pesquisa{u"Nome do Cliente", u"Clientes.Nome Like '*", Comparacao::Contem},
     Pesquisa{u"Marca/Modelo", u"Veiculos.MarcaModelo Like '*", Comparacao::Contem},
     Pesquisa{u"Data Entrada", u"ORDEMServico.DataIn BETWEEN ", Comparacao::Dia},

@@ -406,6 +406,8 @@ void TestLista::condicoes_data()
     QTest::addColumn<QString>("procurado");
     QTest::addColumn<QString>("condicao");
     QTest::newRow("as typed") << int(Comparacao::Igual) << u"12"_s << u"X 12"_s;
+    QTest::newRow("a code") << int(Comparacao::Codigo) << u"0012"_s << u"X 12"_s;
+    QTest::newRow("no code") << int(Comparacao::Codigo) << u"1,5"_s << u"X 0"_s;
     QTest::newRow("within") << int(Comparacao::Contem) << u"ANA"_s << u"X ANA*'"_s;
     QTest::newRow("day") << int(Comparacao::Data) << u"02/05/2024"_s << u"X #05/02/2024#"_s;
     QTest::newRow("whole day") << int(Comparacao::Dia) << u"02/05/2024"_s

@@ -45,6 +45,8 @@ private slots:
     void aSearchPassesTheStateOver();
     void anEmptyTextSearchesNothing();
     void aSearchWithoutResultEmptiesTheListInSilence();
+    void whatCanBeNoCodeFindsNothing_data();
+    void whatCanBeNoCodeFindsNothing();
     void whatIsNoDateEndsInTheRunTimeErrorOfTheStatement();
     void aColumnSortsAndTheSameAgainReverses();
 
@@ -183,6 +185,31 @@ void tst_frmOSConsulta::aSearchWithoutResultEmptiesTheListInSilence()
     type(window_, u"txtTexto"_s, u"99"_s);
     click(window_, u"btnPesquisar"_s);
     QCOMPARE(list()->count(), 0);
+}
+
+void tst_frmOSConsulta::whatCanBeNoCodeFindsNothing_data()
+{
+    QTest::addColumn<QString>("typed");
+    for (const char *typed : {"MARIA", "1,5", "1E999", "1 OR 1=1", "9999999999", "'", "-"}) {
+        QTest::newRow(typed) << QString::fromUtf8(typed);
+    }
+}
+
+/// A name typed while the search is still for a code must not end the program.
+void tst_frmOSConsulta::whatCanBeNoCodeFindsNothing()
+{
+    QFETCH(QString, typed);
+    const Boxes boxes;
+    open();
+    const auto search = [this](const QString &text) {
+        type(window_, u"txtTexto"_s, text);
+        click(window_, u"btnPesquisar"_s);
+    };
+    search(typed);
+    QVERIFY(!ui::Application::ended());
+    QCOMPARE(list()->count(), 0);
+    search(u"1"_s);
+    QCOMPARE(codes(*list()), QStringList{first_});
 }
 
 void tst_frmOSConsulta::whatIsNoDateEndsInTheRunTimeErrorOfTheStatement()
