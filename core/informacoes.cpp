@@ -167,7 +167,8 @@ void MostraInformacoes(TipoInformacao tipo, const QString &codigo)
 
 bool PodeSerCodigo(const QString &texto)
 {
-    return runtime::IsNumeric(texto) && std::abs(runtime::CDbl(texto)) <= std::numeric_limits<qint32>::max();
+    const auto numero = runtime::parseNumber(texto);
+    return numero && std::abs(*numero) <= std::numeric_limits<qint32>::max();
 }
 
 std::optional<qint32> CodigoDoTexto(const QString &texto)

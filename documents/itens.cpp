@@ -37,7 +37,8 @@ QString *subtotal(Totais &totais, Aba aba, const QString &tipo, bool compacto)
 
 bool ServeDeValor(const QString &texto)
 {
-    return IsNumeric(texto) && std::abs(CDbl(texto)) <= maiorValor;
+    const auto numero = parseNumber(texto);
+    return numero && std::abs(*numero) <= maiorValor;
 }
 
 QString ValorDaLinha(const QString &quantidade, const QString &valorUnit)

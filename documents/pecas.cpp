@@ -12,9 +12,25 @@ using namespace runtime;
 using namespace core;
 using namespace Qt::StringLiterals;
 
+namespace
+{
+
+/// The number that a typed code begins with. Where that is out of range, as of "5E0615301", the text is an external
+/// code alone.
+double codigoDe(const QString &texto)
+{
+    try {
+        return Val(texto);
+    } catch (const RuntimeError &) {
+        return 0;
+    }
+}
+
+} // namespace
+
 std::optional<PecaItem> ProcuraPeca(const QString &texto)
 {
-    auto peca = DBDados->OpenRecordset(u"SELECT * FROM Pecas WHERE Codigo = "_s + decimalText(Val(texto), 15) +
+    auto peca = DBDados->OpenRecordset(u"SELECT * FROM Pecas WHERE Codigo = "_s + decimalText(codigoDe(texto), 15) +
                                        u" OR CodExterno = '"_s + texto + u"'"_s);
     if (peca.Eof()) {
         return std::nullopt;

@@ -2,6 +2,7 @@
 
 #include "core/banco.h"
 #include "core/funcoes.h"
+#include "core/informacoes.h"
 #include "core/modulo.h"
 #include "documents/documentogravado.h"
 #include "platform/runtime/runtime.h"
@@ -49,6 +50,13 @@ std::optional<VeiculoOS> abreVeiculo(const QString &condicao)
     return VeiculoDe(veiculo);
 }
 
+/// A chassis number may read as a number that is no code, as "344D12345" does; no statement would take it.
+std::optional<VeiculoOS> veiculoDoCodigo(const QString &texto)
+{
+    const auto codigo = CodigoDoTexto(texto);
+    return codigo ? abreVeiculo(u"veiculos.codigo = "_s + QString::number(*codigo)) : std::nullopt;
+}
+
 } // namespace
 
 qint32 AbreOrdem(const NovaOrdem &ordem)
@@ -75,9 +83,7 @@ VeiculoOS VeiculoDe(const dao::Recordset &linha)
 
 std::optional<VeiculoOS> ProcuraVeiculo(const QString &texto)
 {
-    const bool numerico = IsNumeric(texto);
-    auto achado = numerico ? abreVeiculo(u"veiculos.codigo = "_s + texto)
-                           : abreVeiculo(u"veiculos.placas = '"_s + texto + u"'"_s);
+    auto achado = IsNumeric(texto) ? veiculoDoCodigo(texto) : abreVeiculo(u"veiculos.placas = '"_s + texto + u"'"_s);
     return achado ? achado : abreVeiculo(u"veiculos.chassi = '"_s + texto + u"'"_s);
 }
 

@@ -213,6 +213,7 @@ void TestInformacoes::readsTheCodeOfATypedText_data()
     QTest::newRow("nothing") << QString() << QString();
     QTest::newRow("letters") << u"GOL"_s << QString();
     QTest::newRow("more than a code holds") << u"9999999999"_s << QString();
+    QTest::newRow("more than any number") << u"1E999"_s << QString();
 }
 
 void TestInformacoes::readsTheCodeOfATypedText()

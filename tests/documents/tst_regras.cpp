@@ -34,6 +34,8 @@ private slots:
     void findsAnItem();
     void theFirstRowWinsBetweenCodeAndExternalCode();
     void anApostropheInTheItemCodeIsARunTimeError();
+    void tellsWhatCanBeAnAmount_data();
+    void tellsWhatCanBeAnAmount();
 
     void storesARowUnderItsLetter_data();
     void storesARowUnderItsLetter();
@@ -66,6 +68,9 @@ void TstRegras::findsAnItem_data()
     QTest::newRow("external code") << u"FILTRO-A"_s << u"FILTRO"_s;
     QTest::newRow("digits as external code") << u"7891000100"_s << u"FILTRO COMUM"_s;
     QTest::newRow("point in the external code") << u"12.5"_s << u"VELA"_s;
+    QTest::newRow("external code that begins as a number out of range") << u"5E0615301"_s << u"DISCO"_s;
+    QTest::newRow("external code that begins as no number") << u"1.5%"_s << u"PASTILHA"_s;
+    QTest::newRow("number out of range") << u"6E0615301"_s << QString();
     QTest::newRow("text that begins with a code") << u"2ABC"_s << u"LITRO DE OLEO"_s;
     QTest::newRow("text without a number") << u"NADA"_s << QString();
     QTest::newRow("unknown code") << u"99"_s << QString();
@@ -79,7 +84,11 @@ void TstRegras::findsAnItem()
     program_->part(u"LITRO DE OLEO"_s, u"P"_s, u"1.030,50"_s, false, 2);
     program_->part(u"FILTRO COMUM"_s, u"P"_s, u"40,00"_s);
     program_->part(u"VELA"_s, u"P"_s, u"12,00"_s);
+    program_->part(u"DISCO"_s, u"P"_s, u"180,00"_s);
+    program_->part(u"PASTILHA"_s, u"P"_s, u"90,00"_s);
     program_->sql(u"UPDATE Pecas SET CodExterno = 'FILTRO-A' WHERE Codigo = 1"_s);
+    program_->sql(u"UPDATE Pecas SET CodExterno = '5E0615301' WHERE Codigo = 5"_s);
+    program_->sql(u"UPDATE Pecas SET CodExterno = '1.5%' WHERE Codigo = 6"_s);
     program_->sql(u"UPDATE Pecas SET CodExterno = '7891000100' WHERE Codigo = 3"_s);
     program_->sql(u"UPDATE Pecas SET CodExterno = '12.5' WHERE Codigo = 4"_s);
     program_->sql(u"UPDATE Pecas SET ValorCusto = 1010.4 WHERE Codigo = 2"_s);
@@ -105,6 +114,25 @@ void TstRegras::theFirstRowWinsBetweenCodeAndExternalCode()
 void TstRegras::anApostropheInTheItemCodeIsARunTimeError()
 {
     QCOMPARE(errorOf([] { ProcuraPeca(u"D'AGUA"_s); }), 3075);
+}
+
+void TstRegras::tellsWhatCanBeAnAmount_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("serves");
+    QTest::newRow("amount") << u"1.234,56"_s << true;
+    QTest::newRow("below zero") << u"-5"_s << true;
+    QTest::newRow("the greatest") << u"1E15"_s << true;
+    QTest::newRow("a greater one") << u"1E16"_s << false;
+    QTest::newRow("more than any number") << u"1E999"_s << false;
+    QTest::newRow("nothing") << QString() << false;
+    QTest::newRow("letters") << u"ABC"_s << false;
+}
+
+void TstRegras::tellsWhatCanBeAnAmount()
+{
+    QFETCH(QString, text);
+    QTEST(ServeDeValor(text), "serves");
 }
 
 void TstRegras::storesARowUnderItsLetter_data()

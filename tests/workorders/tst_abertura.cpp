@@ -60,6 +60,8 @@ private slots:
     void findsAVehicle_data();
     void findsAVehicle();
     void aPlateOfDigitsOnlyIsNotFound();
+    void aNumberThatCanBeNoCodeIsTriedAsAChassis_data();
+    void aNumberThatCanBeNoCodeIsTriedAsAChassis();
     void takesTheFirstVehicleOfAPlate();
     void aVehicleWithoutOwnerIsNotFound();
     void showsNullsOfAVehicleAsEmpty();
@@ -234,6 +236,25 @@ void TstAbertura::aPlateOfDigitsOnlyIsNotFound()
     const auto byChassis = ProcuraVeiculo(u"1234"_s);
     QVERIFY(byChassis);
     QCOMPARE(byChassis->codigo, u"0001"_s);
+}
+
+void TstAbertura::aNumberThatCanBeNoCodeIsTriedAsAChassis_data()
+{
+    QTest::addColumn<QString>("text");
+    for (const char *text : {"344D12345", "5E0615301", "2,5", "12345678901234567"}) {
+        QTest::newRow(text) << QString::fromUtf8(text);
+    }
+}
+
+void TstAbertura::aNumberThatCanBeNoCodeIsTriedAsAChassis()
+{
+    QFETCH(QString, text);
+    program_->vehicle(program_->customer(u"MARIA"_s), u"ABC1D23"_s);
+    QVERIFY(!ProcuraVeiculo(text));
+    program_->sql(u"UPDATE Veiculos SET Chassi = '%1'"_s.arg(text));
+    const auto found = ProcuraVeiculo(text);
+    QVERIFY(found);
+    QCOMPARE(found->codigo, u"0001"_s);
 }
 
 void TstAbertura::takesTheFirstVehicleOfAPlate()
