@@ -27,6 +27,16 @@ QString quatroDigitos(const Value &codigo)
 
 // --- the rows of the finance tables
 
+/// What an account holds of a description.
+constexpr qsizetype maiorDescricao = 100;
+
+/// A description around the customer's name. What stands behind the name tells the order and the instalment, by which
+/// the row is found again: of a long name less is written.
+QString comNome(const QString &inicio, const QString &nome, const QString &fim)
+{
+    return inicio + Left(nome, maiorDescricao - inicio.size() - fim.size()) + fim;
+}
+
 /// The work order is told by the description alone.
 void lancaCaixa(const QString &descricao, const QString &valor, Operacao operacao = Operacao::Entrada)
 {
@@ -115,17 +125,16 @@ void parcelaAPrazo(const Fechamento &f, const ParcelaOS &parcela, const DadosChe
 {
     lancaFiado(f, parcela.valor, parcela.vencimento,
                u"ORDEM SERVIÇO Nº "_s + f.codigo + u" PARCELA "_s + parcela.parcela);
-    const QString descricao =
-        u"O.S. PENDENTE: "_s + f.nomeCliente + u" - Nº "_s + quatroDigitos(f.codigo) + u'-' + parcela.parcela;
-    lancaContaReceber(descricao, parcela.valor, parcela.vencimento);
+    const QString numero = u" - Nº "_s + quatroDigitos(f.codigo) + u'-' + parcela.parcela;
+    lancaContaReceber(comNome(u"O.S. PENDENTE: "_s, f.nomeCliente, numero), parcela.valor, parcela.vencimento);
 }
 
 void parcelaEmCheque(const Fechamento &f, const ParcelaOS &parcela, const DadosCheque &cheque)
 {
     const qint32 numero = lancaCheque(f.codigo, cheque, parcela);
-    const QString descricao = u"CHEQUE: "_s + f.nomeCliente + u" - CÓD "_s + quatroDigitos(numero) + u'/' +
-                              quatroDigitos(f.codigo) + u'-' + parcela.parcela;
-    lancaContaReceber(descricao, parcela.valor, parcela.vencimento);
+    const QString numeros =
+        u" - CÓD "_s + quatroDigitos(numero) + u'/' + quatroDigitos(f.codigo) + u'-' + parcela.parcela;
+    lancaContaReceber(comNome(u"CHEQUE: "_s, f.nomeCliente, numeros), parcela.valor, parcela.vencimento);
 }
 
 struct Documento {

@@ -138,6 +138,7 @@ private slots:
 
     void theCustomPlanPostsEachDocument();
     void theCustomPlanAsksForACheque();
+    void aLongNameLeavesOrderAndInstalmentInTheAccount();
     void theCustomPlanGoesOnFromTheBalanceBefore();
 
     void partsLeaveTheStock();
@@ -404,6 +405,22 @@ void tst_Fechamento::theCustomPlanPostsEachDocument()
             u"1|"_s + today + u"|O.S. PENDENTE: MARIA - Nº 0001-02|66.67|15/06/2024 00:00:00|False|<Null>|<Null>"_s,
             u"2|"_s + today + u"|CHEQUE: MARIA - CÓD 0001/0001-03|0.1|15/07/2024 00:00:00|False|<Null>|<Null>"_s,
         }));
+}
+
+/// A name may be twice as long as the description of an account. Reports find the row by what stands behind the name.
+void tst_Fechamento::aLongNameLeavesOrderAndInstalmentInTheAccount()
+{
+    const Workshop shop;
+    Fechamento f = closing(FormaPagamento::Personalizado);
+    f.nomeCliente = u"JOÃO "_s.repeated(40);
+    QCOMPARE(f.nomeCliente.size(), 200);
+    FechaOrdem(f);
+
+    const QStringList told = shop.rows(u"SELECT Descricao FROM ContasReceber ORDER BY Codigo"_s);
+    QCOMPARE(told.size(), 2);
+    QCOMPARE(told.at(0), u"O.S. PENDENTE: "_s + f.nomeCliente.left(72) + u" - Nº 0001-02"_s);
+    QCOMPARE(told.at(1), u"CHEQUE: "_s + f.nomeCliente.left(73) + u" - CÓD 0001/0001-03"_s);
+    QVERIFY(shop.order().startsWith(u"False|True|"));
 }
 
 void tst_Fechamento::theCustomPlanAsksForACheque()
