@@ -23,6 +23,7 @@ namespace
 {
 
 constexpr int allPages = -1;
+constexpr int noPage = 0;
 
 /// The engine's copying of one open file into another, page by page.
 class Backup
@@ -80,6 +81,30 @@ std::shared_ptr<Connection> openSource(const QString &path)
     return openFile(path, QFileInfo::exists(path) && !QFileInfo(path).isWritable());
 }
 
+/// The bytes of a database that this program holds. Where the engine has its locks there is no data, and one of the
+/// systems gives those bytes to nobody.
+void keepBytes(QFile &file, const QString &kept)
+{
+    constexpr qint64 piece = 1 << 20;
+    constexpr qint64 locksAt = 1 << 30;
+    constexpr qint64 locksSize = 512;
+    files::Draft draft(kept);
+    if (!draft.isOpen()) {
+        runtime::raise(3051, {QDir::toNativeSeparators(kept)});
+    }
+    while (!file.atEnd()) {
+        const bool locks = file.pos() == locksAt;
+        const QByteArray bytes = locks ? QByteArray(locksSize, '\0') : file.read(piece);
+        if (bytes.isEmpty() || (locks && !file.seek(locksAt + locksSize))) {
+            runtime::raise(3051, {QDir::toNativeSeparators(file.fileName())});
+        }
+        if (!draft.write(bytes)) {
+            runtime::raise(3183);
+        }
+    }
+    putInPlace(draft, kept);
+}
+
 } // namespace
 
 /// The draft has no name yet: it needs no journal that a killed program could leave beside it.
@@ -120,20 +145,22 @@ void copyDatabase(const QString &from, const QString &to)
     putInPlace(draft, to);
 }
 
+/// From the engine's first step on nobody else reads or writes: what is kept is the last that anybody wrote.
 void restoreDatabase(const QString &from, const QString &to, const QString &kept)
 {
     const auto source = openFile(from, true);
-    // Both are open before one of them is locked: the system drops a process's locks on a file when it closes it
-    // anywhere.
     const auto target = openFile(to, false);
-    const auto writer = openFile(to, false);
-    writer->begin(); // what is kept is the last that anybody wrote
-    files::Draft draft(kept);
-    copyPages(*target, *openDraft(draft, kept));
-    putInPlace(draft, kept);
+    // Open from ahead of the lock to behind it: the system drops a process's locks on a file when it closes it
+    // anywhere.
+    QFile bytes(to);
+    if (!bytes.open(QIODevice::ReadOnly)) {
+        runtime::raise(3051, {QDir::toNativeSeparators(to)});
+    }
+    Backup writing(*source, *target);
+    writing.step(noPage);
+    keepBytes(bytes, kept);
     try {
-        writer->close();
-        Backup(*source, *target).step(allPages);
+        writing.step(allPages);
     } catch (const runtime::RuntimeError &) {
         QFile::remove(kept);
         throw;

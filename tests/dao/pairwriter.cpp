@@ -1,5 +1,5 @@
-// Writes the same number into two tables of a database by one write, over and over, until it is killed: PATH [PAUSE].
-// Says "writing" behind the first one.
+// Writes the same row into two tables of a database by one write, over and over, until it is killed: PATH [PAUSE]. The
+// rows are numbered from 1 at the end of their text. Says "writing" behind the first one.
 #include "platform/dao/database.h"
 #include "platform/dao/unit.h"
 
@@ -15,11 +15,11 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-void addTo(dao::Database &database, const QString &table)
+void addTo(dao::Database &database, const QString &table, int number)
 {
     auto set = database.OpenRecordset(table);
     set.AddNew();
-    set[u"Descricao"] = QString(90, u'X');
+    set[u"Descricao"] = QString::number(number).rightJustified(90, u'X');
     set.Update();
 }
 
@@ -32,13 +32,13 @@ int main(int count, char **arguments)
     }
     const std::chrono::milliseconds pause{count > 2 ? std::atoi(arguments[2]) : 0};
     const auto database = dao::DBEngine::OpenDatabase(QString::fromLocal8Bit(arguments[1]));
-    for (bool first = true;; first = false) {
+    for (int number = 1;; ++number) {
         {
             const dao::Unit together;
-            addTo(*database, u"Caixa"_s);
-            addTo(*database, u"Banco1"_s);
+            addTo(*database, u"Caixa"_s, number);
+            addTo(*database, u"Banco1"_s, number);
         }
-        if (first) {
+        if (number == 1) {
             std::puts("writing");
             std::fflush(stdout);
         }

@@ -76,6 +76,7 @@ private slots:
     void aPlaceThatTakesNoCopyIsTold();
     void aRestoringGivesTheOldContentsAndKeepsTheNew();
     void othersThatHaveItOpenSeeARestoringAsAWrite();
+    void aRestoringLosesNothingThatAnotherProgramWrites();
     void aRestoringIsAllOrNothingForALockedFile();
     void aDamagedCopyRestoresNothing();
 
@@ -83,6 +84,7 @@ private:
     QString path(const QString &name = u"dados.mdb"_s) const { return folder_->filePath(name); }
     QStringList names() const { return QDir(folder_->path()).entryList(QDir::Files | QDir::Hidden); }
     int rowsOf(const QString &file, const QString &table = u"Caixa"_s) const;
+    QList<int> written(const QString &file) const;
     void damage(const QString &name) const;
 
     std::unique_ptr<QTemporaryDir> folder_;
@@ -102,6 +104,17 @@ int tst_copy::rowsOf(const QString &file, const QString &table) const
         return -1;
     }
     return golden::rows(*database, u"SELECT count(Codigo) FROM "_s + table).value(0).toInt();
+}
+
+/// The numbers of the rows that the writer added to a file, in their order.
+QList<int> tst_copy::written(const QString &file) const
+{
+    const auto database = dao::DBEngine::OpenDatabase(path(file), true);
+    QList<int> numbers;
+    for (QString text : golden::rows(*database, u"SELECT Descricao FROM Caixa WHERE Codigo > 4000 ORDER BY Codigo"_s)) {
+        numbers.append(text.remove(u'X').toInt());
+    }
+    return numbers;
 }
 
 /// In the middle of its pages; the first of them stay.
@@ -251,6 +264,23 @@ void tst_copy::othersThatHaveItOpenSeeARestoringAsAWrite()
     QVERIFY(errorOf([&] { workstation->OpenRecordset(u"Cheques"_s); }) != 0);
     QCOMPARE(rowsOf(u"dados.mdb"_s), 4001);
     QCOMPARE(rowsOf(u"antes.mdb"_s), 10);
+}
+
+/// Each of its rows is in what was kept or in what follows.
+void tst_copy::aRestoringLosesNothingThatAnotherProgramWrites()
+{
+    dao::DBEngine::CopyDatabase(path(), path(u"copia.mdb"_s));
+    const Writer writer(path(), u"1"_s);
+    QVERIFY(writer.writes());
+    int next = 1;
+    for (int i = 0; i < 20; ++i) {
+        QTRY_VERIFY_WITH_TIMEOUT(!written(u"dados.mdb"_s).isEmpty(), 20'000);
+        dao::DBEngine::RestoreDatabase(path(u"copia.mdb"_s), path(), path(u"antes.mdb"_s));
+        for (const int number : written(u"antes.mdb"_s)) {
+            QCOMPARE(number, next++);
+        }
+        QVERIFY(writer.writes());
+    }
 }
 
 void tst_copy::aRestoringIsAllOrNothingForALockedFile()
