@@ -2,10 +2,12 @@
 
 #include "platform/runtime/error.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
+#include <QProcessEnvironment>
 
 #ifdef Q_OS_WIN
 #include <windows.h>
@@ -58,6 +60,18 @@ void prepare(QProcess &process, const QString &path)
 
 #endif
 
+/// Batch files that lie in another folder than the program find what was installed with it, unless they have their own.
+QProcessEnvironment withTheProgram()
+{
+    const QString searched = u"PATH"_s;
+    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+    if (const QString folders = variables.value(searched); !folders.isEmpty()) {
+        const QString own = QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
+        variables.insert(searched, folders + QDir::listSeparator() + own);
+    }
+    return variables;
+}
+
 } // namespace
 
 void Shell(const QString &path)
@@ -68,6 +82,7 @@ void Shell(const QString &path)
     }
     QProcess process;
     prepare(process, file.absoluteFilePath());
+    process.setProcessEnvironment(withTheProgram());
     process.setWorkingDirectory(file.absolutePath());
     if (!process.startDetached()) {
         raise(5);

@@ -1,6 +1,7 @@
 #include "platform/runtime/error.h"
 #include "platform/runtime/shell.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -19,10 +20,12 @@ private slots:
     void aBatchFileIsStarted();
     void itIsNotWaitedFor();
     void itWorksInItsFolderAndWaitsForNoKeys();
+    void itFindsTheProgramBehindAllElse();
     void whatIsNotThereIsError53_data();
     void whatIsNotThereIsError53();
 #ifdef Q_OS_UNIX
     void itOutlivesTheProgram();
+    void whereNothingIsSearchedNeitherIsTheProgram();
     void whatCanNotBeStartedIsError5();
 #endif
 
@@ -106,6 +109,19 @@ void tst_shell::itWorksInItsFolderAndWaitsForNoKeys()
 #endif
 }
 
+void tst_shell::itFindsTheProgramBehindAllElse()
+{
+#ifdef Q_OS_WIN
+    runtime::Shell(batch("@set PATH>marca.novo\r\n@ren marca.novo marca\r\n"));
+#else
+    runtime::Shell(batch("#!/bin/sh\necho \"PATH=$PATH\" >marca.novo; mv marca.novo marca\n"));
+#endif
+    QTRY_VERIFY(mark() != "(none)");
+    const QString own = QDir::toNativeSeparators(QCoreApplication::applicationDirPath());
+    const QString expected = qEnvironmentVariable("PATH") + QDir::listSeparator() + own;
+    QCOMPARE(QString::fromLocal8Bit(mark().split('\n').value(0)).trimmed().mid(5), expected);
+}
+
 void tst_shell::whatIsNotThereIsError53_data()
 {
     QTest::addColumn<QString>("name");
@@ -132,6 +148,18 @@ void tst_shell::itOutlivesTheProgram()
     QVERIFY(own.open(QIODevice::ReadOnly));
     QVERIFY(session(mark()) > 0);
     QVERIFY(session(mark()) != session(own.readAll()));
+}
+
+/// The shell's own places would not be searched any more.
+void tst_shell::whereNothingIsSearchedNeitherIsTheProgram()
+{
+    const QByteArray folders = qgetenv("PATH");
+    const QString text = batch("#!/bin/sh\nmv=$(command -v mv); echo \"$PATH\" >marca.novo; $mv marca.novo marca\n");
+    QVERIFY(qunsetenv("PATH"));
+    runtime::Shell(text);
+    QVERIFY(qputenv("PATH", folders));
+    QTRY_VERIFY(mark() != "(none)");
+    QVERIFY(!mark().contains(QCoreApplication::applicationDirPath().toLocal8Bit()));
 }
 
 void tst_shell::whatCanNotBeStartedIsError5()
