@@ -53,6 +53,12 @@ inline void damage(const QString &path)
     QCOMPARE(file.write(QByteArray(8192, 'X')), 8192);
 }
 
+/// The beginning of a database of the old system.
+inline QByteArray oldDatabase()
+{
+    return QByteArray::fromHex("00010000") + "Standard Jet DB" + QByteArray(4096, '\0');
+}
+
 /// What the tool says, on every system alike: the slashes and the ends of the lines.
 inline QString said(const QByteArray &bytes)
 {

@@ -30,12 +30,14 @@ private slots:
     void aFullTargetIsToldAndLosesNothing_data();
     void aFullTargetIsToldAndLosesNothing();
     void aFullDiskIsToldAndLosesNothing();
+    void aDiskThatIsTakenOutIsTold();
     void aTargetThatCanNotBeWrittenIsTold();
 #endif
     void aFileInThePlaceOfTheFolderIsTold();
     void aDamagedDatabaseIsToldAndTakesNoCopyAway();
     void aMissingDatabaseIsTold();
     void aDatabaseOfAnotherKindIsTold();
+    void aDatabaseOfTheOldSystemIsNotCalledDamaged();
     void killsInTheMiddleLeaveNothingThatLooksLikeACopy();
     void wrongCallsAreTold_data();
     void wrongCallsAreTold();
@@ -237,6 +239,33 @@ void TestCopia::aFullDiskIsToldAndLosesNothing()
     QCOMPARE(ended.output, u"DADOS-2020-01-01-080000.MDB\n"_s);
 }
 
+/// As the desktop takes a stick away whose plug was pulled, while the tool writes: it is stopped when its file is
+/// there.
+void TestCopia::aDiskThatIsTakenOutIsTold()
+{
+    const QString disk = workshop_->beside(u"disco"_s);
+    const QString script = u"D=$1; shift\n"
+                           "there() { for f in \"$D\"/*.gravando-*; do [ -e \"$f\" ] && return 0; done; return 1; }\n"
+                           "ended() { read -r _ _ state _ </proc/$tool/stat || return 0; [ \"$state\" = Z ]; }\n"
+                           "for try in 1 2 3 4 5 6 7 8 9 10; do\n"
+                           "mkdir -p \"$D\" && mount -t tmpfs none \"$D\" 2>/dev/null || exit 9\n"
+                           "\"$@\" & tool=$!\n"
+                           "until there || ended; do :; done\n"
+                           "kill -STOP $tool 2>/dev/null\n"
+                           "there && umount -l \"$D\" && rmdir \"$D\" && kill -CONT $tool && { wait $tool; exit $?; }\n"
+                           "kill -CONT $tool 2>/dev/null; wait $tool; umount \"$D\"\n"
+                           "done; exit 8\n"_s;
+    copia::put(workshop_->beside(u"tira.sh"_s), script.toUtf8());
+    const QString line = u"exec unshare -rm /bin/sh %1 %2 \"$0\" \"$@\""_s.arg(workshop_->beside(u"tira.sh"_s), disk);
+    const Ended ended = workshop_->start(line, {u"banco"_s, disk});
+    if (ended.code == 9 || ended.errors.startsWith(u"unshare:")) {
+        QSKIP("this system lets a user mount no disk of his own");
+    }
+    QCOMPARE(ended.code, 1);
+    QCOMPARE(ended.errors, u"O disco ou a pasta não está mais no lugar:\n%1\n\nA cópia não foi feita. As cópias "
+                           "anteriores continuam onde estão.\n"_s.arg(disk));
+}
+
 void TestCopia::aTargetThatCanNotBeWrittenIsTold()
 {
     const QString text =
@@ -294,6 +323,18 @@ void TestCopia::aDatabaseOfAnotherKindIsTold()
     const Ended ended = copy();
     QCOMPARE(ended.code, 1);
     QVERIFY2(ended.errors.startsWith(u"O banco de dados está danificado:\n"), qPrintable(ended.errors));
+    QCOMPARE(names(workshop_->copies()), QStringList());
+}
+
+void TestCopia::aDatabaseOfTheOldSystemIsNotCalledDamaged()
+{
+    copia::put(workshop_->database(), copia::oldDatabase());
+    const Ended ended = copy();
+    QCOMPARE(ended.code, 1);
+    QVERIFY2(ended.errors.contains(u"É um banco de dados Jet (.MDB) genuíno"), qPrintable(ended.errors));
+    QVERIFY2(ended.errors.contains(u"\n\ntarvelo-importa ANTIGO.MDB \"DADOS.MDB\"\n"), qPrintable(ended.errors));
+    QVERIFY2(ended.errors.endsWith(u"\n\nA cópia não foi feita.\n"), qPrintable(ended.errors));
+    QVERIFY(!ended.errors.contains(u"danificado"));
     QCOMPARE(names(workshop_->copies()), QStringList());
 }
 

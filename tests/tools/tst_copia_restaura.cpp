@@ -38,6 +38,7 @@ private slots:
     void aJournalWithoutItsDatabaseIsNotPlayedIntoTheCopy();
     void aDamagedCopyRestoresNothing_data();
     void aDamagedCopyRestoresNothing();
+    void aCopyOfTheOldSystemIsNotCalledDamaged();
     void noCopyIsTold();
     void theDatabaseIsNoCopyOfItself();
     void theProgramThatIsOpenIsWaitedFor();
@@ -48,6 +49,7 @@ private slots:
     void aFullDiskIsToldAndChangesNothing();
 #endif
     void aFolderInItsPlaceIsTold();
+    void aMissingFolderIsToldAndNotMade();
     void aLockedDatabaseIsTold();
     void killsInTheMiddleLeaveTheOldOneOrTheCopy();
     void killsBesideADamagedOneLeaveItOrTheCopy();
@@ -317,6 +319,19 @@ void TestCopiaRestaura::aDamagedCopyRestoresNothing()
                            "outra cópia.\n"_s.arg(copy_));
 }
 
+void TestCopiaRestaura::aCopyOfTheOldSystemIsNotCalledDamaged()
+{
+    copia::put(copy_, copia::oldDatabase());
+    const QByteArray before = contents(workshop_->database());
+    const Ended ended = restore();
+    nothingChanged(ended, before);
+    const QString command = u"\n\ntarvelo-importa ANTIGO.MDB \"%1\"\n"_s.arg(QFileInfo(copy_).fileName());
+    QVERIFY2(ended.errors.contains(u"É um banco de dados Jet (.MDB) genuíno"), qPrintable(ended.errors));
+    QVERIFY2(ended.errors.contains(command), qPrintable(ended.errors));
+    QVERIFY2(ended.errors.endsWith(u"\n\nO banco de dados não foi mudado.\n"), qPrintable(ended.errors));
+    QVERIFY(!ended.errors.contains(u"danificada"));
+}
+
 void TestCopiaRestaura::noCopyIsTold()
 {
     QVERIFY(QFile::rename(copy_, workshop_->copies() + u"/DADOS.MDB"_s));
@@ -413,6 +428,19 @@ void TestCopiaRestaura::aFolderInItsPlaceIsTold()
     QCOMPARE(ended.code, 1);
     QVERIFY2(ended.errors.startsWith(u"Não foi possível gravar em:\n"), qPrintable(ended.errors));
     QCOMPARE(names(workshop_->path(u"DADOS"_s)), QStringList{u"DADOS.MDB"_s});
+}
+
+/// It may be on a drive of another machine that is off.
+void TestCopiaRestaura::aMissingFolderIsToldAndNotMade()
+{
+    const QString folder = workshop_->path(u"DADOS"_s);
+    QVERIFY(QDir(folder).removeRecursively());
+    const Ended ended = restore();
+    QCOMPARE(ended.code, 1);
+    QCOMPARE(ended.errors,
+             u"A pasta do banco de dados não existe:\n%1\n\nNada foi mudado. Abra o Tarvelo uma vez, ou ligue o disco "
+             "em que ela está, e restaure de novo.\n"_s.arg(folder));
+    QCOMPARE(names(workshop_->path()), QStringList());
 }
 
 /// For longer than it waits.

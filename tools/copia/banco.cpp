@@ -40,6 +40,7 @@ QString tamanhoDe(const QString &arquivo)
 /// What a failure of the database means to who wanted the copy; `nada` says that nothing was changed.
 [[noreturn]] void recusa(const runtime::RuntimeError &erro, const QString &onde, const QString &nada)
 {
+    confereQueEsta(onde, nada);
     switch (erro.number()) {
     case discoCheio:
         throw Erro(u"Não há espaço suficiente em:\n%1\n\n%2"_s.arg(mostrado(onde), nada));
@@ -49,6 +50,12 @@ QString tamanhoDe(const QString &arquivo)
     default:
         throw Erro(erro.description() + u"\n\n"_s + nada);
     }
+}
+
+/// Data of the old system, and not damaged: the error's own words say how they are brought here.
+bool ehDoSistemaAntigo(const runtime::RuntimeError &erro)
+{
+    return erro.description().contains(u"tarvelo-importa");
 }
 
 /// The database as the program would open it; what hinders that is told ahead of anything that is done.
@@ -61,7 +68,7 @@ void confereAntesDeCopiar(const QString &banco)
             return;
         }
     } catch (const runtime::RuntimeError &erro) {
-        if (erro.number() != semBanco) {
+        if (erro.number() != semBanco || ehDoSistemaAntigo(erro)) {
             throw Erro(erro.description() + u"\n\n"_s + nada);
         }
     }
@@ -71,15 +78,28 @@ void confereAntesDeCopiar(const QString &banco)
 
 void confereCopia(const QString &copia)
 {
+    const QString nada = u"O banco de dados não foi mudado."_s;
     try {
         if (dao::DBEngine::OpenDatabase(copia, true)->CheckIntegrity() == u"ok") {
             return;
         }
-    } catch (const runtime::RuntimeError &) {
-        // Whatever keeps it from being read whole: it can't be used.
+    } catch (const runtime::RuntimeError &erro) { // whatever keeps it from being read whole: it can't be used
+        if (ehDoSistemaAntigo(erro)) {
+            throw Erro(erro.description() + u"\n\n"_s + nada);
+        }
     }
-    throw Erro(u"A cópia está danificada ou não pode ser lida:\n%1\n\nO banco de dados não foi mudado. Use outra "
-               "cópia."_s.arg(mostrado(copia)));
+    throw Erro(
+        u"A cópia está danificada ou não pode ser lida:\n%1\n\n%2 Use outra cópia."_s.arg(mostrado(copia), nada));
+}
+
+/// A folder on a drive that is not there just now must not be made: the database would be put where nobody looks for
+/// it.
+void confereLugar(const QString &pasta)
+{
+    if (!QFileInfo(pasta).isDir()) {
+        throw Erro(u"A pasta do banco de dados não existe:\n%1\n\nNada foi mudado. Abra o Tarvelo uma vez, ou ligue o "
+                   "disco em que ela está, e restaure de novo."_s.arg(mostrado(pasta)));
+    }
 }
 
 /// Holds the program folder from then on, so that the program does not start in the middle.
@@ -206,9 +226,10 @@ QString restauraBanco(const Restauracao &pedido)
         throw Erro(u"A cópia é o próprio banco de dados:\n%1\n\nNada foi mudado."_s.arg(mostrado(copia)));
     }
     confereCopia(copia);
+    const QString doBanco = QFileInfo(pedido.banco).path();
+    confereLugar(doBanco);
     files::FileLock trava(pedido.pasta + u"/tarvelo.lock"_s);
     esperaOFim(trava, pedido.espera);
-    const QString doBanco = QFileInfo(pedido.banco).path();
     limpaRestos(doBanco, guardadosDe(pedido.banco));
     files::clearLeftovers(pedido.banco);
     const QString guardado = copiaNova(doBanco, guardadosDe(pedido.banco));

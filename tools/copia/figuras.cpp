@@ -24,7 +24,7 @@ namespace
 using Figuras = QMap<QString, QByteArray>;
 
 const QString nomeDaLista = u"CONFERE.TXT"_s;
-constexpr auto copiaNaoFeita = u"A cópia não foi feita. As cópias anteriores continuam onde estão.";
+const QString copiaNaoFeita = u"A cópia não foi feita. As cópias anteriores continuam onde estão."_s;
 
 QString pastaDasFiguras(const QString &pasta)
 {
@@ -184,6 +184,7 @@ QString copiaFiguras(const QString &pasta, const QStringList &destinos)
     limpaRestos(destino, copiaDasFiguras());
     const QString copia = copiaNova(destino, copiaDasFiguras());
     if (!fazCopia(figuras, copia)) {
+        confereQueEsta(destino, copiaNaoFeita);
         throw Erro(u"Não foi possível gravar em:\n%1\nNão há espaço suficiente, o disco está protegido ou não há "
                    "permissão.\n\n%2"_s.arg(mostrado(destino), copiaNaoFeita));
     }

@@ -144,6 +144,13 @@ QString pastaDeDestino(const QStringList &pastas)
     return pastas.back();
 }
 
+void confereQueEsta(const QString &pasta, const QString &nada)
+{
+    if (!QFileInfo(pasta).isDir()) {
+        throw Erro(u"O disco ou a pasta não está mais no lugar:\n%1\n\n%2"_s.arg(mostrado(pasta), nada));
+    }
+}
+
 QString copiaEscolhida(const QStringList &lugares, const Especie &especie)
 {
     QStringList mostrados;
