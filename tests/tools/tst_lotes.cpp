@@ -41,6 +41,7 @@ private slots:
     void theFolderOfDocumentsTakesThem();
     void theToolOfThePathServes();
     void aMissingToolIsTold();
+    void aToolThatDiesIsToldAndNoted();
     void aFailureIsToldAndNoted();
     void theFirstProgramThatShowsABoxIsTaken_data();
     void theFirstProgramThatShowsABoxIsTaken();
@@ -199,6 +200,18 @@ void TestLotes::aMissingToolIsTold()
     QCOMPARE(run(u"BACKUPDA.BAT"_s), 1);
     QCOMPARE(notes().size(), 1);
     QVERIFY(notes()[0].endsWith(u" O programa tarvelo-copia não foi encontrado. Nada foi feito."));
+}
+
+void TestLotes::aToolThatDiesIsToldAndNoted()
+{
+    putScript(workshop_->path(u"tarvelo-copia"_s), "#!/bin/sh\nkill -9 $$\n");
+    putScript(bin(u"kdialog"_s), "#!/bin/sh\necho \"$*\" >\"$HOME/caixa\"\n");
+    QCOMPARE(run(u"BACKUPDA.BAT"_s, true), 137);
+    QCOMPARE(notes().size(), 1);
+    const QByteArray told = "O programa tarvelo-copia parou no meio (código 137). Faça de novo.";
+    QVERIFY2(notes()[0].contains(QString::fromUtf8(told)), qPrintable(notes()[0]));
+    const QByteArray box = "--title Tarvelo --error " + told;
+    QTRY_VERIFY(shown().startsWith(box));
 }
 
 void TestLotes::aFailureIsToldAndNoted()
