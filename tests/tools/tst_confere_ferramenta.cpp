@@ -85,6 +85,7 @@ private slots:
     void warningsAreFindings();
     void allFindingsOrTheFirstOfThem();
     void allOfMoreThanAReportKeeps();
+    void whoReadsSlowlyHoldsNobody();
     void leavesEverythingAsItWas();
     void readsWhatItMayNotWrite();
 
@@ -108,6 +109,14 @@ private:
     QString path(const QString &name = {}) const { return program_->path(name); }
     static QString database() { return core::DBDados->path(); }
     void damage() const { program_->sql(u"UPDATE Caixa SET Saldo = 9 WHERE Codigo = 1"_s); }
+    /// Rows of the cash book that refer to an order which does not exist.
+    static void refer(const char *rows)
+    {
+        const QByteArray insert = "INSERT INTO Caixa (Codigo, Data, Entrada, Saldo, CodOs) WITH RECURSIVE n (i) AS "
+                                  "(SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
+                                  QByteArray(rows) + ") SELECT i, 45427, 0, 0, 5 FROM n";
+        QVERIFY(support::OtherProgram(database()).run(insert.constData()));
+    }
     static void post(int times = 1)
     {
         for (int i = 0; i < times; ++i) {
@@ -180,9 +189,7 @@ void TestConfereFerramenta::allFindingsOrTheFirstOfThem()
 void TestConfereFerramenta::allOfMoreThanAReportKeeps()
 {
     constexpr int rows = 2500;
-    QVERIFY(support::OtherProgram(database())
-                .run("INSERT INTO Caixa (Codigo, Data, Entrada, Saldo, CodOs) WITH RECURSIVE n (i) AS (SELECT 1 UNION "
-                     "ALL SELECT i + 1 FROM n WHERE i < 2500) SELECT i, 45427, 0, 0, 5 FROM n"));
+    refer("2500");
     const Ended some = run({database()});
     QVERIFY(some.output.contains(u"        ... e mais 2.490 (--tudo mostra todos)\n"_s));
     const Ended all = run({u"--tudo"_s, database()});
@@ -198,6 +205,24 @@ void TestConfereFerramenta::allOfMoreThanAReportKeeps()
     QCOMPARE(lines.mid(heading, expected.size()), expected);
     QVERIFY(lines.at(heading + expected.size()).startsWith(u"certo "_s));
     QVERIFY(all.output.endsWith(u"\nResultado: 0 erros e 2.500 avisos.\n"_s));
+}
+
+/// The reader of a pipe, who takes the first letter and leaves the rest, stands for one that turns pages.
+void TestConfereFerramenta::whoReadsSlowlyHoldsNobody()
+{
+    refer("2500"); // more than a pipe takes
+    QProcess tool;
+    QProcess reader;
+    tool.setStandardOutputProcess(&reader);
+    reader.start(u"sh"_s, {u"-c"_s, u"head -c 1 && exec sleep 600"_s});
+    tool.start(QStringLiteral(FERRAMENTA), {u"--tudo"_s, database()});
+    QVERIFY(reader.waitForStarted() && tool.waitForStarted());
+    QVERIFY(reader.waitForReadyRead(60000));
+    QCOMPARE(reader.readAll(), QByteArray("C"));
+    QVERIFY(support::OtherProgram(database()).take());
+    QCOMPARE(tool.state(), QProcess::Running); // it has more to say
+    reader.kill();
+    QVERIFY(reader.waitForFinished(60000) && tool.waitForFinished(60000));
 }
 
 void TestConfereFerramenta::leavesEverythingAsItWas()

@@ -6,6 +6,7 @@
 #include "tools/confere/arquivo.h"
 #include "tools/confere/relatorio.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QStandardPaths>
 
@@ -77,12 +78,31 @@ QString arquivoDe(const Pedido &pedido)
     return confere::ArquivoDaInstalacao(QCoreApplication::applicationDirPath(), dados + u"/tarvelo"_s);
 }
 
+/// In pieces of whole lines: a console takes no text of any length.
+void mostra(QByteArray &texto)
+{
+    constexpr qsizetype pedaco = 16'000;
+    QBuffer linhas(&texto);
+    linhas.open(QIODevice::ReadOnly);
+    while (!linhas.atEnd()) {
+        QByteArray parte;
+        while (parte.size() < pedaco && !linhas.atEnd()) {
+            parte += linhas.readLine();
+        }
+        runtime::print(QString::fromUtf8(parte));
+    }
+}
+
+/// The report is shown when the file is free again: who reads it a page at a time would hold the program's writes as
+/// long.
 Saida confereArquivo(const Pedido &pedido)
 {
     dao::DBEngine::SetLockWait(maiorEspera);
     try {
+        QByteArray texto;
         const confere::Relatorio relatorio = confere::ConfereEEscreve(
-            arquivoDe(pedido), pedido.tudo, [](const QString &texto) { runtime::print(texto); });
+            arquivoDe(pedido), pedido.tudo, [&texto](const QString &parte) { texto += parte.toUtf8(); });
+        mostra(texto);
         return relatorio.nadaAchado() ? nadaAchado : algoAchado;
     } catch (const runtime::RuntimeError &erro) {
         runtime::print(u"tarvelo-confere: "_s + confere::Explica(erro) + u'\n', stderr);

@@ -49,9 +49,9 @@ QString Texto(const Relatorio &relatorio, bool todas, QStringView asOutras = tud
 
 using Escreve = std::function<void(const QString &texto)>;
 
-/// Runs all checks as `Confere` does and writes the report as it comes, a check at a time. Where really all findings
-/// are wanted, a check that has more than a report keeps is made once more and tells them on the way: the memory that
-/// this takes does not grow with what is wrong.
+/// Runs all checks as `Confere` does and writes the report as it comes, which must not wait for its reader: the file is
+/// held still meanwhile. Where really all findings are wanted, a check that has more than a report keeps is made once
+/// more and tells them on the way.
 Relatorio ConfereEEscreve(const QString &arquivo, bool todas, const Escreve &escreve);
 
 } // namespace confere
