@@ -37,6 +37,7 @@ frmManual::frmManual() : Form(u"frmManual"_s), ui_(std::make_unique<Ui::frmManua
     onClick(ui_->btnLocalizar, &frmManual::btnLocalizar_Click);
     onClick(ui_->btnNavegador, &frmManual::btnNavegador_Click);
     onClick(ui_->btnVoltar, &frmManual::btnVoltar_Click);
+    onKey(ui_->txtManual, Qt::Key_Return, &frmManual::txtManual_Enter);
     const auto *procura = new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
     connect(procura, &QShortcut::activated, this, bound(&frmManual::txtLocalizar_Foco));
 }
@@ -54,6 +55,14 @@ void frmManual::mostra(const QString &janela)
     const ui::Hourglass ampulheta;
     ui_->txtManual->mostra(arquivoDoManual(), janela);
     ui_->txtManual->setFocus();
+}
+
+/// Where no link is chosen the key goes on, as in every window.
+void frmManual::txtManual_Enter()
+{
+    if (!ui_->txtManual->segueElo()) {
+        focusNextPrevChild(true);
+    }
 }
 
 void frmManual::txtLocalizar_Foco()

@@ -27,6 +27,7 @@ public:
     void mostra(const QString &janela);
 
 private:
+    void txtManual_Enter();
     void txtLocalizar_Foco();
     void btnLocalizar_Click();
     void btnNavegador_Click();

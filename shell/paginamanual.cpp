@@ -4,7 +4,12 @@
 
 #include <QFile>
 #include <QImage>
+#include <QKeyEvent>
 #include <QTextBlock>
+
+#include <algorithm>
+#include <ranges>
+#include <vector>
 
 namespace shell
 {
@@ -50,12 +55,41 @@ QString lido(const QString &arquivo)
     return manual.open(QIODevice::ReadOnly) ? QString::fromUtf8(manual.readAll()) : QString();
 }
 
+struct Elo {
+    int inicio;
+    int fim;
+    QString endereco;
+};
+
+/// The links of a page in their order. A word in other letters inside of one parts it into pieces that stand side by
+/// side.
+std::vector<Elo> elosDe(const QTextDocument &pagina)
+{
+    std::vector<Elo> elos;
+    for (QTextBlock bloco = pagina.begin(); bloco.isValid(); bloco = bloco.next()) {
+        for (auto pedaco = bloco.begin(); !pedaco.atEnd(); ++pedaco) {
+            const QTextFragment trecho = pedaco.fragment();
+            const QString endereco = trecho.charFormat().anchorHref();
+            if (endereco.isEmpty()) {
+                continue;
+            }
+            const int inicio = trecho.position();
+            if (!elos.empty() && elos.back().fim == inicio && elos.back().endereco == endereco) {
+                elos.back().fim += trecho.length();
+            } else {
+                elos.push_back({inicio, inicio + trecho.length(), endereco});
+            }
+        }
+    }
+    return elos;
+}
+
 } // namespace
 
 PaginaManual::PaginaManual(QWidget *parent) : QTextBrowser(parent)
 {
     setOpenLinks(false);
-    // Its links are no stops of the keyboard: there are too many of them for a way through the window.
+    // Its links are no stops of Tab: there are too many of them for a way through the window.
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::LinksAccessibleByMouse);
     connect(this, &QTextBrowser::anchorClicked, this, &PaginaManual::segue);
 }
@@ -119,6 +153,61 @@ bool PaginaManual::localiza(const QString &texto)
     }
     setTextCursor(achado);
     return true;
+}
+
+/// Where the keyboard stands on the page: at the last place it came to, while that is in sight.
+QTextCursor PaginaManual::lugarDoTeclado(bool seguinte) const
+{
+    const QRect vista = viewport()->rect();
+    if (vista.intersects(cursorRect())) {
+        return textCursor();
+    }
+    return cursorForPosition(seguinte ? vista.topLeft() : vista.bottomRight());
+}
+
+/// The next link of the page, or the one before; there is no way round its ends.
+void PaginaManual::escolheElo(bool seguinte)
+{
+    const std::vector<Elo> elos = elosDe(*document());
+    const QTextCursor lugar = lugarDoTeclado(seguinte);
+    const Elo *escolhido = nullptr;
+    if (seguinte) {
+        const auto achado =
+            std::ranges::find_if(elos, [&](const Elo &elo) { return elo.inicio >= lugar.selectionEnd(); });
+        escolhido = achado == elos.end() ? nullptr : &*achado;
+    } else {
+        const auto antes = elos | std::views::reverse;
+        const auto achado =
+            std::ranges::find_if(antes, [&](const Elo &elo) { return elo.fim <= lugar.selectionStart(); });
+        escolhido = achado == antes.end() ? nullptr : &*achado;
+    }
+    if (escolhido) {
+        QTextCursor cursor(document());
+        cursor.setPosition(escolhido->inicio);
+        cursor.setPosition(escolhido->fim, QTextCursor::KeepAnchor);
+        setTextCursor(cursor);
+    }
+}
+
+bool PaginaManual::segueElo()
+{
+    const QTextCursor cursor = textCursor();
+    const QString endereco = cursor.hasSelection() ? cursor.charFormat().anchorHref() : QString();
+    if (endereco.isEmpty()) {
+        return false;
+    }
+    segue(source().resolved(QUrl(endereco)));
+    return true;
+}
+
+void PaginaManual::keyPressEvent(QKeyEvent *event)
+{
+    const bool seta = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
+    if (seta && event->modifiers() == Qt::ControlModifier) {
+        escolheElo(event->key() == Qt::Key_Down);
+    } else {
+        QTextBrowser::keyPressEvent(event);
+    }
 }
 
 QVariant PaginaManual::loadResource(int type, const QUrl &name)

@@ -6,7 +6,8 @@ namespace shell
 {
 
 /// The user's manual, one file with its pictures inside. It is shown in colours of the program's own, light or dark;
-/// nothing besides that file is ever read, from the disk or from a net. Alt and the left arrow go back.
+/// nothing besides that file is ever read, from the disk or from a net. Its links are followed by the mouse, or chosen
+/// by Ctrl and the arrows up and down and followed by Enter. Alt and the left arrow go back.
 class PaginaManual : public QTextBrowser
 {
     Q_OBJECT
@@ -21,12 +22,20 @@ public:
     /// Goes to the next place of a text, without regard to case; behind the last one to the first. False for none.
     bool localiza(const QString &texto);
 
+    /// Follows the link that is chosen, or the one that a text was found in. False where there is none.
+    bool segueElo();
+
     QVariant loadResource(int type, const QUrl &name) override;
 
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
+    void escolheElo(bool seguinte);
     void segue(const QUrl &elo);
     void vaiPara(const QUrl &endereco);
     int lugarDe(const QString &ancora) const;
+    QTextCursor lugarDoTeclado(bool seguinte) const;
 };
 
 } // namespace shell

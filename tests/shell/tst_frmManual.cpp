@@ -56,6 +56,12 @@ private slots:
     void aLinkLeadsToItsSectionAndBack();
     void aLinkOutLeadsNowhere_data();
     void aLinkOutLeadsNowhere();
+    void keysWalkTheLinks();
+    void keysGoOnFromWhatIsShown();
+    void enterFollowsTheLink();
+    void enterFollowsALinkThatWasFound();
+    void enterOnALinkOutStays();
+    void enterWithoutALinkGoesOn();
     void nothingIsReadBesidesTheFile();
     void picturesInsideAreShown();
     void theStyleIsTheProgramsOwn();
@@ -144,6 +150,110 @@ void TstFrmManual::aLinkOutLeadsNowhere()
     QCOMPARE(topmost(), u"Manual do Tarvelo"_s);
     QVERIFY(opener.opened.isEmpty());
     QVERIFY(manual());
+}
+
+namespace
+{
+
+void pressOnPage(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+{
+    support::key(manual(), u"txtManual"_s, key, modifiers);
+}
+
+void nextLink()
+{
+    pressOnPage(Qt::Key_Down, Qt::ControlModifier);
+}
+
+void linkBefore()
+{
+    pressOnPage(Qt::Key_Up, Qt::ControlModifier);
+}
+
+QString chosen()
+{
+    return page()->textCursor().selectedText();
+}
+
+} // namespace
+
+void TstFrmManual::keysWalkTheLinks()
+{
+    shell::AbreManual(QString());
+    QVERIFY(chosen().isEmpty());
+    for (const auto &link : {u"Clientes"_s, u"fora"_s, u"outro"_s, u"nada"_s}) {
+        nextLink();
+        QCOMPARE(chosen(), link);
+    }
+    nextLink(); // there is none behind the last one
+    QCOMPARE(chosen(), u"nada"_s);
+    for (const auto &link : {u"outro"_s, u"fora"_s, u"Clientes"_s, u"Clientes"_s}) {
+        linkBefore();
+        QCOMPARE(chosen(), link);
+    }
+}
+
+void TstFrmManual::keysGoOnFromWhatIsShown()
+{
+    writeManual(
+        u"<html><body><p><a href=\"#meio\">alto <b>e</b> largo</a></p>%1<h2 id=\"meio\">Meio</h2>"
+        u"<p><a href=\"#fim\">dali</a></p>%1<h2 id=\"fim\">Fim</h2><p>pé</p></body></html>"_s.arg(filling(u"texto"_s)));
+    shell::AbreManual(u"meio"_s);
+    nextLink();
+    QCOMPARE(chosen(), u"dali"_s);
+    linkBefore();
+    QCOMPARE(chosen(), u"alto e largo"_s); // one link, whatever the letters of its words
+    QVERIFY(page()->viewport()->rect().contains(page()->cursorRect()));
+    pressOnPage(Qt::Key_End);
+    linkBefore(); // the one above what is shown, not above the one that was chosen
+    QCOMPARE(chosen(), u"dali"_s);
+    pressOnPage(Qt::Key_Home);
+    nextLink();
+    QCOMPARE(chosen(), u"alto e largo"_s);
+}
+
+void TstFrmManual::enterFollowsTheLink()
+{
+    shell::AbreManual(QString());
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
+        nextLink();
+        QCOMPARE(chosen(), u"Clientes"_s);
+        pressOnPage(key);
+        QCOMPARE(topmost(), u"Cadastro de clientes"_s);
+        QCOMPARE(cadastro::focusOf(manual()), u"txtManual"_s);
+        pressOnPage(Qt::Key_Left, Qt::AltModifier);
+        QCOMPARE(topmost(), u"Manual do Tarvelo"_s);
+    }
+}
+
+void TstFrmManual::enterFollowsALinkThatWasFound()
+{
+    shell::AbreManual(QString());
+    support::type(manual(), u"txtLocalizar"_s, u"lient"_s, false);
+    support::click(manual(), u"btnLocalizar"_s);
+    QCOMPARE(chosen(), u"lient"_s);
+    pressOnPage(Qt::Key_Return);
+    QCOMPARE(topmost(), u"Cadastro de clientes"_s);
+}
+
+void TstFrmManual::enterOnALinkOutStays()
+{
+    shell::AbreManual(QString());
+    nextLink();
+    nextLink();
+    QCOMPARE(chosen(), u"fora"_s);
+    const QUrl before = page()->source();
+    pressOnPage(Qt::Key_Return);
+    QCOMPARE(page()->source(), before);
+    QCOMPARE(topmost(), u"Manual do Tarvelo"_s);
+    QCOMPARE(cadastro::focusOf(manual()), u"txtManual"_s);
+}
+
+void TstFrmManual::enterWithoutALinkGoesOn()
+{
+    shell::AbreManual(QString());
+    pressOnPage(Qt::Key_Return);
+    QCOMPARE(cadastro::focusOf(manual()), u"txtLocalizar"_s);
 }
 
 void TstFrmManual::nothingIsReadBesidesTheFile()
