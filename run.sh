@@ -22,7 +22,7 @@ cmake --build --preset release
 instalado="$construcao/.instalado"
 algo_novo() {
     local feito
-    for feito in "$construcao"/app/tarvelo "$construcao"/tools/*/tarvelo-* "$construcao"/docs/manual.html; do
+    for feito in "$construcao"/{app/tarvelo,tools/*/tarvelo-*,tools/cep/cep,docs/manual.html,data/*.{bmp,BAT,MDB}}; do
         [ "$instalado" -nt "$feito" ] || return 0
     done
     return 1

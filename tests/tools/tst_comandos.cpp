@@ -133,7 +133,12 @@ void TestComandos::theFolderIsLaidAgainWhereSomethingWasBuilt_data()
     QTest::newRow("nothing") << QString() << false;
     QTest::newRow("the program") << u"app/tarvelo"_s << true;
     QTest::newRow("a tool") << u"tools/copia/tarvelo-copia"_s << true;
+    QTest::newRow("the tool of the postal codes") << u"tools/cep/cep"_s << true;
     QTest::newRow("the manual") << u"docs/manual.html"_s << true;
+    QTest::newRow("a picture") << u"data/logo.bmp"_s << true;
+    QTest::newRow("a batch file") << u"data/BACKUPDA.BAT"_s << true;
+    QTest::newRow("the postal codes") << u"data/CEP.MDB"_s << true;
+    QTest::newRow("what is not handed out") << u"tools/tela/tela"_s << false;
 }
 
 void TestComandos::theFolderIsLaidAgainWhereSomethingWasBuilt()
