@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QStandardPaths>
 #include <QStorageInfo>
 #include <QStringList>
 #include <QTemporaryFile>
@@ -202,6 +203,14 @@ QString pastaDaInstalacao(const QString &executaveis)
 {
     const QString doPacote = QDir::cleanPath(executaveis + u"/../share/tarvelo"_s);
     return QFileInfo(doPacote).isDir() ? doPacote : executaveis;
+}
+
+/// A relative path would be another folder, without the data, wherever the program is started from.
+QString pastaDoUsuario()
+{
+    const QString ditos = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    const QString dados = QDir::isAbsolutePath(ditos) ? ditos : QDir::homePath() + u"/.local/share"_s;
+    return QDir::cleanPath(dados + u"/tarvelo"_s);
 }
 
 QString pastaDoPrograma(const QString &executaveis, const QString &dadosDoUsuario)

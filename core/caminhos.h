@@ -13,6 +13,10 @@ QString caminho(const QString &texto);
 /// folder of the executable itself.
 QString pastaDaInstalacao(const QString &executaveis);
 
+/// The program folder of a user's own, `tarvelo` below what he keeps for programs: on Linux `XDG_DATA_HOME`, where that
+/// is an absolute path, else `.local/share` in his home.
+QString pastaDoUsuario();
+
 /// The program folder of an installation: `executaveis`, where the executable stands, when files can be written there
 /// or a database stands there; else, and for a package whoever starts it, `dadosDoUsuario`. At every start it
 /// is given what it lacks: at the first all, later what a kill or a full disk kept from it and what a new version

@@ -4,7 +4,6 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
 
@@ -48,8 +47,7 @@ QString version()
 QString Path()
 {
     if (pasta().isEmpty()) {
-        const QString dados = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-        setPath(pastaDoPrograma(QCoreApplication::applicationDirPath(), dados + u"/tarvelo"_s));
+        setPath(pastaDoPrograma(QCoreApplication::applicationDirPath(), pastaDoUsuario()));
     }
     return pasta();
 }

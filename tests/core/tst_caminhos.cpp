@@ -47,6 +47,8 @@ private slots:
     void findsNamesWhateverTheirCase();
 #ifdef Q_OS_UNIX
     void prefersTheNameAsItIsWritten();
+    void aUserKeepsHisFolderWhereHeSays_data();
+    void aUserKeepsHisFolderWhereHeSays();
 #endif
 #ifdef Q_OS_WIN
     void takesPathsAsThisSystemWritesThem_data();
@@ -133,6 +135,31 @@ void TestCaminhos::prefersTheNameAsItIsWritten()
     cria(u"A.TXT"_s);
     QCOMPARE(core::caminho(pasta_->path() + u"\\a.txt"_s), pasta_->filePath(u"a.txt"_s));
     QCOMPARE(core::caminho(pasta_->path() + u"\\A.TXT"_s), pasta_->filePath(u"A.TXT"_s));
+}
+
+void TestCaminhos::aUserKeepsHisFolderWhereHeSays_data()
+{
+    QTest::addColumn<QByteArray>("said");
+    QTest::addColumn<QString>("folder");
+    const QString usual = u"/casa/zé/.local/share/tarvelo"_s;
+    QTest::newRow("nothing") << QByteArray() << usual;
+    QTest::newRow("a folder") << QByteArray("/dados/d'água") << u"/dados/d'água/tarvelo"_s;
+    QTest::newRow("with a slash") << QByteArray("/dados/") << u"/dados/tarvelo"_s;
+    QTest::newRow("from wherever it is started") << QByteArray("dados") << usual;
+    QTest::newRow("from the folder it is started in") << QByteArray("./dados") << usual;
+}
+
+void TestCaminhos::aUserKeepsHisFolderWhereHeSays()
+{
+    QFETCH(const QByteArray, said);
+    const QByteArray home = qgetenv("HOME");
+    const QByteArray data = qgetenv("XDG_DATA_HOME");
+    qputenv("HOME", "/casa/zé");
+    qputenv("XDG_DATA_HOME", said);
+    const QString folder = core::pastaDoUsuario();
+    qputenv("HOME", home);
+    data.isNull() ? qunsetenv("XDG_DATA_HOME") : qputenv("XDG_DATA_HOME", data);
+    QTEST(folder, "folder");
 }
 
 #endif

@@ -1,4 +1,5 @@
 // Examines a workshop's database and changes nothing in it: tarvelo-confere [--tudo] [ARQUIVO|PASTA]
+#include "core/caminhos.h"
 #include "core/modulo.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/console.h"
@@ -8,7 +9,6 @@
 
 #include <QBuffer>
 #include <QCoreApplication>
-#include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
 
@@ -74,8 +74,7 @@ QString arquivoDe(const Pedido &pedido)
     if (!pedido.alvo.isEmpty()) {
         return confere::ArquivoDe(pedido.alvo);
     }
-    const QString dados = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    return confere::ArquivoDaInstalacao(QCoreApplication::applicationDirPath(), dados + u"/tarvelo"_s);
+    return confere::ArquivoDaInstalacao(QCoreApplication::applicationDirPath(), core::pastaDoUsuario());
 }
 
 /// In pieces of whole lines: a console takes no text of any length.

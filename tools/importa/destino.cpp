@@ -1,5 +1,6 @@
 #include "tools/importa/destino.h"
 
+#include "core/caminhos.h"
 #include "core/modulo.h"
 #include "platform/dao/database.h"
 #include "platform/files/files.h"
@@ -13,7 +14,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QStandardPaths>
 
 #include <algorithm>
 #include <utility>
@@ -55,8 +55,7 @@ QStringList pastasDoPrograma(const QString &arquivo)
 {
     const QDir doArquivo = QFileInfo(arquivo).absoluteDir();
     QStringList pastas{doArquivo.path(), QDir::cleanPath(doArquivo.filePath(u".."_s)),
-                       QCoreApplication::applicationDirPath(),
-                       QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/tarvelo"_s};
+                       QCoreApplication::applicationDirPath(), core::pastaDoUsuario()};
     pastas.removeDuplicates();
     return pastas;
 }
