@@ -374,6 +374,17 @@ private slots:
         QCOMPARE(rows()[0][2], u"FRANCISCO GLICÉRIO"_s);
     }
 
+    void theToolHelps()
+    {
+        const Ended ended = runTool({u"--ajuda"_s});
+        QCOMPARE(ended.code, 0);
+        QCOMPARE(ended.errors, QString());
+        QVERIFY(ended.output.startsWith(u"uso: cep ["_s));
+        for (const QString &option : {u"--latin1"_s, u"--substitui"_s, u"--ajuda"_s}) {
+            QVERIFY2(ended.output.contains(u"\n  "_s + option + u' '), qPrintable(option));
+        }
+    }
+
     void theToolTellsHowToCallIt_data()
     {
         QTest::addColumn<QStringList>("arguments");

@@ -20,7 +20,8 @@ const QString uso = u"uso: %1 [--latin1] [--substitui] ENTRADA.csv SAIDA.MDB\n"
                     u"CEP, Tipo, Rua, Bairro, Cidade, Estado, separadas por ';' ou ','.\n"
                     u"\n"
                     u"  --latin1     o texto está na página de código 1252 (sem isto: UTF-8)\n"
-                    u"  --substitui  substitui o banco, se já existir\n"_s;
+                    u"  --substitui  substitui o banco, se já existir\n"
+                    u"  --ajuda      mostra este texto\n"_s;
 
 QString quantos(qint64 ceps)
 {
@@ -76,7 +77,12 @@ int recusa(const QString &motivo)
 int main(int argc, char **argv)
 {
     const QCoreApplication programa(argc, argv);
-    const std::optional<ceps::Pedido> pedido = lePedido(QCoreApplication::arguments().mid(1));
+    const QStringList argumentos = QCoreApplication::arguments().mid(1);
+    if (argumentos == QStringList{u"--ajuda"_s}) {
+        runtime::print(uso.arg(QCoreApplication::applicationName()));
+        return feito;
+    }
+    const std::optional<ceps::Pedido> pedido = lePedido(argumentos);
     if (!pedido) {
         runtime::print(uso.arg(QCoreApplication::applicationName()), stderr);
         return malChamado;
