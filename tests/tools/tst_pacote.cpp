@@ -52,6 +52,7 @@ private slots:
     void allIsTheSystemsAndOpenToItsUsers();
     void itsProgramsAreStripped();
     void eachProgramHasAManualPage();
+    void itsPagesAreShownInAnyLanguage();
     void eachProgramGoesByTheNameOfThePackage();
     void itsMenuEntryIsValid();
     void itsDescriptionIsValid();
@@ -192,7 +193,7 @@ void TestPacote::laysNothingElsewhere()
 {
     const QRegularExpression usual(
         u"^usr/(bin/tarvelo[-a-z]*|share/(tarvelo/.+|applications/tarvelo\\.desktop|metainfo/[a-z.]+\\.xml|"
-        "icons/hicolor/[^/]+/apps/tarvelo\\.(png|svg)|doc/tarvelo/.+|man/pt_BR/man1/[-a-z]+\\.1\\.gz))$"_s);
+        "icons/hicolor/[^/]+/apps/tarvelo\\.(png|svg)|doc/tarvelo/.+|man/(pt_BR/)?man1/[-a-z]+\\.1\\.gz))$"_s);
     for (const QString &file : filesOf(folder_.filePath(u"root"_s))) {
         QVERIFY2(usual.match(file).hasMatch(), qPrintable(file));
     }
@@ -232,6 +233,18 @@ void TestPacote::eachProgramHasAManualPage()
         QVERIFY2(page.contains(QString(program).replace(u"-"_s, u"\\-"_s) + u" \\- "_s) ||
                      page.contains(program + u" \\- "_s),
                  qPrintable(program));
+    }
+}
+
+/// A system that was not told to speak Portuguese looks for them elsewhere.
+void TestPacote::itsPagesAreShownInAnyLanguage()
+{
+    const QStringList names = pages();
+    QCOMPARE(QDir(path(u"usr/share/man/man1"_s)).entryList(QDir::Files, QDir::Name), names);
+    for (const QString &page : names) {
+        QVERIFY2(contentsOf(path(u"usr/share/man/man1/"_s + page)) ==
+                     contentsOf(path(u"usr/share/man/pt_BR/man1/"_s + page)),
+                 qPrintable(page));
     }
 }
 

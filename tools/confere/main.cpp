@@ -1,6 +1,5 @@
 // Examines a workshop's database and changes nothing in it: tarvelo-confere [--tudo] [ARQUIVO|PASTA]
 #include "core/caminhos.h"
-#include "core/modulo.h"
 #include "platform/dao/database.h"
 #include "platform/runtime/console.h"
 #include "platform/runtime/runtime.h"
