@@ -43,7 +43,7 @@ void setComboText(QComboBox *combo, const QString &text)
 void setDateText(QDateTimeEdit *edit, const QString &text)
 {
     if (const auto date = runtime::parseDate(text)) {
-        edit->setDateTime(runtime::toDateTime(*date));
+        edit->setDate(runtime::toDateTime(*date).date()); // a moment would be taken over into another time zone
     }
 }
 

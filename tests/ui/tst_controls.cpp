@@ -1,6 +1,7 @@
 #include "platform/runtime/clock.h"
 #include "platform/runtime/dates.h"
 #include "platform/ui/controls.h"
+#include "platform/ui/form.h"
 #include "platform/ui/style.h"
 #include "platform/ui/wait.h"
 #include "support/palette.h"
@@ -12,6 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTimer>
 
@@ -74,6 +76,8 @@ class tst_controls : public QObject
 private slots:
     void labelTellsItsChangesOnce();
     void pickerShowsTodayTheBrazilianWay();
+    void pickerShowsTheDayOfATextInEveryZone_data();
+    void pickerShowsTheDayOfATextInEveryZone();
     void pickerHasRoomForItsDate();
     void pickerTakesTypedDigits();
     void pickerTakesDigitsWhereItIsClicked();
@@ -114,6 +118,29 @@ void tst_controls::pickerShowsTodayTheBrazilianWay()
     QCOMPARE(picker.text(), u"15/05/2024"_s);
     QVERIFY(picker.calendarPopup());
     QCOMPARE(picker.locale().monthName(5), u"maio"_s);
+}
+
+void tst_controls::pickerShowsTheDayOfATextInEveryZone_data()
+{
+    QTest::addColumn<QByteArray>("zone");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("late in Brazil") << QByteArray("America/Sao_Paulo") << u"29/02/2024 23:30:00"_s;
+    QTest::newRow("no midnight") << QByteArray("America/Sao_Paulo") << u"04/11/2018"_s;
+    QTest::newRow("east of Greenwich") << QByteArray("Asia/Tokyo") << u"29/02/2024"_s;
+    QTest::newRow("Greenwich") << QByteArray("UTC") << u"29/02/2024 23:30:00"_s;
+}
+
+void tst_controls::pickerShowsTheDayOfATextInEveryZone()
+{
+    QFETCH(const QByteArray, zone);
+    QFETCH(const QString, text);
+    const bool hadZone = qEnvironmentVariableIsSet("TZ");
+    const QByteArray before = qgetenv("TZ");
+    const auto back = qScopeGuard([&] { hadZone ? qputenv("TZ", before) : qunsetenv("TZ"); });
+    qputenv("TZ", zone);
+    ui::DTPicker picker;
+    ui::setTextOf(&picker, text);
+    QCOMPARE(ui::textOf(&picker), text.left(10));
 }
 
 void tst_controls::pickerHasRoomForItsDate()
