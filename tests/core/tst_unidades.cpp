@@ -396,13 +396,18 @@ void TestUnidades::aLongWaitForAnotherProgramShowsThePointer()
 {
     dao::DBEngine::SetLockWait(std::chrono::seconds(30));
     std::optional<Qt::CursorShape> shown;
-    // The program itself is the one that waits: a thread looks over its shoulder.
-    const support::Holder other(core::DBDados->path(), support::Lock::Reserve, std::chrono::seconds(2));
+    // The program itself is the one that waits: a thread looks over its shoulder, and ends the wait when it has seen
+    // the pointer.
+    OtherProgram other(core::DBDados->path());
+    QVERIFY(other.reserve());
     std::unique_ptr<QThread> watcher(QThread::create([&] {
-        QThread::msleep(500);
-        if (const auto *cursor = QGuiApplication::overrideCursor()) {
-            shown = cursor->shape();
+        for (int look = 0; look < 40 && !shown; ++look) {
+            QThread::msleep(500);
+            if (const auto *cursor = QGuiApplication::overrideCursor()) {
+                shown = cursor->shape();
+            }
         }
+        other.giveBack();
     }));
     onClick = [&] {
         watcher->start();

@@ -20,6 +20,7 @@ namespace
 {
 
 constexpr std::chrono::milliseconds shortLimit = 400ms;
+constexpr int tries = 5; ///< of what has to be prompt: a busy machine may be late once
 
 class tst_unit : public QObject
 {
@@ -302,13 +303,16 @@ void tst_unit::aWriteWaitsForALock()
     if (reading) {
         set = database_->OpenRecordset(u"Caixa"_s);
     }
-    QElapsedTimer timer;
-    {
+    const qint64 most = milliseconds + 1000;
+    qint64 least = most;
+    for (int i = 0; i < tries && least >= most; ++i) {
         const Holder holder(path(), lock, std::chrono::milliseconds(milliseconds));
+        QElapsedTimer timer;
         timer.start();
         database_->Execute(u"UPDATE Caixa SET Saldo = 9 WHERE Codigo = 1"_s);
+        least = timer.elapsed();
     }
-    QVERIFY2(timer.elapsed() < milliseconds + 1000, qPrintable(QString::number(timer.elapsed())));
+    QVERIFY2(least < most, qPrintable(QString::number(least)));
     QCOMPARE(golden::rows(*database_, u"SELECT Saldo FROM Caixa WHERE Codigo = 1"_s), QStringList{u"9"_s});
     if (reading) {
         QCOMPARE(set->value(u"Saldo"), runtime::Value(9.0F));
@@ -338,11 +342,16 @@ void tst_unit::aLockThatOutlastsTheLimitIsAnError()
     dao::DBEngine::SetLockWait(shortLimit);
     OtherProgram other(path());
     QVERIFY(other.hold(lock));
-    QElapsedTimer timer;
-    timer.start();
-    QCOMPARE(errorOf([&] { database_->Execute(u"INSERT INTO Caixa (Descricao) VALUES ('UM')"_s); }), 3051);
-    QVERIFY2(timer.elapsed() >= shortLimit.count() && timer.elapsed() < 5 * shortLimit.count(),
-             qPrintable(QString::number(timer.elapsed())));
+    const qint64 most = 5 * shortLimit.count();
+    qint64 waited = most;
+    for (int i = 0; i < tries && waited >= most; ++i) {
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(errorOf([&] { database_->Execute(u"INSERT INTO Caixa (Descricao) VALUES ('UM')"_s); }), 3051);
+        waited = timer.elapsed();
+        QVERIFY2(waited >= shortLimit.count(), qPrintable(QString::number(waited)));
+    }
+    QVERIFY2(waited < most, qPrintable(QString::number(waited)));
     other.giveBack();
     QCOMPARE(support::whatHolds(path()), QString());
     add(u"DOIS"_s);
@@ -392,18 +401,22 @@ void tst_unit::theLimitIsLongerThanACopyTakes()
 void tst_unit::aWaitThatCanBeFeltIsTold()
 {
     QList<bool> told;
-    dao::DBEngine::SetWaitNotice([&](bool waiting) { told.append(waiting); });
+    OtherProgram other(path());
+    dao::DBEngine::SetWaitNotice([&](bool waiting) {
+        told.append(waiting);
+        other.giveBack();
+    });
     add(u"UM"_s);
-    {
+    QCOMPARE(told, QList<bool>());
+    QVERIFY(other.reserve());
+    add(u"DOIS"_s);
+    QCOMPARE(told, (QList<bool>{true, false}));
+    for (int i = 0; i < tries && !told.isEmpty(); ++i) {
+        told.clear();
         const Holder holder(path(), Lock::Reserve, 20ms);
-        add(u"DOIS"_s);
+        add(u"TRÊS"_s);
     }
     QCOMPARE(told, QList<bool>());
-    {
-        const Holder holder(path(), Lock::Reserve, 900ms);
-        add(u"TRÊS"_s);
-        QCOMPARE(told, (QList<bool>{true, false}));
-    }
 }
 
 } // namespace

@@ -9,6 +9,13 @@
 
 using namespace Qt::StringLiterals;
 
+namespace
+{
+
+constexpr int patience = 60'000; // milliseconds for a process that does its work and ends
+
+} // namespace
+
 class tst_shell : public QObject
 {
     Q_OBJECT
@@ -83,7 +90,7 @@ void tst_shell::aBatchFileIsStarted()
     QFETCH(const QByteArray, text);
     QFETCH(const bool, executable);
     runtime::Shell(batch(text, executable));
-    QTRY_COMPARE(mark(), QByteArray("sim"));
+    QTRY_COMPARE_WITH_TIMEOUT(mark(), QByteArray("sim"), patience);
 }
 
 void tst_shell::itIsNotWaitedFor()
@@ -95,17 +102,17 @@ void tst_shell::itIsNotWaitedFor()
 #endif
     QCOMPARE(mark(), QByteArray("(none)"));
     QFile(path(u"segue"_s)).open(QIODevice::WriteOnly);
-    QTRY_COMPARE(mark(), QByteArray("sim"));
+    QTRY_COMPARE_WITH_TIMEOUT(mark(), QByteArray("sim"), patience);
 }
 
 void tst_shell::itWorksInItsFolderAndWaitsForNoKeys()
 {
 #ifdef Q_OS_WIN // in a console of its own, where somebody may press one
     runtime::Shell(batch("@cd>marca\r\n"));
-    QTRY_COMPARE(mark(), QDir::toNativeSeparators(folder_->path()).toLocal8Bit());
+    QTRY_COMPARE_WITH_TIMEOUT(mark(), QDir::toNativeSeparators(folder_->path()).toLocal8Bit(), patience);
 #else
     runtime::Shell(batch("#!/bin/sh\nread -r tecla\n[ -t 1 ] || { pwd; echo \"[$tecla]\"; } >marca\n"));
-    QTRY_COMPARE(mark(), folder_->path().toUtf8() + "\n[]");
+    QTRY_COMPARE_WITH_TIMEOUT(mark(), folder_->path().toUtf8() + "\n[]", patience);
 #endif
 }
 
@@ -143,7 +150,7 @@ void tst_shell::itOutlivesTheProgram()
 {
     const auto session = [](const QByteArray &stat) { return stat.split(' ').value(5).toInt(); };
     runtime::Shell(batch("#!/bin/sh\ncat /proc/$$/stat >marca.novo; mv marca.novo marca\n", true, u"s.BAT"_s));
-    QTRY_VERIFY(mark() != "(none)");
+    QTRY_VERIFY_WITH_TIMEOUT(mark() != "(none)", patience);
     QFile own(u"/proc/self/stat"_s);
     QVERIFY(own.open(QIODevice::ReadOnly));
     QVERIFY(session(mark()) > 0);

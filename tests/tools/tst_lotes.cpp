@@ -243,7 +243,7 @@ void TestLotes::theFirstProgramThatShowsABoxIsTaken()
     }
     QCOMPARE(run(u"BACKUPDA.BAT"_s, true), 0);
     const QByteArray begin = arguments + "A cópia do banco de dados foi feita e conferida";
-    QTRY_VERIFY(shown().startsWith(begin));
+    QTRY_VERIFY_WITH_TIMEOUT(shown().startsWith(begin), patience);
     QCOMPARE(notes().size(), 1);
 }
 
@@ -251,10 +251,11 @@ void TestLotes::aFailureShowsABoxOfItsKind()
 {
     putScript(bin(u"kdialog"_s), "#!/bin/sh\necho \"$*\" >\"$HOME/caixa\"\n");
     QCOMPARE(run(u"RESTORDA.BAT"_s, true), 1);
-    QTRY_VERIFY(shown().startsWith("--title Tarvelo --error Não há nenhuma cópia"));
+    QTRY_VERIFY_WITH_TIMEOUT(shown().startsWith("--title Tarvelo --error Não há nenhuma cópia"), patience);
     putScript(bin(u"zenity"_s), "#!/bin/sh\necho \"$*\" >\"$HOME/caixa\"\n");
     QCOMPARE(run(u"RESTORFI.BAT"_s, true), 1);
-    QTRY_VERIFY(shown().startsWith("--error --title=Tarvelo --no-markup --width=480 --text=Não há nenhuma cópia"));
+    QTRY_VERIFY_WITH_TIMEOUT(
+        shown().startsWith("--error --title=Tarvelo --no-markup --width=480 --text=Não há nenhuma cópia"), patience);
 }
 
 void TestLotes::withoutAScreenThereIsNoBox()
@@ -272,13 +273,13 @@ void TestLotes::aBoxThatStandsHoldsNothingUp()
     putScript(bin(u"zenity"_s), "#!/bin/sh\n: >\"$HOME/aberta\"\n"
                                 "while [ ! -e \"$HOME/ok\" ]; do sleep 0.05; done\n: >\"$HOME/caixa\"\n");
     QCOMPARE(run(u"BACKUPDA.BAT"_s, true), 0);
-    QTRY_VERIFY(QFile::exists(home(u"aberta"_s)));
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(home(u"aberta"_s)), patience);
     QCOMPARE(names(copies()).size(), 1);
     QCOMPARE(run(u"BACKUPDA.BAT"_s, true), 0); // another one meanwhile
     QCOMPARE(names(copies()).size(), 2);
     QVERIFY(!QFile::exists(home(u"caixa"_s)));
     put(home(u"ok"_s), "");
-    QTRY_VERIFY(QFile::exists(home(u"caixa"_s)));
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(home(u"caixa"_s)), patience);
 }
 
 void TestLotes::aTerminalShowsTheResultAndWaits()
