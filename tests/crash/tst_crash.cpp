@@ -13,15 +13,17 @@
 #include "platform/dao/database.h"
 #include "platform/runtime/runtime.h"
 
+#include <QElapsedTimer>
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QTest>
-#include <QThread>
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cmath>
 #include <map>
+#include <thread>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -30,8 +32,7 @@ namespace
 {
 
 constexpr int kills = 200;
-constexpr int mostKills = 3 * kills; ///< where a slow machine finishes little between two of them
-constexpr int longestRun = 400;      ///< milliseconds of work until a kill
+constexpr int mostTold = 24; ///< lines that tell of finished work, until a kill
 constexpr int allForms = 6;
 
 /// What closing with a form leaves: a statement that counts its rows for the order %1, and how many there are.
@@ -211,7 +212,6 @@ private:
     void workUntilKilled();
     void readFinished(const QByteArray &output);
     void checkFile();
-    bool hasSeenEnough() const;
     void checkWhole();
     void checkOrder(const QStringList &order);
     void checkOpened(int code);
@@ -234,6 +234,8 @@ private:
         {{&core::razaoCaixa, {}}, {&core::razaoBanco1, {}}, {&core::razaoContaFiado, u"1"_s}}};
     int mended_ = 0; ///< how often a recalculation had something to set right
     int firstForm_ = 0;
+    std::chrono::nanoseconds workedFor_{0}; ///< all runs together
+    qint64 told_ = 0;                       ///< and the lines of it
     std::size_t checkedOpened_ = 0;
     QString checkedWhole_ = u"0"_s; ///< up to which order
 };
@@ -262,12 +264,21 @@ void tst_crash::workUntilKilled()
     QVERIFY(operador.waitForStarted());
     QVERIFY2(operador.waitForReadyRead(60000), "the program never got ready");
 
-    QVERIFY2(!operador.waitForFinished(static_cast<int>(random_.bounded(longestRun))), "the program ended by itself");
-    QThread::usleep(random_.bounded(1000));
+    QElapsedTimer clock;
+    clock.start();
+    QByteArray told = operador.readAllStandardOutput();
+    for (const auto enough = told.count('\n') + random_.bounded(mostTold); told.count('\n') < enough;) {
+        QVERIFY2(operador.waitForReadyRead(60000), "the program ended by itself");
+        told += operador.readAllStandardOutput();
+    }
+    // Somewhere in the work that comes next, however long this machine takes for one.
+    workedFor_ += std::chrono::nanoseconds(clock.nsecsElapsed());
+    told_ += told.count('\n');
+    std::this_thread::sleep_for(random_.bounded(2.0) * workedFor_ / told_);
     operador.kill();
     QVERIFY(operador.waitForFinished(60000));
     QCOMPARE(operador.exitStatus(), QProcess::CrashExit);
-    readFinished(operador.readAllStandardOutput());
+    readFinished(told + operador.readAllStandardOutput());
 }
 
 void tst_crash::readFinished(const QByteArray &output)
@@ -421,19 +432,9 @@ void tst_crash::checkFile()
     }
 }
 
-/// What the checks behind the last kill ask for.
-bool tst_crash::hasSeenEnough() const
-{
-    return closed_.size() > kills && mended_ > 0 && std::ranges::all_of(tracesOfSettling(), [this](const auto &trace) {
-               const auto told = settled_.find(trace.first);
-               return told != settled_.end() && told->second.size() > kills / 10;
-           });
-}
-
 void tst_crash::everyFinishedOperationSurvivesAKill()
 {
-    const auto goesOn = [this](int kill) { return kill < kills || (!hasSeenEnough() && kill < mostKills); };
-    for (int kill = 0; goesOn(kill) && !QTest::currentTestFailed(); ++kill) {
+    for (int kill = 0; kill < kills && !QTest::currentTestFailed(); ++kill) {
         core::DBDados->Close();
         workUntilKilled();
         checkFile();

@@ -21,6 +21,7 @@ namespace
 
 constexpr int rows = 3'000;
 constexpr int kills = 40;
+constexpr int patience = 120'000; // milliseconds
 
 jet4::File oldData()
 {
@@ -106,7 +107,7 @@ void TestCrashImporta::import() const
 {
     QProcess tool;
     start(tool);
-    QVERIFY(tool.waitForFinished(120'000));
+    QVERIFY(tool.waitForFinished(patience));
     QVERIFY2(tool.exitCode() == 0, tool.readAllStandardError().constData());
     QVERIFY(isNew());
     const QStringList left = besides();
@@ -133,14 +134,16 @@ QStringList TestCrashImporta::besides() const
     return left;
 }
 
-/// The first one at the start, the last one behind the end, however quick the machine is.
+/// The first one at the start, the last one behind the end, however quick the machine is and whatever else it does.
 void TestCrashImporta::killOnce(int number) const
 {
     QProcess tool;
     start(tool);
-    std::this_thread::sleep_for(whole_ * 3 * number / (2 * (kills - 1)));
-    tool.kill();
-    QVERIFY(tool.waitForFinished());
+    if (number < kills - 1) {
+        std::this_thread::sleep_for(whole_ * 3 * number / (2 * (kills - 1)));
+        tool.kill();
+    }
+    QVERIFY(tool.waitForFinished(patience));
 }
 
 void TestCrashImporta::killsLeaveTheOldOneOrTheNewOne()
@@ -190,10 +193,15 @@ void TestCrashImporta::theTerminalsInterruptionLeavesNothing()
         QFile::remove(path(u"DADOS-importacao.txt"_s));
         QProcess tool;
         start(tool);
-        // Spread over the work behind its beginning, in which the signal is not asked for yet.
-        std::this_thread::sleep_for(whole_ / 4 + whole_ * i / kills);
+        // Spread over the work; the first as soon as something is written.
+        if (i == 0) {
+            QVERIFY(
+                QTest::qWaitFor([&] { return tool.state() != QProcess::Running || !besides().isEmpty(); }, patience));
+        } else {
+            std::this_thread::sleep_for(whole_ / 4 + whole_ * i / kills);
+        }
         QProcess::execute(u"kill"_s, {u"-INT"_s, QString::number(tool.processId())});
-        QVERIFY(tool.waitForFinished());
+        QVERIFY(tool.waitForFinished(patience));
         if (tool.exitCode() != 2) {
             QVERIFY(isNew());
             continue;
