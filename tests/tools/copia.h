@@ -3,6 +3,7 @@
 #include "platform/dao/database.h"
 #include "platform/dao/unit.h"
 #include "platform/runtime/runtime.h"
+#include "support/diskfiles.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -144,19 +145,20 @@ private:
     QTemporaryDir folder_;
 };
 
-/// The tool, killed again and again in the same work: the first time at its start, the last time behind its end,
-/// however quick the machine is. The work is done once whole to see how long it takes.
+/// The tool, killed again and again in the same work: the first time at its start, the last time behind its end, and
+/// once as soon as it writes, however quick the machine is and whatever else it does. The others are spread over the
+/// work, which is done once whole to see how long it takes.
 class Kills
 {
 public:
     Kills(const Workshop &workshop, const QStringList &arguments, int times)
-        : arguments_(QStringList{u"--pasta"_s, workshop.path()} + arguments), times_(times)
+        : workshop_(workshop), arguments_(QStringList{u"--pasta"_s, workshop.path()} + arguments), times_(times)
     {
         QElapsedTimer clock;
         clock.start();
         QProcess tool;
         start(tool);
-        QVERIFY(tool.waitForFinished());
+        QVERIFY(tool.waitForFinished(patience));
         QCOMPARE(tool.exitCode(), 0);
         whole_ = std::chrono::nanoseconds(clock.nsecsElapsed());
     }
@@ -166,20 +168,34 @@ public:
     /// The kill number `i`, from 0.
     void kill(int i) const
     {
+        const QStringList before = standing();
         QProcess tool;
         start(tool);
-        std::this_thread::sleep_for(whole_ * 3 * i / (2 * (times_ - 1)));
-        tool.kill();
-        QVERIFY(tool.waitForFinished());
+        if (i == times_ / 2) {
+            while (tool.state() == QProcess::Running && standing() == before) {
+                tool.waitForFinished(1);
+            }
+        } else if (i < times_ - 1) {
+            std::this_thread::sleep_for(whole_ * 3 * i / (2 * (times_ - 1)));
+        }
+        if (i < times_ - 1) {
+            tool.kill();
+        }
+        QVERIFY(tool.state() == QProcess::NotRunning || tool.waitForFinished(patience));
     }
 
 private:
+    static constexpr int patience = 120'000; // milliseconds
+
+    QStringList standing() const { return support::filesOf(workshop_.beside(QString())); }
+
     void start(QProcess &tool) const
     {
         tool.start(QStringLiteral(FERRAMENTA), arguments_);
         QVERIFY(tool.waitForStarted());
     }
 
+    const Workshop &workshop_;
     QStringList arguments_;
     int times_;
     std::chrono::nanoseconds whole_{0};
