@@ -54,6 +54,7 @@ frmOSAltera::frmOSAltera() : ui::Form(u"frmOSAltera"_s), ui_(std::make_unique<Ui
     onClick(ui_->btnOSFind, &frmOSAltera::btnOSFind_Click);
     onClick(ui_->btnOSAdd, &frmOSAltera::btnOSAdd_Click);
     onDoubleClick(ui_->cabecalho->nome(), &frmOSAltera::lblNome_DblClick);
+    onKey(this, Qt::Key_F3, &frmOSAltera::lblNome_DblClick); // a label takes no focus
     LigaData(*this, ui_->txtDataPg);
     onClick(ui_->btnIncluir, &frmOSAltera::btnIncluir_Click);
     onClick(ui_->btnExcluir, &frmOSAltera::btnExcluir_Click);
@@ -77,7 +78,7 @@ void frmOSAltera::Form_Load()
     ui::CentraForm(*this, false);
     setWindowTitle(captionOf(u" - [Altera Ordem de Serviço]"_s));
     ui_->cabecalho->monta();
-    ui_->cabecalho->nome()->setToolTip(u"Clique duas vezes para mudar o cliente da O.S."_s);
+    ui_->cabecalho->nome()->setToolTip(u"Clique duas vezes, ou tecle F3, para mudar o cliente da O.S."_s);
     ui_->painelItens->monta(FormaDoLayout());
     calculadora_->monta();
     LimitaAosCampos(*this, caixas);

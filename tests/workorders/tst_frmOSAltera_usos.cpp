@@ -70,6 +70,7 @@ private slots:
     void theQueryHandsItsOrderOver();
     void theCodeIsLookedUpBeforeAWindowIsOpened();
     void changesTheCustomer();
+    void changesTheCustomerByKey();
     void aCustomerWhoDoesNotExistIsStored();
     void anAnswerThatIsNoCodeChangesNothing_data();
     void anAnswerThatIsNoCodeChangesNothing();
@@ -204,6 +205,16 @@ void TstFrmOSAlteraUsos::changesTheCustomer()
     QCOMPARE(shown(u"lblFone1"_s), u"3333-4444"_s);
     QCOMPARE(shown(u"lblCelular"_s), QString());
     QCOMPARE(shown(u"lblMarca"_s), u"GOL 1.6"_s);
+}
+
+void TstFrmOSAlteraUsos::changesTheCustomerByKey()
+{
+    openOrder();
+    boxes_->input(newCustomer, u"1"_s);
+    key(form_, u"txtObs"_s, Qt::Key_F3);
+    QCOMPARE(stored(u"CodCliente"_s), u"1"_s);
+    QCOMPARE(shown(u"lblNome"_s), u"OUTRO"_s);
+    QCOMPARE(form_->focusWidget(), at(u"txtObs"_s));
 }
 
 void TstFrmOSAlteraUsos::aCustomerWhoDoesNotExistIsStored()
