@@ -98,10 +98,8 @@ bool hasFocus(const QWidget *widget)
 void typeInto(QWidget *widget, const QString &text)
 {
     if (qobject_cast<QAbstractSpinBox *>(widget) != nullptr) {
-        QString digits = text;
-        digits.remove(u'/');
         press(widget, Qt::Key_Home); // the day; a full field goes on to the next by itself
-        typeCharacters(widget, digits);
+        typeCharacters(widget, text);
         return;
     }
     press(widget, Qt::Key_A, Qt::ControlModifier);

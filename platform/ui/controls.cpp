@@ -9,6 +9,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -21,6 +22,18 @@ namespace
 /// What Qt keeps free beside a line that is typed, and the least height that it gives to one.
 constexpr int lineMargin = 2;
 constexpr int leastLine = 14;
+
+bool isDigit(const QKeyEvent &event)
+{
+    constexpr auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    return event.text().size() == 1 && event.text().at(0).isDigit() && (event.modifiers() & commands) == 0;
+}
+
+/// The last day or month that there is.
+int lastOf(QDateTimeEdit::Section section)
+{
+    return section == QDateTimeEdit::DaySection ? 31 : 12;
+}
 
 } // namespace
 
@@ -110,6 +123,7 @@ bool DTPicker::eventFilter(QObject *object, QEvent *event)
 {
     const bool handled = QDateEdit::eventFilter(object, event);
     if (object == lineEdit() && event->type() == QEvent::MouseButtonRelease) {
+        tens_.reset();
         setSelectedSection(currentSection());
     }
     return handled;
@@ -117,12 +131,29 @@ bool DTPicker::eventFilter(QObject *object, QEvent *event)
 
 void DTPicker::focusInEvent(QFocusEvent *event)
 {
+    tens_.reset();
     QDateEdit::focusInEvent(event);
     setSelectedSection(currentSection());
 }
 
+void DTPicker::focusOutEvent(QFocusEvent *event)
+{
+    endTens();
+    endYear();
+    QDateEdit::focusOutEvent(event);
+}
+
 void DTPicker::keyPressEvent(QKeyEvent *event)
 {
+    if (isDigit(*event)) {
+        typeDigit(event);
+        return;
+    }
+    if (event->text() == u"/") { // by which the parent goes on to the next control
+        endTens();
+        return;
+    }
+    tens_.reset();
     switch (event->key()) {
     case Qt::Key_Home:
         setSelectedSection(DaySection);
@@ -133,6 +164,84 @@ void DTPicker::keyPressEvent(QKeyEvent *event)
     default:
         QDateEdit::keyPressEvent(event);
     }
+}
+
+/// The parent takes a 31 over June for a 30, and over February for a 3 and the month 1.
+void DTPicker::typeDigit(QKeyEvent *event)
+{
+    if (tens_ && tens_->text != lineEdit()->text()) {
+        tens_.reset();
+    }
+    const Section section = tens_ ? tens_->section : currentSection();
+    if (section != DaySection && section != MonthSection) {
+        typeYear(event);
+        return;
+    }
+    const int digit = event->text().at(0).digitValue();
+    if (!tens_ && digit <= lastOf(section) / 10) {
+        typeTens(event, section, digit);
+        return;
+    }
+    const Tens tens = std::exchange(tens_, {}).value_or(Tens{section, 0, date(), {}});
+    put(section, tens.digit * 10 + digit, tens.before);
+}
+
+void DTPicker::typeTens(QKeyEvent *event, Section section, int digit)
+{
+    const QDate before = date();
+    QDateEdit::keyPressEvent(event); // which shows the digit
+    tens_ = Tens{section, digit, before, lineEdit()->text()};
+}
+
+/// A first digit that stays alone is the whole number.
+void DTPicker::endTens()
+{
+    const auto tens = std::exchange(tens_, {});
+    if (tens && tens->digit > 0 && tens->text == lineEdit()->text()) {
+        put(tens->section, tens->digit, tens->before);
+    }
+}
+
+/// A year of two digits is the one that they mean in every date; the parent goes back to what stood there.
+void DTPicker::endYear()
+{
+    constexpr int digits = 2;
+    const QString typed = lineEdit()->text();
+    if (typed.section(u'/', -1).size() == digits && runtime::IsDate(typed)) {
+        showDay(runtime::toDateTime(runtime::CDate(typed)).date(), dayOf(date()));
+    }
+}
+
+void DTPicker::typeYear(QKeyEvent *event)
+{
+    const QDate before = date();
+    QDateEdit::keyPressEvent(event);
+    if (date().year() != before.year() && date().day() != dayOf(before)) {
+        showDay(date(), dayOf(before));
+        setSelectedSection(YearSection);
+    }
+}
+
+/// A number that no day or month has leaves the date, and its part selected.
+void DTPicker::put(Section section, int number, const QDate &before)
+{
+    if (number < 1 || number > lastOf(section)) {
+        setDate(before);
+        setSelectedSection(section);
+    } else if (section == DaySection) {
+        showDay(before, number);
+        setSelectedSection(MonthSection);
+    } else {
+        showDay(QDate(before.year(), number, 1), dayOf(before));
+        setSelectedSection(YearSection);
+    }
+}
+
+void DTPicker::showDay(const QDate &month, int day)
+{
+    typedDay_ = day;
+    shown_ = QDate(month.year(), month.month(), std::min(day, month.daysInMonth()));
+    setDate(shown_);
 }
 
 } // namespace ui

@@ -34,6 +34,7 @@ private slots:
     void cleanup() { programa_.reset(); }
 
     void theSelectionOpensWithItsPeriodAndChoices();
+    void thePeriodIsThatWhichIsTyped();
     void showsTheChequesDueInThePeriod();
     void showsOneSituation_data();
     void showsOneSituation();
@@ -96,6 +97,16 @@ void TestRelaCheques::theSelectionOpensWithItsPeriodAndChoices()
              (QStringList{u"txtDataInicio"_s, u"txtDataFim"_s, u"cboPago"_s, u"btnPreenche"_s, u"btnVoltar"_s}));
     click(form, u"btnVoltar"_s);
     QVERIFY(!cadastro::isOpen(selecao));
+}
+
+/// Over the 15th of June, which has no 31st.
+void TestRelaCheques::thePeriodIsThatWhichIsTyped()
+{
+    ui::Form *form = support::show(selecao);
+    type(form, u"txtDataInicio"_s, u"31/1/2023"_s);
+    type(form, u"txtDataFim"_s, u"31122023"_s);
+    QCOMPARE(text(form, u"txtDataInicio"_s), u"31/01/2023"_s);
+    QCOMPARE(text(form, u"txtDataFim"_s), u"31/12/2023"_s);
 }
 
 void TestRelaCheques::showsTheChequesDueInThePeriod()

@@ -80,6 +80,9 @@ private slots:
     void pickerShowsTheDayOfATextInEveryZone();
     void pickerHasRoomForItsDate();
     void pickerTakesTypedDigits();
+    void pickerTakesTheDateThatIsTyped_data();
+    void pickerTakesTheDateThatIsTyped();
+    void pickerForgetsADayThatWasTypedForAnotherDate();
     void pickerTakesDigitsWhereItIsClicked();
     void iconComesFromTheTheme();
     void iconFollowsThePalette();
@@ -170,6 +173,77 @@ void tst_controls::pickerTakesTypedDigits()
     QTest::keyClick(&picker, Qt::Key_End);
     typeDigits(picker, "2024");
     QCOMPARE(picker.date(), QDate(2024, 2, 1));
+}
+
+void tst_controls::pickerTakesTheDateThatIsTyped_data()
+{
+    QTest::addColumn<QDate>("before");
+    QTest::addColumn<QByteArray>("typed");
+    QTest::addColumn<QDate>("date");
+    const QDate june(2024, 6, 15);
+    const QDate february(2023, 2, 10);
+    QTest::newRow("the 31st over June") << june << QByteArray("31122024") << QDate(2024, 12, 31);
+    QTest::newRow("with its bars") << june << QByteArray("31/12/2024") << QDate(2024, 12, 31);
+    QTest::newRow("the 31st over February") << february << QByteArray("31122022") << QDate(2022, 12, 31);
+    QTest::newRow("the 31st over February with its bars")
+        << february << QByteArray("31/12/2022") << QDate(2022, 12, 31);
+    QTest::newRow("the 30th over February") << february << QByteArray("30042023") << QDate(2023, 4, 30);
+    QTest::newRow("a leap day over another year") << february << QByteArray("29022024") << QDate(2024, 2, 29);
+    QTest::newRow("from a leap day") << QDate(2024, 2, 29) << QByteArray("28022023") << QDate(2023, 2, 28);
+    QTest::newRow("a day and a month") << june << QByteArray("3107") << QDate(2024, 7, 31);
+    QTest::newRow("numbers of one digit") << june << QByteArray("1/2/2023") << QDate(2023, 2, 1);
+    QTest::newRow("a month of one digit behind the 31st") << june << QByteArray("31/1/2023") << QDate(2023, 1, 31);
+    QTest::newRow("a digit that none can follow") << february << QByteArray("4/9/2023") << QDate(2023, 9, 4);
+    QTest::newRow("a day alone") << june << QByteArray("3") << QDate(2024, 6, 3);
+    QTest::newRow("a month alone behind the 31st") << june << QByteArray("311") << QDate(2024, 1, 31);
+    QTest::newRow("a day that the month does not have") << june << QByteArray("31") << QDate(2024, 6, 30);
+    QTest::newRow("a date that is none") << june << QByteArray("31022023") << QDate(2023, 2, 28);
+    QTest::newRow("a day that no month has") << june << QByteArray("32") << june;
+    QTest::newRow("a day that is typed again") << june << QByteArray("3231122024") << QDate(2024, 12, 31);
+    QTest::newRow("a month that no year has") << june << QByteArray("01130722") << QDate(2022, 7, 1);
+    QTest::newRow("a year of two digits") << june << QByteArray("311223") << QDate(2023, 12, 31);
+    QTest::newRow("with its bars and two digits") << june << QByteArray("31/12/23") << QDate(2023, 12, 31);
+    QTest::newRow("a leap day of two digits") << february << QByteArray("290224") << QDate(2024, 2, 29);
+    QTest::newRow("a year of the last century") << june << QByteArray("010198") << QDate(1998, 1, 1);
+    QTest::newRow("half a year") << june << QByteArray("0102202") << QDate(2024, 2, 1);
+    QTest::newRow("a zero alone") << june << QByteArray("0") << june;
+    QTest::newRow("no day") << june << QByteArray("00") << june;
+}
+
+/// Left by Tab, as a clerk does.
+void tst_controls::pickerTakesTheDateThatIsTyped()
+{
+    QFETCH(QDate, before);
+    QFETCH(QByteArray, typed);
+    QWidget window;
+    ui::DTPicker picker(&window);
+    QLineEdit next(&window);
+    picker.setDate(before);
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    picker.setFocus();
+    QTest::keyClick(&picker, Qt::Key_Home);
+    typeDigits(picker, typed.constData());
+    QTest::keyClick(&picker, Qt::Key_Tab);
+    QVERIFY(next.hasFocus());
+    QTEST(picker.date(), "date");
+    QCOMPARE(picker.text(), picker.date().toString(u"dd/MM/yyyy"_s));
+}
+
+void tst_controls::pickerForgetsADayThatWasTypedForAnotherDate()
+{
+    ui::DTPicker picker;
+    picker.setDate(QDate(2024, 6, 15));
+    picker.show();
+    picker.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&picker));
+    QTest::keyClick(&picker, Qt::Key_Home);
+    typeDigits(picker, "31");
+    picker.setDate(QDate(2024, 6, 20));
+    picker.setSelectedSection(QDateTimeEdit::MonthSection);
+    typeDigits(picker, "12");
+    QCOMPARE(picker.date(), QDate(2024, 12, 20));
 }
 
 void tst_controls::pickerTakesDigitsWhereItIsClicked()
