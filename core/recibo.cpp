@@ -54,7 +54,7 @@ void ImprimeRecibo(const Recibo &recibo, printer::Surface &saida)
     saida.setCurrentY(4);
     pulaLinhas(saida, 2);
     for (const QString &linha : recibo.linhas) {
-        saida.Print(linha);
+        ImprimeQuebrado(linha, colunasTamanho10 + 1, saida); // the words of an amount must not end at the paper's edge
     }
     imprimeAssinatura(saida);
     saida.EndDoc();

@@ -9,7 +9,7 @@ namespace core
 {
 
 /// A receipt as it is printed: the amount beside the logo, what it is about, the line to sign on. The lines stand as
-/// they are given, each with its label.
+/// they are given, each with its label; one that is wider than the sheet goes on below.
 struct Recibo {
     QString valor;
     QStringList linhas;

@@ -59,6 +59,7 @@ private slots:
 
     void tellsTheAmountTheLinesAndWhereToSign();
     void standsWhereThePaperHasItsPlaces();
+    void aLineGoesToTheEdgeOfTheSheetAndOnBelow();
     void takesASecondTitle();
     void showsTheLogo();
 
@@ -97,6 +98,22 @@ void TestRecibo::standsWhereThePaperHasItsPlaces()
     QCOMPARE(extenso.font, (printer::Font{u"Courier New"_s, 10, false, false}));
     QCOMPARE(extenso.position.x(), 0.0);
     QCOMPARE(extenso.position.y(), 4 * printer::twipsPerCentimetre + 2 * printer::lineHeight(extenso.font));
+}
+
+/// 96 characters stand on a line; the words of a large amount are more.
+void TestRecibo::aLineGoesToTheEdgeOfTheSheetAndOnBelow()
+{
+    const QString inteira = u"Descrição.....: "_s + QString(80, u'X');
+    const QStringList linhas =
+        impresso({.valor = u"987.654,32"_s,
+                  .linhas = {u"Valor Extenso.: NOVECENTOS E OITENTA E SETE MIL SEISCENTOS E CINQUENTA E QUATRO REAIS E "
+                             "TRINTA E DOIS CENTAVOS"_s,
+                             inteira, inteira + u'X'}})
+            .lines();
+    QCOMPARE(linhas.mid(3, 5),
+             (QStringList{
+                 u"Valor Extenso.: NOVECENTOS E OITENTA E SETE MIL SEISCENTOS E CINQUENTA E QUATRO REAIS E TRINTA E"_s,
+                 u"DOIS CENTAVOS"_s, inteira, u"Descrição.....:"_s, QString(81, u'X')}));
 }
 
 void TestRecibo::takesASecondTitle()
