@@ -43,11 +43,11 @@ void enche(ui::ListView &lista, Andamento &obra)
                           {devedor.nome, runtime::Format(devedor.saldo, mascaraValor), devedor.data()});
         linha.setSmallIcon(marcaConta);
     }
-    if (achados.empty()) {
+    if (!achados.empty()) {
+        lista.addItem({}, {u"TOTAL"_s, runtime::Format(total, mascaraValor)});
+    } else if (!obra.deixado()) {
         lista.addItem({}, {u"Registro não Localizado"_s});
-        return;
     }
-    lista.addItem({}, {u"TOTAL"_s, runtime::Format(total, mascaraValor)});
 }
 
 constexpr std::array camposImpressos{CampoDaLista{0}, CampoDaLista{1}, CampoDaLista{2, Lado::Direita}, CampoDaLista{3}};

@@ -57,9 +57,11 @@ private slots:
     void aHeaderClickMovesTheTotal();
     void aDoubleClickOpensTheAccount();
     void leftByEscItHoldsWhoWasReadToHisEnd();
+    void leftByEscAheadOfTheFirstEndItHoldsNothing();
 
 private:
     void conta(qint32 cliente, const QString &dia, const QString &saldo);
+    ui::Form *abreEDeixa();
     ui::Form *tresContas();
 
     std::unique_ptr<support::Program> programa_;
@@ -245,6 +247,18 @@ void TestRelaDevedores::aDoubleClickOpensTheAccount()
     QCOMPARE(core::ModoChamada, qint16{core::modoRelaDevedores});
 }
 
+/// Left by Esc as soon as the clock is looked at.
+ui::Form *TestRelaDevedores::abreEDeixa()
+{
+    core::defineMostrador({.mostra = [](const QString &, int, int) {},
+                           .termina = [] {},
+                           .deixa = [] { return true; },
+                           .demora = std::chrono::milliseconds(0)});
+    ui::Form *form = papel::abre(core::modoRelaDevedores);
+    core::defineMostrador({});
+    return form;
+}
+
 /// The customer in the middle of whose rows it was left is not listed: his balance is that of a row not read.
 void TestRelaDevedores::leftByEscItHoldsWhoWasReadToHisEnd()
 {
@@ -256,14 +270,20 @@ void TestRelaDevedores::leftByEscItHoldsWhoWasReadToHisEnd()
             }
         }
     }
-    core::defineMostrador({.mostra = [](const QString &, int, int) {},
-                           .termina = [] {},
-                           .deixa = [] { return true; },
-                           .demora = std::chrono::milliseconds(0)});
-    ui::Form *form = papel::abre(core::modoRelaDevedores);
-    core::defineMostrador({});
+    ui::Form *form = abreEDeixa();
     QCOMPARE(columnOf(form), (QStringList{u"1001"_s, u"1002"_s, u"1003"_s, u"1004"_s, u"1005"_s, QString()}));
     QCOMPARE(columnOf(form, 2).mid(4), (QStringList{u"3,00"_s, u"15,00"_s}));
+}
+
+/// Nothing says that nobody owes: his rows were not read to their end.
+void TestRelaDevedores::leftByEscAheadOfTheFirstEndItHoldsNothing()
+{
+    for (int linha = 1; linha <= 40; ++linha) {
+        conta(maria_, u"5/2/2024"_s, QString::number(linha));
+    }
+    ui::Form *form = abreEDeixa();
+    QCOMPARE(form->windowTitle(), u"Tarvelo - [Lista de Devedores] - Leitura interrompida"_s);
+    QCOMPARE(rowsOf(form), cadastro::Rows{});
 }
 
 TARVELO_TEST_MAIN(TestRelaDevedores)
