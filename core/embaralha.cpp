@@ -132,4 +132,9 @@ QString Desembaralha(const QString &texto)
     return DeslocaTexto(Base64Decodifica(texto), false);
 }
 
+QString PrimeiraLinha(const QString &embaralhado)
+{
+    return embaralhado.left(larguraDaLinha);
+}
+
 } // namespace core

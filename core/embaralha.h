@@ -24,13 +24,16 @@ QString DeslocaTexto(const QString &texto, bool subir);
 QString Base64Codifica(const QString &texto);
 
 /// Decodes base64; padding comes out as the code 0. A group that does not give three characters asks "Illegal
-/// Characters
-/// <...> found"; OK puts "???" there, Cancel gives what was decoded so far.
+/// Characters <...> found"; OK puts "???" there, Cancel gives what was decoded so far.
 QString Base64Decodifica(const QString &texto);
 
 /// How settings and passwords are stored: no key, plus 3 and base64. A setting reads back cut to its first 48
 /// characters, since the settings file ends a value at the line break that base64 has after 64.
 QString Embaralha(const QString &texto);
 QString Desembaralha(const QString &texto);
+
+/// What of a scrambled text the settings file gives back, and so what is put there: the lines behind the first would
+/// stay in the file for ever, more of them with every write.
+QString PrimeiraLinha(const QString &embaralhado);
 
 } // namespace core

@@ -17,7 +17,7 @@ namespace ini
 namespace
 {
 
-// A line with its line end, and the same without it and without the blanks around.
+// A line with its line end, and the same without it, without the blanks around and without an editor's mark.
 struct Line {
     QByteArrayView whole;
     QByteArrayView content;
@@ -28,6 +28,14 @@ bool isBreak(char c)
     return c == '\r' || c == '\n';
 }
 
+// Some editors put this ahead of the first section, which would not be found behind it: all its keys would be missing.
+constexpr QByteArrayView markOfUtf8("\xEF\xBB\xBF");
+
+QByteArrayView withoutMark(QByteArrayView line)
+{
+    return line.startsWith(markOfUtf8) ? line.sliced(markOfUtf8.size()) : line;
+}
+
 // A line ends with CR LF, or with one of them alone.
 Line takeLine(QByteArrayView &rest)
 {
@@ -35,7 +43,7 @@ Line takeLine(QByteArrayView &rest)
     while (length < rest.size() && !isBreak(rest[length])) {
         ++length;
     }
-    const auto content = rest.first(length).trimmed();
+    const auto content = withoutMark(rest.first(length)).trimmed();
     const bool pair = length + 1 < rest.size() && rest[length] == '\r' && rest[length + 1] == '\n';
     const auto end = std::min(length + (pair ? 2 : 1), rest.size());
     const Line line{.whole = rest.first(end), .content = content};

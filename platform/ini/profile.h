@@ -13,7 +13,7 @@ namespace ini
 /// Reads a key as GetPrivateProfileString does: section and key without regard to case, blanks and one
 /// outer pair of quotation marks taken off, the first section and key of a name win. At most `size` - 1
 /// characters come back. A missing file, section or key gives `defaultText` without its trailing blanks. The file is in
-/// code page 1252.
+/// code page 1252; an editor's mark of UTF-8 ahead of it is passed over.
 QString readProfile(const QString &section, const QString &key, const QString &defaultText, int size,
                     const QString &path);
 

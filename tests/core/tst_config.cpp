@@ -1,3 +1,4 @@
+#include "core/chavesjuntas.h"
 #include "core/config.h"
 #include "core/embaralha.h"
 #include "core/modulo.h"
@@ -42,12 +43,18 @@ private slots:
     void givesNothingForAnAbsentKey();
     void readsSectionsWithoutRegardToCase();
     void cutsAScrambledValueTo48Characters();
+    void aLongValueLeavesNoLinesBehind();
     void scramblesTheCallersVariable();
+    void aFileOfAnEditorIsRead_data();
+    void aFileOfAnEditorIsRead();
+    void aFileOfAnEditorIsWrittenInPlace_data() { aFileOfAnEditorIsRead_data(); }
+    void aFileOfAnEditorIsWrittenInPlace();
     void losesWritesToAFileThatCanNotBeWritten();
     void clearsAtTheStartWhatAKillLeft();
 
 private:
     QByteArray arquivo() const;
+    void grava(const QByteArray &conteudo) const;
 
     std::unique_ptr<QTemporaryDir> pasta_;
 };
@@ -71,6 +78,13 @@ QByteArray TestConfig::arquivo() const
 {
     QFile lido(pasta_->filePath(u"config.ini"_s));
     return lido.open(QIODevice::ReadOnly) ? lido.readAll() : QByteArray();
+}
+
+void TestConfig::grava(const QByteArray &conteudo) const
+{
+    QFile escrito(pasta_->filePath(u"config.ini"_s));
+    QVERIFY(escrito.open(QIODevice::WriteOnly));
+    QCOMPARE(escrito.write(conteudo), conteudo.size());
 }
 
 // --- scrambling
@@ -319,6 +333,23 @@ void TestConfig::cutsAScrambledValueTo48Characters()
     QCOMPARE(core::Config(u"Endereco"_s), endereco.left(48));
 }
 
+/// The rest of its base64 would stand there as lines of nobody, more of them with every write.
+void TestConfig::aLongValueLeavesNoLinesBehind()
+{
+    core::CarregaConfig();
+    const auto linhas = arquivo().count('\n');
+    for (const int letras : {48, 49, 60, 200, 60, 47}) {
+        QString endereco(letras, u'A');
+        const QString inteiro = core::Embaralha(endereco);
+        core::GravaINI(u"Config"_s, u"Endereco"_s, endereco, true);
+        QCOMPARE(endereco, inteiro); // the caller has it whole
+        core::GravaJuntas(u"Orcamento"_s, {{u"Texto1"_s, QString(letras, u'B')}});
+        QCOMPARE(arquivo().count('\n'), linhas);
+        QCOMPARE(core::Config(u"Endereco"_s), QString(qMin(letras, 48), u'A'));
+        QCOMPARE(core::ConfigOrcamento(u"Texto1"_s), QString(qMin(letras, 48), u'B'));
+    }
+}
+
 void TestConfig::scramblesTheCallersVariable()
 {
     QString valor = u"S"_s;
@@ -328,6 +359,52 @@ void TestConfig::scramblesTheCallersVariable()
     const QString fixo = u"S"_s;
     core::GravaINI(u"Config"_s, u"CEP"_s, fixo, true);
     QCOMPARE(fixo, u"S"_s);
+}
+
+void TestConfig::aFileOfAnEditorIsRead_data()
+{
+    QTest::addColumn<QByteArray>("conteudo");
+    const QByteArray crlf =
+        "[Config]\r\nNome=V2R1eWhvcg==\r\nFileDB=X:\\S\xE3o\\DADOS.MDB\r\n[Orcamento]\r\nP1=NA==\r\n";
+    QTest::newRow("as it is written") << crlf;
+    QTest::newRow("line feeds alone") << QByteArray(crlf).replace("\r\n", "\n");
+    QTest::newRow("carriage returns alone") << QByteArray(crlf).replace("\r\n", "\r");
+    QTest::newRow("a mark of UTF-8 ahead") << "\xEF\xBB\xBF" + crlf;
+    QTest::newRow("blank lines ahead") << "\r\n \t\r\n" + crlf;
+    QTest::newRow("no end of the last line") << crlf.chopped(2);
+    QTest::newRow("comments") << "; da oficina\r\n" + QByteArray(crlf).replace("Nome", ";Nome=QQ==\r\nNome");
+    QTest::newRow("blanks around") << QByteArray(crlf).replace("=V2", "  =\t V2").replace("[Config]", " [ Config ] ");
+    QTest::newRow("quotation marks")
+        << QByteArray(crlf).replace("V2R1eWhvcg==", "\"V2R1eWhvcg==\"").replace("NA==", "'NA=='");
+    QTest::newRow("other capitals") << QByteArray(crlf).replace("Config", "CONFIG").replace("Nome", "NOME");
+    QTest::newRow("the key twice") << QByteArray(crlf).replace("FileDB", "Nome=QUJD\r\nFileDB");
+    QTest::newRow("the sections twice") << crlf + "[config]\r\nNome=QUJD\r\n[ORCAMENTO]\r\nP1=Mw==\r\n";
+}
+
+void TestConfig::aFileOfAnEditorIsRead()
+{
+    QFETCH(const QByteArray, conteudo);
+    grava(conteudo);
+    QCOMPARE(core::Config(u"Nome"_s), u"Tarvelo"_s);
+    QCOMPARE(core::ConfigOrcamento(u"P1"_s), u"1"_s);
+    QCOMPARE(core::LeINI(u"Config"_s, u"FileDB"_s, false), u"X:\\São\\DADOS.MDB"_s);
+}
+
+/// No second section beside the user's: the start would go by whichever stands first.
+void TestConfig::aFileOfAnEditorIsWrittenInPlace()
+{
+    QFETCH(const QByteArray, conteudo);
+    grava(conteudo);
+    core::GravaINI(u"Config"_s, u"Nome"_s, u"OFICINA"_s, true);
+    core::GravaINI(u"Config"_s, u"BackupDias"_s, u"7"_s, true);
+    core::GravaINI(u"Orcamento"_s, u"P2"_s, u"0"_s, true);
+    QCOMPARE(arquivo().count('['), conteudo.count('['));
+    QCOMPARE(core::Config(u"Nome"_s), u"OFICINA"_s);
+    QCOMPARE(core::Config(u"BackupDias"_s), u"7"_s);
+    QCOMPARE(core::ConfigOrcamento(u"P1"_s), u"1"_s);
+    QCOMPARE(core::ConfigOrcamento(u"P2"_s), u"0"_s);
+    QCOMPARE(core::LeINI(u"Config"_s, u"FileDB"_s, false), u"X:\\São\\DADOS.MDB"_s);
+    QVERIFY(arquivo().startsWith(conteudo.first(conteudo.indexOf('['))));
 }
 
 void TestConfig::losesWritesToAFileThatCanNotBeWritten()

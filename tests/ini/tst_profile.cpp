@@ -140,6 +140,8 @@ void tst_profile::reads_data()
     QTest::newRow("section without its end") << QByteArray("[s\r\nk=v\r\n") << u"v"_s;
     QTest::newRow("text behind the section") << QByteArray("[s] ; nota\r\nk=v\r\n") << u"v"_s;
     QTest::newRow("comment on a section") << QByteArray(";[s]\r\nk=v\r\n") << u"padrao"_s;
+    QTest::newRow("mark of UTF-8") << QByteArray("\xEF\xBB\xBF[s]\r\nk=v\r\n") << u"v"_s;
+    QTest::newRow("mark of UTF-8 alone") << QByteArray("\xEF\xBB\xBF") << u"padrao"_s;
     QTest::newRow("blank lines") << QByteArray("\r\n\r\n[s]\r\n\r\nk=v\r\n") << u"v"_s;
 }
 
@@ -177,6 +179,8 @@ void tst_profile::writes_data()
     QTest::newRow("spelling stays") << QByteArray("[S]\r\n  K  = 1\r\n") << QByteArray("[S]\r\nK=v\r\n");
     QTest::newRow("comment with the key's name")
         << QByteArray("[s]\r\n;k=1\r\n") << QByteArray("[s]\r\n;k=1\r\nk=v\r\n");
+    QTest::newRow("mark of UTF-8 stays") << QByteArray("\xEF\xBB\xBF[s]\r\nk=1\r\n")
+                                         << QByteArray("\xEF\xBB\xBF[s]\r\nk=v\r\n");
     QTest::newRow("other line ends stay") << QByteArray("[s]\na=1\nk=1\nb=2\n") << QByteArray("[s]\na=1\nk=v\r\nb=2\n");
 }
 
