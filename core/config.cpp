@@ -1,6 +1,7 @@
 #include "core/config.h"
 
 #include "core/caminhos.h"
+#include "core/chavesjuntas.h"
 #include "core/embaralha.h"
 #include "core/funcoes.h"
 #include "core/modulo.h"
@@ -67,14 +68,28 @@ QString padraoDe(const Chave &chave)
     return chave.padrao == agora ? runtime::Format(runtime::Now(), mascaraDataHora) : chave.padrao.toString();
 }
 
-void completa(const Chave &chave)
+using Valores = std::vector<std::pair<QString, QString>>;
+
+void completa(QStringView secao, const Valores &faltantes)
 {
-    const QString secao = chave.secao.toString();
-    const QString nome = chave.nome.toString();
-    if (LeINI(secao, nome, true).isEmpty()) {
-        const QString padrao = padraoDe(chave);
-        GravaINI(secao, nome, padrao, true);
+    if (!faltantes.empty()) {
+        GravaJuntas(secao.toString(), faltantes);
     }
+}
+
+/// A section in one go: a write of its own for every key keeps the user of a new installation waiting for the disk.
+void completaChaves()
+{
+    Valores config;
+    Valores orcamento;
+    for (const Chave &chave : chaves) {
+        if (LeINI(chave.secao.toString(), chave.nome.toString(), true).isEmpty()) {
+            auto &faltantes = chave.secao == secaoConfig ? config : orcamento;
+            faltantes.emplace_back(chave.nome.toString(), padraoDe(chave));
+        }
+    }
+    completa(secaoConfig, config);
+    completa(secaoOrcamento, orcamento);
 }
 
 /// Reads a path key, and writes its default for the next reading where there is none.
@@ -115,9 +130,7 @@ void GravaINI(const QString &secao, const QString &chave, const QString &valor, 
 void CarregaConfig()
 {
     files::clearLeftovers(caminho(ArquivoINI));
-    for (const Chave &chave : chaves) {
-        completa(chave);
-    }
+    completaChaves();
     ArquivoDB = completaCaminho(u"FileDB"_s, App::Path() + u"\\DADOS\\DADOS.MDB"_s);
     ArquivoCEP = completaCaminho(u"FileCEP"_s, App::Path() + u"\\CEP.MDB"_s);
 }

@@ -37,6 +37,8 @@ private slots:
     void writesEveryMissingKeyWithItsDefault_data();
     void writesEveryMissingKeyWithItsDefault();
     void writesTheSectionsInOrder();
+    void writesTogetherWhatKeyByKeyWouldStand_data();
+    void writesTogetherWhatKeyByKeyWouldStand();
     void neverOverwritesAKey();
     void leavesThePathsEmptyAtTheFirstPass();
     void writesTheNoteNumbersScrambledWithTheValueZero();
@@ -221,43 +223,62 @@ void TestConfig::tellsOfAnEqualSignBeforeTheEnd()
 
 // --- the settings file
 
+namespace
+{
+
+struct Padrao {
+    QString secao;
+    QString chave;
+    QString valor;
+};
+
+/// In the order of the start.
+QList<Padrao> padroes()
+{
+    const QString config = u"Config"_s;
+    const QString orcamento = u"Orcamento"_s;
+    return {
+        {config, u"Juros"_s, u"0"_s},
+        {config, u"Nome"_s, u"Tarvelo"_s},
+        {config, u"Desconto"_s, u"0"_s},
+        {config, u"PermiteLC"_s, u"S"_s},
+        {config, u"Endereco"_s, u"Endereço"_s},
+        {config, u"Bairro"_s, u"Bairro"_s},
+        {config, u"Telefone"_s, u"Telefone"_s},
+        {config, u"CEP"_s, u"On"_s},
+        {config, u"AutoComplete"_s, u"S"_s},
+        {config, u"Personalizacao"_s, u"0"_s},
+        {config, u"ExibeAviso"_s, u"S"_s},
+        {config, u"AvisaBackup"_s, u"S"_s},
+        {config, u"LastBackup"_s, u"15/05/2024 10:30:00"_s},
+        {config, u"BackupDias"_s, u"7"_s},
+        {orcamento, u"P1"_s, u"0"_s},
+        {orcamento, u"P2"_s, u"0"_s},
+        {orcamento, u"P3"_s, u"1"_s},
+        {orcamento, u"P4"_s, u"0"_s},
+        {orcamento, u"P5"_s, u"0"_s},
+        {orcamento, u"Parcelas"_s, u"06"_s},
+        {orcamento, u"Texto1"_s, u"ORÇAMENTO VÁLIDO POR 15 DIAS"_s},
+        {orcamento, u"Texto2"_s, u"VALORES SUJEITOS A ALTERÇÃO SEM PRÉVIO AVISO"_s},
+        {orcamento, u"Gravado"_s, u"Ok"_s},
+        {config, u"DesativarGraficos"_s, u"N"_s},
+        {config, u"LayoutOS"_s, u"1"_s},
+        {config, u"PrintFormaPagto"_s, u"S"_s},
+        {config, u"PreencheCadastroAutomatico"_s, u"S"_s},
+        {config, u"NotaPeca"_s, u"000000"_s},
+        {config, u"NotaServico"_s, u"000000"_s},
+    };
+}
+
+} // namespace
+
 void TestConfig::writesEveryMissingKeyWithItsDefault_data()
 {
     QTest::addColumn<QString>("secao");
     QTest::addColumn<QString>("padrao");
-    const auto config = [](const char *chave, const QString &padrao) { QTest::newRow(chave) << u"Config"_s << padrao; };
-    const auto orcamento = [](const char *chave, const QString &padrao) {
-        QTest::newRow(chave) << u"Orcamento"_s << padrao;
-    };
-    config("Juros", u"0"_s);
-    config("Nome", u"Tarvelo"_s);
-    config("Desconto", u"0"_s);
-    config("PermiteLC", u"S"_s);
-    config("Endereco", u"Endereço"_s);
-    config("Bairro", u"Bairro"_s);
-    config("Telefone", u"Telefone"_s);
-    config("CEP", u"On"_s);
-    config("AutoComplete", u"S"_s);
-    config("Personalizacao", u"0"_s);
-    config("ExibeAviso", u"S"_s);
-    config("AvisaBackup", u"S"_s);
-    config("LastBackup", u"15/05/2024 10:30:00"_s);
-    config("BackupDias", u"7"_s);
-    orcamento("P1", u"0"_s);
-    orcamento("P2", u"0"_s);
-    orcamento("P3", u"1"_s);
-    orcamento("P4", u"0"_s);
-    orcamento("P5", u"0"_s);
-    orcamento("Parcelas", u"06"_s);
-    orcamento("Texto1", u"ORÇAMENTO VÁLIDO POR 15 DIAS"_s);
-    orcamento("Texto2", u"VALORES SUJEITOS A ALTERÇÃO SEM PRÉVIO AVISO"_s);
-    orcamento("Gravado", u"Ok"_s);
-    config("DesativarGraficos", u"N"_s);
-    config("LayoutOS", u"1"_s);
-    config("PrintFormaPagto", u"S"_s);
-    config("PreencheCadastroAutomatico", u"S"_s);
-    config("NotaPeca", u"000000"_s);
-    config("NotaServico", u"000000"_s);
+    for (const Padrao &padrao : padroes()) {
+        QTest::newRow(qPrintable(padrao.chave)) << padrao.secao << padrao.valor;
+    }
 }
 
 void TestConfig::writesEveryMissingKeyWithItsDefault()
@@ -278,6 +299,33 @@ void TestConfig::writesTheSectionsInOrder()
     QVERIFY(arquivo().indexOf("[Orcamento]") > 0);
     QCOMPARE(core::Config(u"PermiteLC"_s), u"S"_s);
     QCOMPARE(core::ConfigOrcamento(u"Parcelas"_s), u"06"_s);
+}
+
+void TestConfig::writesTogetherWhatKeyByKeyWouldStand_data()
+{
+    QTest::addColumn<QByteArray>("antes");
+    QTest::newRow("no file") << QByteArray();
+    QTest::newRow("the second section alone") << QByteArray("[Orcamento]\r\nP4=NA==\r\n");
+    QTest::newRow("keys, a blank line, a foreign section")
+        << QByteArray("[Config]\r\nLayoutOS=Ng==\r\n\r\n[Outra]\r\nx=1\r\n");
+}
+
+void TestConfig::writesTogetherWhatKeyByKeyWouldStand()
+{
+    QFETCH(const QByteArray, antes);
+    grava(antes);
+    core::CarregaConfig();
+    const QByteArray juntas = arquivo();
+
+    grava(antes);
+    for (const auto &[secao, chave, valor] : padroes()) {
+        if (core::LeINI(secao, chave, true).isEmpty()) {
+            core::GravaINI(secao, chave, valor, true);
+        }
+    }
+    core::GravaINI(u"Config"_s, u"FileDB"_s, core::App::Path() + u"\\DADOS\\DADOS.MDB"_s, false);
+    core::GravaINI(u"Config"_s, u"FileCEP"_s, core::App::Path() + u"\\CEP.MDB"_s, false);
+    QCOMPARE(juntas, arquivo());
 }
 
 void TestConfig::neverOverwritesAKey()
