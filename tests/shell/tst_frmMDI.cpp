@@ -46,9 +46,9 @@ QString captionOf(const QString &name)
     return action(name)->text();
 }
 
-void pressOnStatusBar(Qt::MouseButton button, Qt::KeyboardModifiers modifiers)
+void pressOnStatusBar(Qt::MouseButton button, Qt::KeyboardModifiers modifiers, const QString &where = u"StatusBar"_s)
 {
-    QWidget *bar = support::controlOf(&shell::principal(), u"StatusBar"_s);
+    const QWidget *bar = support::controlOf(&shell::principal(), where);
     const QPoint place = bar->mapTo(&shell::principal(), bar->rect().center());
     QTest::mouseClick(shell::principal().windowHandle(), button, modifiers, place);
     QCoreApplication::processEvents(); // returns behind the last box
@@ -434,6 +434,20 @@ private slots:
         pressOnStatusBar(Qt::RightButton, Qt::ShiftModifier);
         boxes.finish();
         QCOMPARE(program_->rows(u"SELECT Codigo FROM Senha"_s), (std::vector<QStringList>{{u"1"_s}}));
+    }
+
+    /// One that shows a key as off is disabled.
+    void commandIsReachedOnEveryPanel()
+    {
+        shell::principal().MDIForm_Load();
+        for (int panel = 1; panel <= 6; ++panel) {
+            support::Boxes boxes;
+            boxes.input(u"Comando SQL"_s, u"UPDATE Senha SET Nome = 'P%1' WHERE Codigo = 1"_s.arg(panel))
+                .information(u"Comando Executado com sucesso"_s);
+            pressOnStatusBar(Qt::RightButton, Qt::ShiftModifier, u"StatusBar_%1"_s.arg(panel));
+            boxes.finish();
+            QCOMPARE(program_->rows(u"SELECT Nome FROM Senha"_s), (std::vector<QStringList>{{u"P%1"_s.arg(panel)}}));
+        }
     }
 
     void commandIsOpenToEveryOperator()

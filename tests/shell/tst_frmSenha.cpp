@@ -120,6 +120,15 @@ private slots:
         QVERIFY(hasFocus(u"txtSenha"_s));
     }
 
+    void nameWithMarksIsShownAsItWasTyped()
+    {
+        program_->sql(u"UPDATE Senha SET Nome = '<I>ANA</I>' WHERE Codigo = 7"_s);
+        typeCode(u"7"_s, true);
+        const auto *name = support::control<QLabel>(login(), u"lblOperador"_s);
+        QCOMPARE(name->text(), u"<I>ANA</I>"_s);
+        QCOMPARE(name->textFormat(), Qt::PlainText);
+    }
+
     void unknownCodeClearsAndStays()
     {
         typeCode(u"7"_s, true);
