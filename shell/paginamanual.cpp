@@ -8,7 +8,7 @@
 #include <QTextBlock>
 
 #include <algorithm>
-#include <ranges>
+#include <iterator>
 #include <vector>
 
 namespace shell
@@ -165,27 +165,26 @@ QTextCursor PaginaManual::lugarDoTeclado(bool seguinte) const
     return cursorForPosition(seguinte ? vista.topLeft() : vista.bottomRight());
 }
 
+void PaginaManual::escolhe(int inicio, int fim)
+{
+    QTextCursor cursor(document());
+    cursor.setPosition(inicio);
+    cursor.setPosition(fim, QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+}
+
 /// The next link of the page, or the one before; there is no way round its ends.
 void PaginaManual::escolheElo(bool seguinte)
 {
     const std::vector<Elo> elos = elosDe(*document());
     const QTextCursor lugar = lugarDoTeclado(seguinte);
-    const Elo *escolhido = nullptr;
-    if (seguinte) {
-        const auto achado =
-            std::ranges::find_if(elos, [&](const Elo &elo) { return elo.inicio >= lugar.selectionEnd(); });
-        escolhido = achado == elos.end() ? nullptr : &*achado;
-    } else {
-        const auto antes = elos | std::views::reverse;
-        const auto achado =
-            std::ranges::find_if(antes, [&](const Elo &elo) { return elo.fim <= lugar.selectionStart(); });
-        escolhido = achado == antes.end() ? nullptr : &*achado;
-    }
-    if (escolhido) {
-        QTextCursor cursor(document());
-        cursor.setPosition(escolhido->inicio);
-        cursor.setPosition(escolhido->fim, QTextCursor::KeepAnchor);
-        setTextCursor(cursor);
+    const auto depois = std::ranges::find_if(elos, [&](const Elo &elo) {
+        return seguinte ? elo.inicio >= lugar.selectionEnd() : elo.fim > lugar.selectionStart();
+    });
+    if (seguinte && depois != elos.end()) {
+        escolhe(depois->inicio, depois->fim);
+    } else if (!seguinte && depois != elos.begin()) {
+        escolhe(std::prev(depois)->inicio, std::prev(depois)->fim);
     }
 }
 

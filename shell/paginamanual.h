@@ -31,6 +31,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void escolhe(int inicio, int fim);
     void escolheElo(bool seguinte);
     void segue(const QUrl &elo);
     void vaiPara(const QUrl &endereco);
