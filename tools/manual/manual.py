@@ -30,6 +30,10 @@ table { border-collapse: collapse; margin-top: 8px; margin-bottom: 8px; }
 th, td { border: 1px solid gray; padding: 4px; text-align: left; vertical-align: top; }
 code, pre { font-family: "DejaVu Sans Mono", monospace; }
 img { max-width: 100%; height: auto; }
+@media print {
+  h2, h3 { break-after: avoid; }
+  tr { break-inside: avoid; }
+}
 """
 PAGE = """<!DOCTYPE html>
 <html lang="pt-BR">
@@ -77,11 +81,6 @@ def check_links(body):
             raise Fault(f"a link that leads nowhere: {target}")
 
 
-def name_anchors(body):
-    """The program's window goes to a named anchor, browsers to the heading itself."""
-    return re.sub(r'(<h[1-6] id="([^"]+)">)', r'\1<a name="\2"></a>', body)
-
-
 def size_of(picture, name):
     if not picture.startswith(PNG):
         raise Fault(f"not a PNG picture: {name}")
@@ -118,7 +117,7 @@ def title_of(body):
 def page(text, folder):
     body = to_html(text)
     check_links(body)
-    body = with_pictures(mark_pictures(name_anchors(body)), folder)
+    body = with_pictures(mark_pictures(body), folder)
     return PAGE.format(title=title_of(body), style=STYLE, body=body)
 
 
