@@ -10,6 +10,7 @@
 #include "tools/demonstracao/apoio.h"
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -83,7 +84,9 @@ void start(const Operador &who, const std::function<void()> &before, Avisos avis
     mainWindow()->resize(screen());
     QVERIFY(QTest::qWaitForWindowActive(mainWindow()));
     if (auto *notices = ui::Forms::instance().find(u"frmInfoAviso"_s); notices && avisos == Avisos::Fecham) {
+        const QPointer<ui::Form> gone = notices;
         notices->Unload();
+        QTRY_VERIFY(!gone); // until then the area keeps the bars that scrolled to it
     }
 }
 

@@ -160,9 +160,9 @@ void Relatorios::cadaUm()
     if (!pedido.selecao.isEmpty()) {
         close(form(pedido.selecao));
     }
-    done(u"%1: %2 linhas em %3 folhas, impressas, pré-visualizadas e impressas da pré-visualização"_s.arg(titulo)
-             .arg(linhas)
-             .arg(folhas));
+    const QString papel = folhas == 1 ? u"1 folha"_s : u"%1 folhas"_s.arg(folhas);
+    done(u"%1: %2 linhas em %3; impresso, pré-visualizado e impresso da pré-visualização"_s.arg(titulo).arg(linhas).arg(
+        papel));
 }
 
 /// From the order to what it left to be received.
