@@ -178,8 +178,10 @@ void frmMoviCaixa::btnPrint_Click()
     imprime(Acao::Imprime);
 }
 
+/// The preview knows by this mode whom to ask for paper, whatever other windows have been opened meanwhile.
 void frmMoviCaixa::btnPrevisualizar_Click()
 {
+    ModoChamada = modoRelaCaixa;
     imprime(Acao::PreVisualiza);
 }
 

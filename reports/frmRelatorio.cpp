@@ -94,8 +94,12 @@ void frmRelatorio::le()
     }
 }
 
+/// The preview knows by the mode whom to ask for paper, whatever other windows have been opened meanwhile.
 void frmRelatorio::btnPrevisualizar_Click()
 {
+    if (relatorio_ != nullptr) {
+        ModoChamada = relatorio_->modo;
+    }
     imprime(Acao::PreVisualiza);
 }
 

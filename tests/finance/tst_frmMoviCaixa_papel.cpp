@@ -56,6 +56,7 @@ private slots:
     void printsInTheOrderOnTheScreen();
     void thePreviewIsWhatIsPrinted();
     void thePreviewPrintsThroughTheBook();
+    void thePreviewPrintsThroughTheBookBehindAnotherWindow();
     void thePreviewOpensTheBookThatWasClosed();
 
 private:
@@ -210,6 +211,18 @@ void TstMoviCaixaPapel::thePreviewPrintsThroughTheBook()
     QCOMPARE(text(window_, u"lblPrint"_s), u"1"_s);
     QVERIFY(written().contains(u"Nº de Registros..: 1"_s));
     QVERIFY(written().last().startsWith(u"15/05/2024   LINHA 1"_s));
+}
+
+/// An order that was looked at leaves its own mode.
+void TstMoviCaixaPapel::thePreviewPrintsThroughTheBookBehindAnotherWindow()
+{
+    rowsOfToday(1);
+    open(30);
+    core::ModoChamada = 10;
+    click(window_, u"btnPrevisualizar"_s);
+    click(support::show(preview), u"btnPrint"_s);
+    QCOMPARE(text(window_, u"lblPrint"_s), u"1"_s);
+    QVERIFY(!cadastro::isOpen(u"frmRelatorio"_s));
 }
 
 void TstMoviCaixaPapel::thePreviewOpensTheBookThatWasClosed()

@@ -52,6 +52,7 @@ private slots:
     void nobodyOwes_data();
     void nobodyOwes();
     void printsWhatItShows();
+    void thePreviewPrintsThroughTheReportBehindAnotherWindow();
     void fiftyRowsAreASheet_data();
     void fiftyRowsAreASheet();
     void aHeaderClickMovesTheTotal();
@@ -194,6 +195,17 @@ void TestRelaDevedores::printsWhatItShows()
                  u"0001      MARIA                                                            1.000,50   10/05/2024"_s,
                  u"          TOTAL                                                            1.030,75"_s,
              }}));
+}
+
+/// The origin book, previewed meanwhile, leaves its own mode.
+void TestRelaDevedores::thePreviewPrintsThroughTheReportBehindAnotherWindow()
+{
+    ui::Form *form = tresContas();
+    core::ModoChamada = core::modoRelaOrigem;
+    click(form, u"btnPrevisualizar"_s);
+    click(support::show(u"frmRelaPreVisualiza"_s), u"btnPrint"_s);
+    QCOMPARE(support::text(form, u"lblPrint"_s), u"1"_s);
+    QCOMPARE(impresso(), papel::previsto());
 }
 
 void TestRelaDevedores::fiftyRowsAreASheet_data()
