@@ -24,7 +24,7 @@ struct RegrasDaData {
 };
 
 /// Makes a text box a date box: mask, keys, paste, F1 and what leaving does. The bars that a user types are not
-/// doubled.
+/// doubled, and one behind a single digit makes two of it: "1/2/2024" is the first of February.
 void LigaData(ui::Form &janela, QLineEdit *caixa, const RegrasDaData &regras = {});
 
 } // namespace core

@@ -154,6 +154,9 @@ void TstCaixas::aDateTakesItsBarsAsItIsTyped_data()
     QTest::addColumn<QString>("typed");
     QTest::newRow("digits") << u"05012024"_s;
     QTest::newRow("with its bars") << u"05/01/2024"_s;
+    QTest::newRow("numbers of one digit") << u"5/1/2024"_s;
+    QTest::newRow("a bar too many") << u"5//1//2024"_s;
+    QTest::newRow("bars where none belongs") << u"/05/01/20/24/"_s;
 }
 
 void TstCaixas::aDateTakesItsBarsAsItIsTyped()
