@@ -262,7 +262,7 @@ void TestCopia::aDiskThatIsTakenOutIsTold()
         QSKIP("this system lets a user mount no disk of his own");
     }
     QCOMPARE(ended.code, 1);
-    QCOMPARE(ended.errors, u"O disco ou a pasta não está mais no lugar:\n%1\n\nA cópia não foi feita. As cópias "
+    QCOMPARE(ended.errors, u"O disco ou a pasta não está no lugar:\n%1\n\nA cópia não foi feita. As cópias "
                            "anteriores continuam onde estão.\n"_s.arg(disk));
 }
 

@@ -39,6 +39,7 @@ private slots:
     void aDamagedCopyRestoresNothing_data();
     void aDamagedCopyRestoresNothing();
     void noCopyIsTold();
+    void aMissingFolderIsTold();
 #ifdef Q_OS_UNIX // a shell takes the disk away
     void aFullDiskIsToldAndChangesNothing();
 #endif
@@ -258,6 +259,17 @@ void TestCopiaFiguras::aDamagedCopyRestoresNothing()
             copied));
     QCOMPARE(contents(picture(u"logo.bmp"_s)), QByteArray("BM de agora"));
     QCOMPARE(data(), before);
+}
+
+void TestCopiaFiguras::aMissingFolderIsTold()
+{
+    QCOMPARE(copy().code, 0);
+    const QString folder = workshop_->path(u"DADOS"_s);
+    QVERIFY(QDir(folder).removeRecursively());
+    const Ended ended = restore();
+    QCOMPARE(ended.code, 1);
+    QCOMPARE(ended.errors, u"O disco ou a pasta não está no lugar:\n%1\n\nNenhuma figura foi mudada.\n"_s.arg(folder));
+    QVERIFY(!QFileInfo::exists(folder));
 }
 
 void TestCopiaFiguras::noCopyIsTold()

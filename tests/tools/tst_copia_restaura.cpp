@@ -437,9 +437,10 @@ void TestCopiaRestaura::aMissingFolderIsToldAndNotMade()
     QVERIFY(QDir(folder).removeRecursively());
     const Ended ended = restore();
     QCOMPARE(ended.code, 1);
-    QCOMPARE(ended.errors,
-             u"A pasta do banco de dados não existe:\n%1\n\nNada foi mudado. Abra o Tarvelo uma vez, ou ligue o disco "
-             "em que ela está, e restaure de novo.\n"_s.arg(folder));
+    QCOMPARE(
+        ended.errors,
+        u"O disco ou a pasta não está no lugar:\n%1\n\nO banco de dados não foi mudado. Ligue o disco ou o computador em que ele está, ou abra o Tarvelo uma vez.\n"_s
+            .arg(folder));
     QCOMPARE(names(workshop_->path()), QStringList());
 }
 

@@ -92,16 +92,6 @@ void confereCopia(const QString &copia)
         u"A cópia está danificada ou não pode ser lida:\n%1\n\n%2 Use outra cópia."_s.arg(mostrado(copia), nada));
 }
 
-/// A folder on a drive that is not there just now must not be made: the database would be put where nobody looks for
-/// it.
-void confereLugar(const QString &pasta)
-{
-    if (!QFileInfo(pasta).isDir()) {
-        throw Erro(u"A pasta do banco de dados não existe:\n%1\n\nNada foi mudado. Abra o Tarvelo uma vez, ou ligue o "
-                   "disco em que ela está, e restaure de novo."_s.arg(mostrado(pasta)));
-    }
-}
-
 /// Holds the program folder from then on, so that the program does not start in the middle.
 void esperaOFim(files::FileLock &trava, std::chrono::milliseconds espera)
 {
@@ -227,7 +217,10 @@ QString restauraBanco(const Restauracao &pedido)
     }
     confereCopia(copia);
     const QString doBanco = QFileInfo(pedido.banco).path();
-    confereLugar(doBanco);
+    // Not made: on a drive that is not there just now nobody would look for the database.
+    confereQueEsta(doBanco,
+                   u"O banco de dados não foi mudado. Ligue o disco ou o computador em que ele está, ou abra o "
+                   "Tarvelo uma vez."_s);
     files::FileLock trava(pedido.pasta + u"/tarvelo.lock"_s);
     esperaOFim(trava, pedido.espera);
     limpaRestos(doBanco, guardadosDe(pedido.banco));

@@ -201,6 +201,7 @@ QString restauraFiguras(const QString &pasta, const QStringList &lugares)
                    "cópia."_s.arg(mostrado(copia)));
     }
     const QString destino = pastaDasFiguras(pasta);
+    confereQueEsta(destino, u"Nenhuma figura foi mudada."_s);
     const Figuras novas = comNomesDe(destino, *figuras);
     const QString guardado = guarda(queMudam(leFiguras(destino), novas), destino);
     if (!gravaFiguras(novas, destino)) {

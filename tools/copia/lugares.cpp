@@ -147,7 +147,7 @@ QString pastaDeDestino(const QStringList &pastas)
 void confereQueEsta(const QString &pasta, const QString &nada)
 {
     if (!QFileInfo(pasta).isDir()) {
-        throw Erro(u"O disco ou a pasta não está mais no lugar:\n%1\n\n%2"_s.arg(mostrado(pasta), nada));
+        throw Erro(u"O disco ou a pasta não está no lugar:\n%1\n\n%2"_s.arg(mostrado(pasta), nada));
     }
 }
 

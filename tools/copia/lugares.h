@@ -59,8 +59,8 @@ void limpaRestos(const QString &pasta, const Especie &especie);
 /// The first of the folders that is there; where none is, the last one is made.
 QString pastaDeDestino(const QStringList &pastas);
 
-/// Raises `Erro` where the folder that took a copy is no more there, which explains every failure in it; `nada` says
-/// what was not done.
+/// Raises `Erro` where a folder is not there, or no more, which explains every failure in it; `nada` says what was not
+/// done.
 void confereQueEsta(const QString &pasta, const QString &nada);
 
 /// The newest copy of the first place that has one; a place is a folder or a copy itself. Any copy that is named is
