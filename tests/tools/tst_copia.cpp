@@ -244,17 +244,18 @@ void TestCopia::aFullDiskIsToldAndLosesNothing()
 void TestCopia::aDiskThatIsTakenOutIsTold()
 {
     const QString disk = workshop_->beside(u"disco"_s);
-    const QString script = u"D=$1; shift\n"
-                           "there() { for f in \"$D\"/*.gravando-*; do [ -e \"$f\" ] && return 0; done; return 1; }\n"
-                           "ended() { read -r _ _ state _ </proc/$tool/stat || return 0; [ \"$state\" = Z ]; }\n"
-                           "for try in 1 2 3 4 5 6 7 8 9 10; do\n"
-                           "mkdir -p \"$D\" && mount -t tmpfs none \"$D\" 2>/dev/null || exit 9\n"
-                           "\"$@\" & tool=$!\n"
-                           "until there || ended; do :; done\n"
-                           "kill -STOP $tool 2>/dev/null\n"
-                           "there && umount -l \"$D\" && rmdir \"$D\" && kill -CONT $tool && { wait $tool; exit $?; }\n"
-                           "kill -CONT $tool 2>/dev/null; wait $tool; umount \"$D\"\n"
-                           "done; exit 8\n"_s;
+    const QString script =
+        u"D=$1; shift\n"
+        "there() { for f in \"$D\"/*.gravando-*; do [ -e \"$f\" ] && return 0; done; return 1; }\n"
+        "ended() { { read -r _ _ state _ </proc/$tool/stat; } 2>/dev/null || return 0; [ \"$state\" = Z ]; }\n"
+        "tries=50; while [ $((tries -= 1)) -gt 0 ]; do\n"
+        "mkdir -p \"$D\" && mount -t tmpfs none \"$D\" 2>/dev/null || exit 9\n"
+        "\"$@\" & tool=$!\n"
+        "until there || ended; do :; done\n"
+        "kill -STOP $tool 2>/dev/null\n"
+        "there && umount -l \"$D\" && rmdir \"$D\" && kill -CONT $tool && { wait $tool; exit $?; }\n"
+        "kill -CONT $tool 2>/dev/null; wait $tool; umount \"$D\"\n"
+        "done; exit 8\n"_s;
     copia::put(workshop_->beside(u"tira.sh"_s), script.toUtf8());
     const QString line = u"exec unshare -rm /bin/sh %1 %2 \"$0\" \"$@\""_s.arg(workshop_->beside(u"tira.sh"_s), disk);
     const Ended ended = workshop_->start(line, {u"banco"_s, disk});
