@@ -437,10 +437,9 @@ void TestCopiaRestaura::aMissingFolderIsToldAndNotMade()
     QVERIFY(QDir(folder).removeRecursively());
     const Ended ended = restore();
     QCOMPARE(ended.code, 1);
-    QCOMPARE(
-        ended.errors,
-        u"O disco ou a pasta não está no lugar:\n%1\n\nO banco de dados não foi mudado. Ligue o disco ou o computador em que ele está, ou abra o Tarvelo uma vez.\n"_s
-            .arg(folder));
+    QCOMPARE(ended.errors,
+             u"O disco ou a pasta não está no lugar:\n%1\n\nO banco de dados não foi mudado. Ligue o disco ou o "
+             "computador em que ele está, ou abra o Tarvelo uma vez.\n"_s.arg(folder));
     QCOMPARE(names(workshop_->path()), QStringList());
 }
 
