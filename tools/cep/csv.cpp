@@ -121,7 +121,7 @@ QChar separadorDe(QStringView linha)
 }
 
 LeitorCSV::LeitorCSV(QFileDevice &arquivo, Codificacao codificacao)
-    : arquivo_(arquivo), codificacao_(codificacao), tamanho_(arquivo.size())
+    : arquivo_(arquivo), codificacao_(codificacao), tamanho_(arquivo.size()), crua_(maiorLinha + 1, '\0')
 {
 }
 
@@ -142,7 +142,8 @@ int LeitorCSV::porcento() const
 
 std::optional<QString> LeitorCSV::leLinha()
 {
-    const QByteArray bytes = arquivo_.readLine(maiorLinha);
+    const qint64 quantos = std::max<qint64>(0, arquivo_.readLine(crua_.data(), crua_.size()));
+    const auto bytes = QByteArray::fromRawData(crua_.constData(), quantos);
     if (arquivo_.error() != QFileDevice::NoError) {
         throw Erro(u"A leitura do arquivo falhou: "_s + arquivo_.errorString());
     }

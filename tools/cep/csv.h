@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QFileDevice>
 #include <QString>
 #include <QStringList>
@@ -59,6 +60,7 @@ private:
     QFileDevice &arquivo_;
     Codificacao codificacao_;
     qint64 tamanho_;
+    QByteArray crua_; ///< the line as it is read; room for the longest, made for each anew, took most of the time
     qint64 lidos_ = 0;
     int linha_ = 0;
     QChar separador_;
