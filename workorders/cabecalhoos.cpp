@@ -105,6 +105,11 @@ QString CabecalhoOS::marca() const
     return ui_->lblMarca->text();
 }
 
+QString CabecalhoOS::codVeiculo() const
+{
+    return ui_->lblCodVeiculo->text();
+}
+
 QString CabecalhoOS::codCliente() const
 {
     return ui_->lblCodCliente->text();

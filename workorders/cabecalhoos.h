@@ -50,6 +50,7 @@ public:
 
     TextosOS textos() const;
     QString marca() const;
+    QString codVeiculo() const;
     QString codCliente() const;
 
     /// The customer's name, for what a window does on it.

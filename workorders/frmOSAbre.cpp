@@ -110,9 +110,12 @@ void frmOSAbre::btnIncluir_Click()
     }
 }
 
+/// What stands in the box may be an unknown plate beside the vehicle that was found before it: that is no vehicle, and
+/// the order is not the other one's.
 bool frmOSAbre::confere()
 {
-    if (ui_->cabecalho->marca().isEmpty() || ui_->txtCodVeiculo->text().isEmpty()) {
+    const QString veiculo = ui_->txtCodVeiculo->text();
+    if (ui_->cabecalho->marca().isEmpty() || veiculo.isEmpty() || veiculo != ui_->cabecalho->codVeiculo()) {
         Recusa(u"Código de Veículo Inválido"_s, ui_->txtCodVeiculo);
         return false;
     }

@@ -83,6 +83,8 @@ private slots:
 
     void refusesAnOrderWithoutVehicle_data();
     void refusesAnOrderWithoutVehicle();
+    void refusesAnUnknownVehicleBesideTheOneFoundBefore_data();
+    void refusesAnUnknownVehicleBesideTheOneFoundBefore();
     void refusesAnOrderWithoutCustomer();
     void nothingIsWrittenOnNo();
     void writesTheOrder();
@@ -440,6 +442,37 @@ void TstFrmOSAbre::refusesAnOrderWithoutVehicle()
     QTRY_VERIFY(at(u"txtCodVeiculo"_s)->hasFocus());
     QCOMPARE(shown(u"txtKm"_s), u"1000"_s);
     QCOMPARE(orders(), Rows());
+}
+
+void TstFrmOSAbre::refusesAnUnknownVehicleBesideTheOneFoundBefore_data()
+{
+    QTest::addColumn<QString>("unknown");
+    QTest::newRow("plate") << u"NEW0A11"_s;
+    QTest::newRow("code") << u"1234"_s;
+}
+
+/// The quick register is left without a new vehicle.
+void TstFrmOSAbre::refusesAnUnknownVehicleBesideTheOneFoundBefore()
+{
+    QFETCH(QString, unknown);
+    openWithVehicle();
+    add(u"1"_s, u"LAVAGEM"_s, u"30"_s);
+    boxes_->question(notFound, true);
+    support::whenShown(u"frmCadaFast"_s, [] { click(ui::Forms::instance().find(u"frmCadaFast"_s), u"btnVoltar"_s); });
+    type(form_, u"txtCodVeiculo"_s, unknown);
+    QVERIFY(!ui::Forms::instance().find(u"frmCadaFast"_s));
+    form_->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(form_));
+    type(form_, u"txtKm"_s, u"1000"_s);
+    QCOMPARE(shown(u"lblMarca"_s), u"GOL 1.6"_s);
+
+    boxes_->title(u"Tarvelo"_s).exclamation(u"Código de Veículo Inválido"_s);
+    click(form_, u"btnIncluir"_s);
+    boxes_->finish();
+    QVERIFY(!ui::Application::ended());
+    QCOMPARE(orders(), Rows());
+    QCOMPARE(count(u"Lista"_s), 1);
+    QTRY_VERIFY(at(u"txtCodVeiculo"_s)->hasFocus());
 }
 
 void TstFrmOSAbre::refusesAnOrderWithoutCustomer()
