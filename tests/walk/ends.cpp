@@ -22,9 +22,7 @@ struct ToldEnd {
 
 constexpr auto toldEnds = std::to_array<ToldEnd>({
     {3075, u".*'.*'.*", {}, u"an apostrophe goes into the statement as it stands, and breaks it"},
-    {3061, {}, u"frmOSConsulta", u"the code of an order is searched as it was typed: letters are a parameter"},
     {3421, {}, u"frmOSFormaPagto", u"a discount that is no number passes its check and meets the column"},
-    {3421, {}, u"frmOSAbre", u"an unknown plate stays beside the vehicle found before it, and meets the column"},
     {3421, {}, u"frmCadaCliente|frmCadaFornecedor|frmCadaFast", u"a house number goes beyond its 16 bits"},
     {3421, {}, u"frmCadaPecas", u"a tax goes beyond its 16 bits"},
     {13, {}, u"frmMoviEstoque", u"a part without a row in the ledger has no balance to add to"},
