@@ -5,6 +5,7 @@
 #include "platform/runtime/text.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <vector>
 
@@ -204,12 +205,13 @@ QByteArray withSection(const std::vector<Line> &lines, const QString &section, c
     return withLines(lines, lines.size(), lines.size(), header + keyLine(toWestern(key), value));
 }
 
+// A link that leads to no file is none, where QFile would take it for one.
 std::optional<QByteArray> fileContents(const QString &path)
 {
-    QFile file(path);
-    if (!file.exists()) {
+    if (!QFileInfo::exists(path)) {
         return QByteArray();
     }
+    QFile file(path);
     if (!files::isOrdinary(path) || !file.open(QIODevice::ReadOnly)) {
         return std::nullopt;
     }

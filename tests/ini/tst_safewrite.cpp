@@ -63,6 +63,8 @@ private slots:
     void whoReadsItForAMomentHindersNoWrite();
     void copiesOfTheUserStay();
     void aLinkStaysALink();
+    void aLinkToNothingGetsItsFile_data();
+    void aLinkToNothingGetsItsFile();
     void theFileKeepsItsRights();
     void aNewFileIsForUserAndGroup();
     void aPipeIsNoSettingsFile();
@@ -266,6 +268,28 @@ void tst_safewrite::aLinkStaysALink()
     QVERIFY(QFileInfo(path()).isSymLink() && QFileInfo(path(u"elo.ini"_s)).isSymLink());
     QVERIFY(!QFileInfo(path(u"outra.ini"_s)).isSymLink());
     QCOMPARE(stored(), settings("DEPOIS"));
+#endif
+}
+
+void tst_safewrite::aLinkToNothingGetsItsFile_data()
+{
+    QTest::addColumn<QString>("target");
+    QTest::newRow("absolute") << u"%1/outra/nova.ini"_s;
+    QTest::newRow("beside") << u"nova.ini"_s;
+    QTest::newRow("below") << u"outra/nova.ini"_s;
+    QTest::newRow("by way of the folder above") << u"outra/../nova.ini"_s;
+}
+
+void tst_safewrite::aLinkToNothingGetsItsFile()
+{
+#ifdef Q_OS_UNIX
+    QFETCH(const QString, target);
+    QVERIFY(QDir(folder_->path()).mkdir(u"outra"_s));
+    QVERIFY(QFile::remove(path()));
+    QVERIFY(QFile::link(QString(target).replace(u"%1"_s, folder_->path()), path()));
+    QVERIFY(ini::writeProfile(u"Config"_s, u"Nome"_s, u"DEPOIS"_s, path()));
+    QVERIFY(QFileInfo(path()).isSymLink());
+    QCOMPARE(ini::readProfile(u"Config"_s, u"Nome"_s, {}, 255, path()), u"DEPOIS"_s);
 #endif
 }
 
