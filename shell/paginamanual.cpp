@@ -84,6 +84,20 @@ std::vector<Elo> elosDe(const QTextDocument &pagina)
     return elos;
 }
 
+/// The same text letter for letter, as somebody types it who leaves the accents out.
+QString simples(const QString &texto)
+{
+    QString letras = texto;
+    for (QChar &letra : letras) {
+        if (letra == QChar::Nbsp) {
+            letra = u' ';
+        } else if (letra.decompositionTag() == QChar::Canonical) {
+            letra = letra.decomposition().front();
+        }
+    }
+    return letras;
+}
+
 } // namespace
 
 PaginaManual::PaginaManual(QWidget *parent) : QTextBrowser(parent)
@@ -144,14 +158,16 @@ int PaginaManual::lugarDe(const QString &ancora) const
 
 bool PaginaManual::localiza(const QString &texto)
 {
-    QTextCursor achado = document()->find(texto, textCursor());
-    if (achado.isNull()) {
-        achado = document()->find(texto);
+    const QString pagina = simples(document()->toRawText());
+    const QString procurado = simples(texto);
+    qsizetype lugar = pagina.indexOf(procurado, textCursor().selectionEnd(), Qt::CaseInsensitive);
+    if (lugar < 0) {
+        lugar = pagina.indexOf(procurado, 0, Qt::CaseInsensitive);
     }
-    if (achado.isNull()) {
+    if (lugar < 0) {
         return false;
     }
-    setTextCursor(achado);
+    escolhe(static_cast<int>(lugar), static_cast<int>(lugar + procurado.size()));
     return true;
 }
 

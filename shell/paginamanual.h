@@ -19,7 +19,8 @@ public:
     /// as the place depends on its width.
     void mostra(const QString &arquivo, const QString &secao);
 
-    /// Goes to the next place of a text, without regard to case; behind the last one to the first. False for none.
+    /// Goes to the next place of a text, without regard to case and accents; behind the last one to the first.
+    /// False for none.
     bool localiza(const QString &texto);
 
     /// Follows the link that is chosen, or the one that a text was found in. False where there is none.

@@ -68,6 +68,8 @@ private slots:
     void itIsReadableOnADarkDesktop();
     void largePicturesOpenQuickly();
     void searchGoesFromPlaceToPlace();
+    void searchPassesAccentsOver_data();
+    void searchPassesAccentsOver();
     void searchBeginsAtTheSection();
     void searchTellsWhatIsNotThere();
     void searchForNothingAsksForAText();
@@ -352,6 +354,29 @@ void TstFrmManual::searchGoesFromPlaceToPlace()
     support::click(manual(), u"btnLocalizar"_s); // behind the last one it begins anew
     QCOMPARE(page()->textCursor().block().text(), u"Aqui está o ABACAXI."_s);
     QVERIFY(page()->viewport()->rect().contains(page()->cursorRect()));
+}
+
+void TstFrmManual::searchPassesAccentsOver_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::newRow("left out") << u"solucao"_s;
+    QTest::newRow("as they are") << u"solução"_s;
+    QTest::newRow("others") << u"sôlucão"_s;
+    QTest::newRow("of a letter alone") << u"e a solu"_s;
+}
+
+void TstFrmManual::searchPassesAccentsOver()
+{
+    QFETCH(const QString, typed);
+    writeManual(
+        u"<html><body><table><tr><td>um</td><td>dois</td></tr></table><p>Qual é&nbsp;a Solução?</p></body></html>"_s);
+    shell::principal().MDIForm_Load();
+    shell::AbreManual(QString());
+    support::type(manual(), u"txtLocalizar"_s, typed, false);
+    support::click(manual(), u"btnLocalizar"_s);
+    const QString found = page()->textCursor().selectedText();
+    QCOMPARE(found.size(), typed.size());
+    QVERIFY2(u"Qual é\u00A0a Solução?"_s.contains(found) && found.contains(u"Solu"_s), qPrintable(found));
 }
 
 void TstFrmManual::searchBeginsAtTheSection()
