@@ -12,7 +12,7 @@ void GravaJuntas(const QString &secao, const std::vector<std::pair<QString, QStr
 {
     auto embaralhadas = chaves;
     for (auto &[chave, valor] : embaralhadas) {
-        valor = PrimeiraLinha(Embaralha(valor));
+        valor = Embaralha(valor);
     }
     ini::writeProfileKeys(secao, embaralhadas, caminho(ArquivoINI));
 }

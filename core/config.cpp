@@ -118,7 +118,7 @@ void GravaINI(const QString &secao, const QString &chave, QString &valor, bool e
         valor = Embaralha(valor);
     }
     // A settings file that can't be written loses the write: nobody is told.
-    ini::writeProfile(secao, chave, embaralhado ? PrimeiraLinha(valor) : valor, caminho(ArquivoINI));
+    ini::writeProfile(secao, chave, valor, caminho(ArquivoINI));
 }
 
 void GravaINI(const QString &secao, const QString &chave, const QString &valor, bool embaralhado)

@@ -132,9 +132,4 @@ QString Desembaralha(const QString &texto)
     return DeslocaTexto(Base64Decodifica(texto), false);
 }
 
-QString PrimeiraLinha(const QString &embaralhado)
-{
-    return embaralhado.left(larguraDaLinha);
-}
-
 } // namespace core

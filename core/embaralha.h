@@ -32,8 +32,4 @@ QString Base64Decodifica(const QString &texto);
 QString Embaralha(const QString &texto);
 QString Desembaralha(const QString &texto);
 
-/// What of a scrambled text the settings file gives back, and so what is put there: the lines behind the first would
-/// stay in the file for ever, more of them with every write.
-QString PrimeiraLinha(const QString &embaralhado);
-
 } // namespace core

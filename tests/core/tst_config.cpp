@@ -45,7 +45,7 @@ private slots:
     void givesNothingForAnAbsentKey();
     void readsSectionsWithoutRegardToCase();
     void cutsAScrambledValueTo48Characters();
-    void aLongValueLeavesNoLinesBehind();
+    void aLongValueStandsWithItsLineBreaks();
     void scramblesTheCallersVariable();
     void aFileOfAnEditorIsRead_data();
     void aFileOfAnEditorIsRead();
@@ -381,21 +381,23 @@ void TestConfig::cutsAScrambledValueTo48Characters()
     QCOMPARE(core::Config(u"Endereco"_s), endereco.left(48));
 }
 
-/// The rest of its base64 would stand there as lines of nobody, more of them with every write.
-void TestConfig::aLongValueLeavesNoLinesBehind()
+/// The platform writes a line break as it comes: the rest of the base64 is lines of nobody, which every write leaves.
+void TestConfig::aLongValueStandsWithItsLineBreaks()
 {
     core::CarregaConfig();
-    const auto linhas = arquivo().count('\n');
-    for (const int letras : {48, 49, 60, 200, 60, 47}) {
-        QString endereco(letras, u'A');
-        const QString inteiro = core::Embaralha(endereco);
-        core::GravaINI(u"Config"_s, u"Endereco"_s, endereco, true);
-        QCOMPARE(endereco, inteiro); // the caller has it whole
-        core::GravaJuntas(u"Orcamento"_s, {{u"Texto1"_s, QString(letras, u'B')}});
-        QCOMPARE(arquivo().count('\n'), linhas);
-        QCOMPARE(core::Config(u"Endereco"_s), QString(qMin(letras, 48), u'A'));
-        QCOMPARE(core::ConfigOrcamento(u"Texto1"_s), QString(qMin(letras, 48), u'B'));
-    }
+    const QString endereco(60, u'A');
+    const QByteArray primeira = QByteArray("RERE").repeated(16);
+    const QByteArray resto = QByteArray("RERE").repeated(4);
+    core::GravaINI(u"Config"_s, u"Endereco"_s, endereco, true);
+    const QByteArray linhas = primeira + "\r\n" + resto + "\r\n";
+    QCOMPARE(arquivo().count(QByteArray("\r\nEndereco=" + linhas)), 1);
+    core::GravaINI(u"Config"_s, u"Endereco"_s, endereco, true);
+    QCOMPARE(arquivo().count(QByteArray("\r\n" + resto)), 2);
+    QCOMPARE(arquivo().count("Endereco="), 1);
+    QCOMPARE(core::Config(u"Endereco"_s), endereco.left(48));
+    core::GravaJuntas(u"Orcamento"_s, {{u"Texto1"_s, endereco}});
+    QCOMPARE(arquivo().count(QByteArray("\r\nTexto1=" + linhas)), 1);
+    QCOMPARE(core::ConfigOrcamento(u"Texto1"_s), endereco.left(48));
 }
 
 void TestConfig::scramblesTheCallersVariable()
