@@ -11,6 +11,7 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QShortcut>
 #include <QUrl>
 
@@ -57,11 +58,12 @@ void frmManual::mostra(const QString &janela)
     ui_->txtManual->setFocus();
 }
 
-/// Where no link is chosen the key goes on, as in every window.
+/// Where no link is chosen the key goes on, and with Shift back, as in every window.
 void frmManual::txtManual_Enter()
 {
-    if (!ui_->txtManual->segueElo()) {
-        focusNextPrevChild(true);
+    const bool volta = QGuiApplication::keyboardModifiers().testFlag(Qt::ShiftModifier);
+    if (volta || !ui_->txtManual->segueElo()) {
+        focusNextPrevChild(!volta);
     }
 }
 
