@@ -72,8 +72,7 @@ void checkExists(const QString &path)
         runtime::raise(3024, {shownName(path)});
     }
     // A pipe in the place of the file or of its journal would be waited for without end.
-    const QString journal = path + u"-journal"_s;
-    if (!files::isOrdinary(path) || (QFileInfo::exists(journal) && !files::isOrdinary(journal))) {
+    if (!files::isOrdinary(path) || files::isOther(path + u"-journal"_s)) {
         runtime::raise(3051, {shownName(path)});
     }
 }

@@ -109,7 +109,7 @@ FileLock::Result lockByte(qintptr handle, quint32 place)
 FileLock::Result FileLock::take()
 {
     release();
-    if (QFile::exists(path_) && !isOrdinary(path_)) {
+    if (isOther(path_)) {
         return Result::Impossible;
     }
     handle_ = openHandle(path_);

@@ -3,6 +3,9 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <filesystem>
+#include <system_error>
+
 #ifdef Q_OS_UNIX
 #include <sys/stat.h>
 #endif
@@ -22,6 +25,14 @@ constexpr QFile::Permissions startable = QFile::ExeOwner | QFile::ExeUser | QFil
 bool isOrdinary(const QString &path)
 {
     return QFileInfo(path).isFile();
+}
+
+bool isOther(const QString &path)
+{
+    std::error_code failed;
+    const auto what = std::filesystem::status(QFileInfo(path).filesystemFilePath(), failed).type();
+    return what != std::filesystem::file_type::regular && what != std::filesystem::file_type::not_found &&
+           what != std::filesystem::file_type::none;
 }
 
 bool isReadOnly(const QString &path)

@@ -10,6 +10,10 @@ namespace files
 /// pipe waits for somebody at its other end, and reading a device may never end.
 bool isOrdinary(const QString &path);
 
+/// True where something stands that is no ordinary file. It is one look, where two would take a file for something else
+/// that comes or goes between them, as a journal does.
+bool isOther(const QString &path);
+
 /// From here on what the program creates is open to the user and his group and to nobody else, whatever the user's own
 /// setting is: two workstations may share the files. Windows gives a file the rights of its folder.
 void keepToGroup();

@@ -170,7 +170,7 @@ void giveRights(const QString &draft, const QString &path)
 
 Draft::Draft(const QString &path) : path_(targetOf(path))
 {
-    if (QFileInfo::exists(path_) && !isOrdinary(path_)) {
+    if (isOther(path_)) {
         return;
     }
     if (openDraft(file_, path_)) {

@@ -1,10 +1,16 @@
 #include "platform/files/files.h"
 #include "platform/files/replacefile.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QThread>
+
+#include <atomic>
+#include <memory>
 
 #ifdef Q_OS_UNIX
 #include <sys/stat.h>
@@ -24,6 +30,7 @@ private slots:
     void cleanup() { folder_.reset(); }
 
     void onlyFilesAreOrdinary();
+    void whatStandsThereIsToldInOneLook();
     void aMarkedFileIsReadOnly();
     void aNewFileIsNobodyElses();
 #ifdef Q_OS_WIN
@@ -73,6 +80,32 @@ void tst_files::onlyFilesAreOrdinary()
     QVERIFY(!files::isOrdinary(QString()));
     QVERIFY(QFile::link(path(u"a.txt"_s), path(u"c.lnk"_s)));
     QVERIFY(files::isOrdinary(path(u"c.lnk"_s)));
+}
+
+/// A file that comes and goes, as a journal does beside a database at work, is never taken for something else.
+void tst_files::whatStandsThereIsToldInOneLook()
+{
+    QVERIFY(files::isOther(folder_->path()));
+    QVERIFY(!files::isOther(path(u"nada"_s)));
+    std::atomic<bool> ends = false;
+    const std::unique_ptr<QThread> other(QThread::create([&] {
+        QFile file(path(u"some"_s));
+        while (!ends && file.open(QIODevice::WriteOnly) && file.remove()) {
+        }
+    }));
+    other->start();
+    int there = 0;
+    int gone = 0;
+    bool taken = false;
+    const QDeadlineTimer patience(60'000);
+    while (!taken && (there < 5000 || gone < 5000) && !patience.hasExpired()) {
+        ++(QFileInfo::exists(path(u"some"_s)) ? there : gone);
+        taken = files::isOther(path(u"some"_s));
+    }
+    ends = true;
+    QVERIFY(other->wait());
+    QVERIFY(!taken);
+    QVERIFY2(there > 0 && gone > 0, "the file never came or never went");
 }
 
 void tst_files::aMarkedFileIsReadOnly()
@@ -152,6 +185,8 @@ void tst_files::pipesAndDevicesAreNotOrdinary()
     QVERIFY(QFile::link(path(u"p"_s), path(u"l"_s)));
     QVERIFY(!files::isOrdinary(path(u"l"_s)));
     QVERIFY(!files::isOrdinary(u"/dev/zero"_s));
+    QVERIFY(files::isOther(path(u"p"_s)));
+    QVERIFY(files::isOther(path(u"l"_s)));
 }
 
 void tst_files::whatIsCreatedIsForUserAndGroup_data()
