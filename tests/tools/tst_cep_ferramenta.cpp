@@ -29,6 +29,12 @@ struct Ended {
     QString errors;
 };
 
+/// As the system's consoles have it.
+QString told(const QByteArray &bytes)
+{
+    return QDir::fromNativeSeparators(QString::fromLocal8Bit(bytes)).remove(u'\r');
+}
+
 Ended runTool(const QStringList &arguments)
 {
     QProcess tool;
@@ -38,8 +44,8 @@ Ended runTool(const QStringList &arguments)
     tool.start(QStringLiteral(FERRAMENTA), arguments);
     tool.waitForFinished();
     return {.code = tool.exitCode(),
-            .output = QString::fromUtf8(tool.readAllStandardOutput()),
-            .errors = QString::fromUtf8(tool.readAllStandardError())};
+            .output = told(tool.readAllStandardOutput()),
+            .errors = told(tool.readAllStandardError())};
 }
 
 bool alwaysOn(int /*percent*/, qint64 /*codes*/)
